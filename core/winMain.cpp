@@ -1,0 +1,50 @@
+#include "core/winMain.h"
+
+#include "platform/Canvas.h"
+#include "platform/Timer.h"
+#include "shell/MenuBar1.h"
+
+namespace {
+
+constexpr Int32 kDesignWidth = 441;
+constexpr Int32 kDesignHeight = 229;
+
+}  // namespace
+
+winMain& winMain::Instance() { return ImplicitInstance<winMain>("winMain.winMain"); }
+
+void winMain::Layout() {
+    MenuBar(MenuBar1::Instance());
+    Title("Dwindledial");
+    MinSize(400, 150);
+    Width(kDesignWidth);
+    Height(kDesignHeight);
+    BackColor(RGB(0x9F, 0x9F, 0x9F));
+}
+
+void winMain::CreateControls() {
+    _CreateControls0();
+    AddMenuHandlers(*this);
+}
+
+void winMain::_CreateControls0() {
+    auto& timerRun = AddControl<Timer>("TimerRun");
+    timerRun.Period(250);
+    timerRun.Mode(Timer::Modes::Repeat);
+    timerRun.Action = [this] { TimerRun_Action(); };
+
+    auto& canvas = AddControl<Canvas>("cvTime");
+    canvas.Width(kDesignWidth);
+    canvas.Height(kDesignHeight);
+    canvas.LockLeft(true);
+    canvas.LockTop(true);
+    canvas.LockRight(true);
+    canvas.LockBottom(true);
+    canvas.Paint = [this](const Ref<Graphics>& g) { cvTime_Paint(g); };
+    canvas.MouseDown = [this](Int32 x, Int32 y) { return cvTime_MouseDown(x, y); };
+    canvas.MouseMove = [this](Int32 x, Int32 y) { cvTime_MouseMove(x, y); };
+
+    auto& timerDone = AddControl<Timer>("TimerDone");
+    timerDone.Period(1000);
+    timerDone.Action = [this] { TimerDone_Action(); };
+}

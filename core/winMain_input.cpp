@@ -1,0 +1,46 @@
+#include "core/winMain.h"
+#include "platform/Application.h"
+#include "platform/Text.h"
+#include "shell/App.h"
+
+namespace {
+
+// The square of the status icon, its edges included. It is fixed, whatever the size of the picture drawn there.
+bool WithinStatusIcon(Int32 x, Int32 y) { return x >= 10 && x <= 26 && y >= 10 && y <= 26; }
+
+}  // namespace
+
+// False: a press is all that counts, no drag or release need follow.
+bool winMain::cvTime_MouseDown(Int32 x, Int32 y) {
+    if (WithinStatusIcon(x, y)) ToggleTimer();
+    return false;
+}
+
+void winMain::cvTime_MouseMove(Int32 x, Int32 y) {
+    App::Instance().MouseCursor(WithinStatusIcon(x, y) ? FingerPointer : StandardPointer);
+}
+
+// The colours come first, so that the first paint has them.
+void winMain::Event_Open() {
+    ReadPrefs();
+    Stop();
+}
+
+void winMain::Event_Resizing() { UpdateDisplay(); }
+
+void winMain::Event_Resized() { UpdateDisplay(); }
+
+// To close the timer is to quit: nothing is asked, whatever is running.
+void winMain::Event_Close() {
+    WritePrefs();
+    Quit(0);
+}
+
+bool winMain::Event_KeyDown(const std::string& key) {
+    constexpr Int32 kReturn = 13;
+    constexpr Int32 kEnter = 3;
+    constexpr Int32 kSpace = 32;
+    if (key != Chr(kReturn) && key != Chr(kEnter) && key != Chr(kSpace)) return false;
+    ToggleTimer();
+    return true;
+}

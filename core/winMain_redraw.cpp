@@ -1,0 +1,145 @@
+#include <algorithm>
+#include <cmath>
+
+#include "core/winMain.h"
+#include "platform/Canvas.h"
+#include "platform/Shapes.h"
+#include "platform/targets.h"
+#include "shell/images.h"
+
+namespace {
+
+// One turn of this clock and the direction of its 12 o'clock, in radians. Both are multiples of 3.141529, so a turn is
+// 0.000127 short of a full circle; no one can see it, and every angle of the picture agrees on it.
+constexpr double kTurn = 6.283058;
+constexpr double kTop = 4.7122935;
+
+constexpr Int32 kSecondsPerTurn = 3600;
+constexpr Int32 kMarks = 60;
+constexpr Int32 kOwnSize = -10000;
+const std::string kTimeUp = "Time is Up!";
+
+/// Where the clock lies on a surface. The centre keeps its half pixel here; shapes are placed without it.
+struct Face {
+    Face(const Graphics& g, double scale)
+        : cx(g.Width() / 2.0), cy(g.Height() / 2.0), diameter(Drawn(std::min(g.Width(), g.Height()) * scale)) {}
+
+    /// The nominal diameter less the half of the ring that lies outside it.
+    static double Drawn(double nominal) {
+        constexpr double kPercent = targets::kWiderClockMargin ? 6 : 3;
+        return nominal - kPercent * nominal / 100;
+    }
+
+    Int32 X() const { return ToInt32(cx); }
+    Int32 Y() const { return ToInt32(cy); }
+    /// The diameter of disc and wedge.
+    double FilledDiameter() const { return targets::kWiderClockMargin ? diameter + diameter / 100 : diameter; }
+
+    double cx;
+    double cy;
+    double diameter;
+};
+
+void DrawBackground(Graphics& g, Color color) {
+    g.ForeColor(color);
+    g.FillRect(0, 0, g.Width(), g.Height());
+}
+
+void DrawDisc(Graphics& g, const Face& face, Color color) {
+    OvalShape disc;
+    disc.Width(face.FilledDiameter());
+    disc.Height(face.FilledDiameter());
+    disc.FillColor(color);
+    g.DrawObject(disc, face.X(), face.Y());
+}
+
+// The wedge ends at 12 o'clock and reaches back from there against the clock's direction.
+void DrawWedge(Graphics& g, const Face& face, Color color, Int32 seconds) {
+    if (seconds <= 0) return;
+    ArcShape wedge;
+    wedge.ArcAngle(kTurn * seconds / kSecondsPerTurn);
+    wedge.StartAngle(kTop - wedge.ArcAngle());
+    wedge.FillColor(color);
+    wedge.Width(face.FilledDiameter());
+    wedge.Height(face.FilledDiameter());
+    g.DrawObject(wedge, face.X(), face.Y());
+}
+
+void DrawRing(Graphics& g, const Face& face, Color color) {
+    OvalShape ring;
+    ring.Width(face.diameter);
+    ring.Height(face.diameter);
+    ring.Fill(0);
+    ring.Border(100);
+    ring.BorderColor(color);
+    ring.BorderWidth(std::max(3 * face.diameter / 100, 1.0));
+    g.DrawObject(ring, face.X(), face.Y());
+}
+
+// Mark 0 points to 3 o'clock and the count runs clockwise; every fifth mark is a long one.
+void DrawMark(Graphics& g, const Face& face, Color color, Int32 i) {
+    const bool isLong = i % 5 == 0;
+    const double length = (isLong ? 10 : 5) * face.diameter / 100;
+    const double theta = kTurn * i / kMarks;
+    const double inner = face.diameter / 2 - length;
+    CurveShape mark;
+    mark.BorderWidth((isLong ? 2 : 1) * face.diameter / 100);
+    mark.X2(length);
+    mark.Rotation(theta);
+    mark.BorderColor(color);
+    g.DrawObject(mark, ToInt32(face.cx + std::cos(theta) * inner), ToInt32(face.cy + std::sin(theta) * inner));
+}
+
+void DrawMarks(Graphics& g, const Face& face, Color color) {
+    for (Int32 i = 0; i < kMarks; ++i) DrawMark(g, face, color, i);
+}
+
+void DrawStatusIcon(Graphics& g, bool isDone, bool isRunning) {
+    const Ref<Picture> icon = isDone ? Alert_Icon() : isRunning ? Run_Icon() : Pause_Icon();
+    g.DrawPicture(icon, 10, 10, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+}
+
+}  // namespace
+
+void winMain::cvTime_Paint(const Ref<Graphics>& g) { Redraw(g, -1, 0.95, false, false); }
+
+void winMain::Redraw(Ref<Graphics> g, Int32 seconds, double scale, bool hideIcon, bool showTimeUp) {
+    if (!g) g = Find<Canvas>("cvTime").Graphics();
+    const Face face(*g, scale);
+    DrawBackground(*g, Color_Window_Background);
+    DrawDisc(*g, face, Color_Clock_Face);
+    DrawWedge(*g, face, Color_Clock_Wedge, seconds >= 0 ? seconds : CurrentSeconds);
+    DrawRing(*g, face, Color_Clock_Frame);
+    DrawMarks(*g, face, Color_Clock_Frame);
+    if (!hideIcon) DrawStatusIcon(*g, IsDone, IsRunning);
+    if (IsDone || showTimeUp) DrawTimeUp(*g, face.diameter);
+}
+
+void winMain::DrawTimeUp(Graphics& g, double diameter) {
+    g.ForeColor(Color_Clock_Frame);
+    g.TextFont("System");
+    g.Bold(false);
+    g.Italic(false);
+    g.TextSize(GetTextSize(g, kTimeUp, ToInt32(diameter * 0.8)));
+    const Int32 width = ToInt32(g.StringWidth(kTimeUp));
+    const Int32 height = g.StringHeight(kTimeUp, width + 10);
+    const double x = (g.Width() - width) / 2.0;
+    const double y = (g.Height() - height) / 2.0 + g.TextAscent();
+    g.DrawString(kTimeUp, ToInt32(x), ToInt32(y), 0, false);
+}
+
+// Doubles while the text fits and bisects while it doesn't, so the size it settles on may be one off the largest fit.
+Int32 winMain::GetTextSize(Graphics& g, const std::string& text, Int32 maxWidth) {
+    Int32 size = 8;
+    Int32 low = 8;
+    do {
+        g.TextSize(size);
+        if (maxWidth < ToInt32(g.StringWidth(text))) {
+            size = (size + low) / 2;
+        } else {
+            low = g.TextSize();
+            size = 2 * low;
+        }
+    } while (std::abs(size - low) > 1);
+    return size;
+}

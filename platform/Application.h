@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/FolderItem.h"
+#include "platform/Ref.h"
+
+enum class MouseCursors { StandardPointer, FingerPointer };
+constexpr MouseCursors StandardPointer = MouseCursors::StandardPointer;
+constexpr MouseCursors FingerPointer = MouseCursors::FingerPointer;
+
+/// The program as the toolkit sees it.
+class Application {
+  public:
+    virtual ~Application() = default;
+
+    /// Delivered once, when the event loop begins.
+    virtual void Event_Open() {}
+
+    /// Whether the program ends when its last window closes.
+    void AutoQuit(bool on);
+    /// The pointer's shape over the windows' own area; controls and menus with a shape of their own keep it.
+    void MouseCursor(MouseCursors cursor);
+
+    /// The file that is running, with all links resolved.
+    static Ref<FolderItem> ExecutableFile();
+    /// The registered application object; nil before there is one.
+    static Application* Registered();
+};
+
+/// Brings the toolkit up. `name` and `desktopId` tell the desktop which program this is.
+void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId);
+/// Runs the start-up code. What it throws ends the program with status 1.
+void RunFrameworkInitialization(const std::function<void()>& startUp);
+/// Makes `application` the program's one application object, owned by the toolkit.
+void RuntimeRegisterAppObject(std::unique_ptr<Application> application);
+/// Runs the event loop until Quit, then releases the windows, the application object and the host.
+void RuntimeRun();
+/// The exit status.
+int RuntimeExit();
+
+/// Ends the event loop with a status.
+void Quit(int status);

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/Numbers.h"
+#include "platform/Property.h"
+
+class Window;
+
+/// What a window holds by name. The window owns its controls.
+class Control {
+  public:
+    virtual ~Control() = default;
+};
+
+/// A control that is seen: a rectangle of its window. Positions are logical pixels in the window, below its menu bar.
+class RectControl : public Control {
+  public:
+    struct Peer;
+
+    ~RectControl() override;
+
+    Int32 Left() const;
+    void Left(Int32 left);
+    Int32 Top() const;
+    void Top(Int32 top);
+    Int32 Width() const;
+    void Width(Int32 width);
+    Int32 Height() const;
+    void Height(Int32 height);
+    void Bounds(Int32 left, Int32 top, Int32 width, Int32 height);
+
+    /// Edges of the window that the control's own edges follow when the window's size changes.
+    Property<bool> LockLeft = false;
+    Property<bool> LockTop = false;
+    Property<bool> LockRight = false;
+    Property<bool> LockBottom = false;
+
+    /// The place in the order in which the Tab key goes through the window.
+    Property<Int32> TabIndex = 0;
+
+    void SetFocus();
+
+    /// Asks for a repaint, which comes with the next turn of the event loop; several requests make one. Nothing shows
+    /// of an erased background in between, so both values of `eraseBackground` look the same.
+    void Refresh(bool eraseBackground);
+
+    /// For the toolkit's own use.
+    Peer& peer() const { return *peer_; }
+
+  protected:
+    explicit RectControl(std::unique_ptr<Peer> peer);
+
+  private:
+    std::unique_ptr<Peer> peer_;
+};

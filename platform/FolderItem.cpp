@@ -1,0 +1,62 @@
+#include "platform/FolderItem.h"
+
+#include <limits.h>
+
+#include <system_error>
+
+#include "platform/Host.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Whether the path leads to a plain file. To open anything else, such as a pipe, may never come back.
+bool IsPlainFile(const fs::path& path) {
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored);
+}
+
+}  // namespace
+
+Ref<FolderItem> FolderItem::Parent() const {
+    const fs::path parent = path_.parent_path();
+    if (parent.empty() || parent == path_) return nullptr;
+    return MakeRef<FolderItem>(parent);
+}
+
+Ref<FolderItem> FolderItem::Child(const std::string& name) const {
+    const bool isReserved = name.empty() || name == "." || name == "..";
+    const bool isWritable = name.size() <= NAME_MAX && name.find('/') == name.npos && name.find('\0') == name.npos;
+    if (isReserved || !isWritable) return nullptr;
+    return MakeRef<FolderItem>(path_ / name);
+}
+
+bool FolderItem::Exists() const {
+    std::error_code ignored;
+    return fs::exists(path_, ignored);
+}
+
+void FolderItem::Delete() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+}
+
+Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
+    if (!IsPlainFile(path_)) return nullptr;
+    std::ifstream file(path_, std::ios::binary);
+    if (!file) return nullptr;
+    return MakeRef<TextInputStream>(std::move(file));
+}
+
+Ref<TextOutputStream> FolderItem::CreateTextFile() {
+    if (Exists() && !IsPlainFile(path_)) return nullptr;
+    std::ofstream file(path_, std::ios::binary | std::ios::trunc);
+    if (!file) return nullptr;
+    return MakeRef<TextOutputStream>(std::move(file));
+}
+
+Ref<FolderItem> SpecialFolder::Preferences() {
+    fs::path folder = Host::Current().PreferencesFolder();
+    if (folder.empty()) return nullptr;
+    return MakeRef<FolderItem>(std::move(folder));
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "platform/Ref.h"
+#include "platform/TextStreams.h"
+
+class Picture;
+
+/// A reference to a file or folder, which need not exist.
+class FolderItem {
+  public:
+    explicit FolderItem(std::filesystem::path path) : path_(std::move(path)) {}
+
+    const std::filesystem::path& Path() const { return path_; }
+
+    /// The folder that holds this item; nil for the root.
+    Ref<FolderItem> Parent() const;
+
+    /// The item of that name in this folder, whether it exists or not. Nil when no file can have that name: one that
+    /// is empty, "." or "..", longer than 255 bytes, or holds a "/" or a zero byte.
+    Ref<FolderItem> Child(const std::string& name) const;
+
+    bool Exists() const;
+
+    /// Removes the file. A failure is not told.
+    void Delete();
+
+    /// The file, opened for reading; nil when it can't be.
+    Ref<TextInputStream> OpenAsTextFile() const;
+
+    /// A new empty file in place of what was there, opened for writing; nil when it can't be made.
+    Ref<TextOutputStream> CreateTextFile();
+
+    /// The picture in the file (BMP, PNG, PICT); nil when there is none.
+    Ref<Picture> OpenAsPicture() const;
+
+    /// Four-character codes of owner and type. No file system of Linux keeps them, so nothing is done.
+    void MacCreator(const std::string&) {}
+    void MacType(const std::string&) {}
+
+  private:
+    std::filesystem::path path_;
+};
+
+namespace SpecialFolder {
+
+/// The user's folder for settings, made when it is missing; nil when it can't be made.
+Ref<FolderItem> Preferences();
+
+}  // namespace SpecialFolder

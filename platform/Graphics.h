@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Color.h"
+#include "platform/Numbers.h"
+#include "platform/Property.h"
+#include "platform/Ref.h"
+
+class Picture;
+class OvalShape;
+class ArcShape;
+class CurveShape;
+
+/// A drawing surface with antialiased edges. Coordinates are logical pixels from its top left corner; what is drawn is
+/// as fine as the surface under it.
+class Graphics {
+  public:
+    virtual ~Graphics() = default;
+
+    virtual Int32 Width() const = 0;
+    virtual Int32 Height() const = 0;
+
+    /// The colour of later FillRect and DrawString calls.
+    Property<Color> ForeColor;
+
+    /// The font of later text calls. "System" is the desktop's interface font, "SmallSystem" the same and smaller.
+    Property<std::string> TextFont = std::string("System");
+    /// In pixels; 0 is the font's own default.
+    Property<Int32> TextSize = 0;
+    Property<bool> Bold = false;
+    Property<bool> Italic = false;
+
+    virtual void FillRect(Int32 x, Int32 y, Int32 width, Int32 height) = 0;
+
+    /// Draws a shape with its own origin at (x, y).
+    virtual void DrawObject(const OvalShape& oval, Int32 x, Int32 y) = 0;
+    virtual void DrawObject(const ArcShape& arc, Int32 x, Int32 y) = 0;
+    virtual void DrawObject(const CurveShape& line, Int32 x, Int32 y) = 0;
+
+    /// Draws a part of a picture, through its mask if it has one, scaled to the destination's size. A width or height
+    /// of -10000 is that of the picture. A nil picture draws nothing.
+    virtual void DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight,
+                             Int32 sourceX, Int32 sourceY, Int32 sourceWidth, Int32 sourceHeight) = 0;
+
+    /// The width of a text on one line.
+    virtual double StringWidth(const std::string& text) = 0;
+    /// The height of a text that is wrapped at a width.
+    virtual Int32 StringHeight(const std::string& text, Int32 wrapWidth) = 0;
+    virtual Int32 TextAscent() = 0;
+
+    /// Draws a text with the baseline of its first line at y. A wrapWidth of 0 means no wrapping; `condense` shortens
+    /// with an ellipsis instead.
+    virtual void DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth, bool condense) = 0;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+/// Everything that reaches outside the process and blocks or can't be undone. The program goes through the functions
+/// below (Microseconds, Beep, ...); they go through the host that is installed: the desktop's, or one that records.
+class Host {
+  public:
+    virtual ~Host() = default;
+
+    /// Microseconds on a clock that only rises, and goes on while the machine sleeps.
+    virtual double Microseconds() = 0;
+    /// Plays the alert sound once; doesn't wait for its end.
+    virtual void Beep() = 0;
+    /// Shows a text with an OK button and waits for it.
+    virtual void MsgBox(const std::string& text) = 0;
+    /// Opens an address, already encoded, in the user's browser; doesn't wait. A failure is not told.
+    virtual void ShowURL(const std::string& url) = 0;
+
+    /// Keeps the screen saver away until ReleaseScreenSaver. Each is harmless when repeated.
+    virtual void InhibitScreenSaver() = 0;
+    virtual void ReleaseScreenSaver() = 0;
+    /// Counts as activity of the user; may be called at any rate.
+    virtual void DelayScreenSaver() = 0;
+
+    /// The user's folder for settings, made when it is missing; empty when it can't be made.
+    virtual std::filesystem::path PreferencesFolder() = 0;
+
+    /// The host in use. There is one from RuntimeInit on.
+    static Host& Current();
+    /// Puts a host in place of the one in use, which is destroyed; nil leaves none.
+    static void Install(std::unique_ptr<Host> host);
+};
+
+double Microseconds();
+void Beep();
+void MsgBox(const std::string& text);
+void ShowURL(const std::string& url);

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Property.h"
+#include "platform/Ref.h"
+
+/// An entry of a menu, or a menu itself. The program sets these values; a window that shows the menu reads them after
+/// each enabling pass.
+class MenuItem {
+  public:
+    virtual ~MenuItem() = default;
+
+    Property<std::string> Name;
+    /// The caption. The character behind "&" is the access key; "-" makes a separator.
+    Property<std::string> Text;
+    /// Whether each enabling pass enables the item by itself, as long as something takes its command.
+    Property<bool> AutoEnable = true;
+    /// "Cmd+" and a key, where Cmd is Ctrl; empty for none.
+    Property<std::string> KeyboardShortcut;
+
+    void Enable() { enabled_ = true; }
+    void Disable() { enabled_ = false; }
+    bool Enabled() const { return enabled_; }
+
+    void Append(const Ref<MenuItem>& item) { children_.push_back(item); }
+    const std::vector<Ref<MenuItem>>& Children() const { return children_; }
+
+    /// The entry of that name at any depth; nil if there is none.
+    Ref<MenuItem> Child(const std::string& name) const;
+
+  private:
+    bool enabled_ = false;
+    std::vector<Ref<MenuItem>> children_;
+};
+
+// These three stand where the tree puts them, since Linux has no application menu.
+class PrefsMenuItem : public MenuItem {};
+class AppleMenuItem : public MenuItem {};
+/// Closes all windows by itself; it needs no handler.
+class QuitMenuItem : public MenuItem {};
+
+/// The bar: its children are the menus.
+class MenuBar : public MenuItem {};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+using Int32 = std::int32_t;
+using Int64 = std::int64_t;
+
+/// A number as an integer of type I, its fraction dropped towards zero. What lies outside I's range becomes the nearest
+/// end of it, and NaN becomes 0, where a plain cast would be undefined.
+template <class I>
+I Truncate(double value) {
+    constexpr double lowest = static_cast<double>(std::numeric_limits<I>::min());
+    if (std::isnan(value)) return 0;
+    if (value <= lowest) return std::numeric_limits<I>::min();
+    if (value >= -lowest) return std::numeric_limits<I>::max();
+    return static_cast<I>(value);
+}
+
+inline Int32 ToInt32(double value) { return Truncate<Int32>(value); }
+inline Int64 ToInt64(double value) { return Truncate<Int64>(value); }

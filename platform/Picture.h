@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/Numbers.h"
+#include "platform/Ref.h"
+
+class Graphics;
+
+/// An off-screen image of opaque pixels, with a mask beside it that may give it transparent parts. May be made and
+/// drawn on any thread, by one thread at a time.
+class Picture {
+  public:
+    class Pixels;
+
+    explicit Picture(std::unique_ptr<Pixels> pixels);
+    ~Picture();
+
+    Int32 Width() const;
+    Int32 Height() const;
+
+    /// The surface that draws on this picture; the same object at each call. It must not outlive the picture.
+    Ref<::Graphics> Graphics();
+
+    /// The mask, a grey picture of the same size: black is opaque, white transparent. With `create`, a picture without
+    /// one gets a mask that is all black; otherwise nil stands for none.
+    Ref<Picture> Mask(bool create);
+
+    /// For the toolkit's own use.
+    Pixels& pixels() { return *pixels_; }
+
+  private:
+    std::unique_ptr<Pixels> pixels_;
+    Ref<::Graphics> graphics_;
+    Ref<Picture> mask_;
+};
+
+/// A new white picture; nil when the size is not above 0 or there is no memory for it. The one depth is 32.
+Ref<Picture> NewPicture(Int32 width, Int32 height, Int32 depth);

@@ -1,0 +1,23 @@
+#include "platform/Ref.h"
+
+#include <cxxabi.h>
+
+#include <cstdlib>
+
+namespace {
+
+std::string ReadableName(const std::type_info& type) {
+    int status = 0;
+    const std::unique_ptr<char, decltype(&std::free)> name(abi::__cxa_demangle(type.name(), nullptr, nullptr, &status),
+                                                           &std::free);
+    return name ? name.get() : type.name();
+}
+
+}  // namespace
+
+NilObjectException::NilObjectException(const std::type_info& type) : NilObjectException(ReadableName(type)) {
+}
+
+NilObjectException::NilObjectException(const std::string& wanted)
+    : std::runtime_error("NilObjectException: no " + wanted) {
+}

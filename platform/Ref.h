@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <typeinfo>
+#include <utility>
+
+/// Thrown when a reference that names no object is used as if it did.
+class NilObjectException : public std::runtime_error {
+  public:
+    /// `type` is that of the object that was wanted; its name stands in what().
+    explicit NilObjectException(const std::type_info& type);
+    explicit NilObjectException(const std::string& wanted);
+};
+
+/// A shared reference to an object of the toolkit; the object lives until its last reference goes. A reference may be
+/// nil: then it converts to False, and reaching through it throws NilObjectException.
+template <class T>
+class Ref {
+  public:
+    Ref() = default;
+    Ref(std::nullptr_t) {}
+    template <class U>
+        requires std::is_convertible_v<U*, T*>
+    Ref(std::shared_ptr<U> object) : object_(std::move(object)) {}
+    template <class U>
+        requires std::is_convertible_v<U*, T*>
+    Ref(const Ref<U>& other) : object_(other.Shared()) {}
+
+    T* operator->() const { return &**this; }
+    T& operator*() const {
+        if (!object_) throw NilObjectException(typeid(T));
+        return *object_;
+    }
+    explicit operator bool() const { return object_ != nullptr; }
+    bool operator==(const Ref&) const = default;
+
+    const std::shared_ptr<T>& Shared() const { return object_; }
+
+  private:
+    std::shared_ptr<T> object_;
+};
+
+template <class T, class... Arguments>
+Ref<T> MakeRef(Arguments&&... arguments) {
+    return Ref<T>(std::make_shared<T>(std::forward<Arguments>(arguments)...));
+}

@@ -1,0 +1,212 @@
+#include "platform/Text.h"
+
+#include <locale.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+namespace {
+
+constexpr std::size_t npos = std::string_view::npos;
+
+/// The beginning of `text` that consists of the given characters alone.
+std::string Leading(std::string_view text, std::string_view characters) {
+    return std::string(text.substr(0, text.find_first_not_of(characters)));
+}
+
+double ParseNumber(const std::string& text) {
+    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+    return strtod_l(text.c_str(), nullptr, plain);
+}
+
+/// What a picture mask asks for.
+struct NumberMask {
+    explicit NumberMask(std::string_view mask) {
+        const std::size_t point = std::min(mask.find('.'), mask.size());
+        const std::string_view whole = mask.substr(0, point);
+        const std::string_view fraction = mask.substr(point);
+        digits = Count(whole, '0');
+        places = Count(fraction, '0') + Count(fraction, '#');
+        isGrouped = Count(whole, ',') > 0;
+    }
+
+    std::size_t digits;
+    std::size_t places;
+    bool isGrouped;
+
+  private:
+    static std::size_t Count(std::string_view text, char character) {
+        return static_cast<std::size_t>(std::ranges::count(text, character));
+    }
+};
+
+struct Separators {
+    std::string decimal;
+    std::string thousands;
+};
+
+Separators UserSeparators() {
+    const lconv& locale = *localeconv();
+    Separators separators{locale.decimal_point, locale.thousands_sep};
+    // The "C" locale groups nothing, but a mask that asks for groups means them to be seen.
+    if (separators.thousands.empty() && separators.decimal == ".") separators.thousands = ",";
+    return separators;
+}
+
+/// A number of 0 or more in plain digits with a point.
+std::string RoundedDigits(double number, std::size_t places) {
+    // to_chars rounds halves to even, so they are settled before. From 2^53 on, no digit is left that could be rounded.
+    const double scale = std::pow(10.0, places);
+    const double scaled = number * scale;
+    const double rounded = scaled < 0x1p53 ? std::round(scaled) / scale : number;
+
+    std::string digits(std::numeric_limits<double>::max_exponent10 + 2 + places, '\0');
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), rounded, std::chars_format::fixed,
+                                       static_cast<int>(places));
+    digits.resize(static_cast<std::size_t>(written.ptr - digits.data()));
+    return digits;
+}
+
+std::string Grouped(std::string digits, const std::string& separator) {
+    for (std::size_t end = digits.size(); end > 3;) {
+        end -= 3;
+        digits.insert(end, separator);
+    }
+    return digits;
+}
+
+/// The bytes that the first character of `text` takes; a byte that is part of no character counts as one.
+std::size_t CharacterSize(std::string_view text) {
+    const auto lead = static_cast<unsigned char>(text.front());
+    const std::size_t size = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    if (size == 1 || size > text.size()) return 1;
+
+    Int32 code = lead & (0x7F >> size);
+    for (const char byte : text.substr(1, size - 1))
+        code = code << 6 | (byte & 0x3F);
+    // Well formed is only the one way in which the code is written.
+    return Chr(code) == text.substr(0, size) ? size : 1;
+}
+
+/// The offset in bytes behind the first `count` characters; npos if there are fewer.
+std::size_t OffsetBehind(std::string_view text, Int32 count) {
+    std::size_t offset = 0;
+    for (; count > 0; --count) {
+        if (offset == text.size()) return npos;
+        offset += CharacterSize(text.substr(offset));
+    }
+    return offset;
+}
+
+std::string_view From(std::string_view text, Int32 start) {
+    return text.substr(std::min(OffsetBehind(text, std::max(start, 1) - 1), text.size()));
+}
+
+}  // namespace
+
+double Val(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+    if (text.starts_with("&h") || text.starts_with("&H")) {
+        return ParseNumber("0x" + Leading(text.substr(2), "0123456789abcdefABCDEF"));
+    }
+    // Only these characters, so that the library finds neither "inf" nor "0x" here.
+    return ParseNumber(Leading(text, "+-.0123456789eE"));
+}
+
+std::string Str(Int32 number) {
+    return std::to_string(number);
+}
+
+std::string Str(double number) {
+    // Sizes that people use stand in plain digits: 100000, where the very shortest form would be "1e+05".
+    const double size = std::abs(number);
+    const bool isPlain = number == 0 || (size >= 1e-5 && size < 1e15);
+
+    std::array<char, 32> digits;
+    char* const end = digits.data() + digits.size();
+    const auto written = isPlain ? std::to_chars(digits.data(), end, number, std::chars_format::fixed)
+                                 : std::to_chars(digits.data(), end, number);
+    return std::string(digits.data(), written.ptr);
+}
+
+std::string Format(double number, std::string_view mask) {
+    if (!std::isfinite(number)) return Str(number);
+    const NumberMask wanted(mask);
+    const Separators separators = UserSeparators();
+
+    const std::string digits = RoundedDigits(std::abs(number), wanted.places);
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    std::string whole = digits.substr(0, point);
+    if (whole == "0") whole.clear();
+    whole.insert(0, wanted.digits - std::min(wanted.digits, whole.size()), '0');
+    if (wanted.isGrouped) whole = Grouped(whole, separators.thousands);
+
+    const bool isZero = digits.find_first_not_of("0.") == npos;
+    if (number < 0 && !isZero) whole.insert(0, "-");
+    return wanted.places == 0 ? whole : whole + separators.decimal + digits.substr(point + 1);
+}
+
+Int32 InStr(Int32 start, std::string_view text, std::string_view find) {
+    const std::size_t found = text.find(find, OffsetBehind(text, std::max(start, 1) - 1));
+    return found == npos ? 0 : Len(text.substr(0, found)) + 1;
+}
+
+Int32 InStr(std::string_view text, std::string_view find) {
+    return InStr(1, text, find);
+}
+
+std::string Mid(std::string_view text, Int32 start, Int32 length) {
+    const std::string_view rest = From(text, start);
+    return std::string(rest.substr(0, OffsetBehind(rest, length)));
+}
+
+std::string Mid(std::string_view text, Int32 start) {
+    return std::string(From(text, start));
+}
+
+Int32 Len(std::string_view text) {
+    Int32 count = 0;
+    for (; !text.empty(); ++count)
+        text.remove_prefix(CharacterSize(text));
+    return count;
+}
+
+std::string NthField(std::string_view text, std::string_view separator, Int32 number) {
+    if (number < 1) return {};
+    for (; number > 1; --number) {
+        const std::size_t cut = separator.empty() ? npos : text.find(separator);
+        if (cut == npos) return {};
+        text.remove_prefix(cut + separator.size());
+    }
+    return std::string(text.substr(0, separator.empty() ? npos : text.find(separator)));
+}
+
+std::string Replace(std::string_view text, std::string_view find, std::string_view replacement) {
+    std::string result(text);
+    const std::size_t found = text.find(find);
+    if (found != npos && !find.empty()) result.replace(found, find.size(), replacement);
+    return result;
+}
+
+std::string Hex(Int32 number) {
+    std::array<char, 9> digits;
+    const int size = std::snprintf(digits.data(), digits.size(), "%X", static_cast<unsigned>(number));
+    return std::string(digits.data(), static_cast<std::size_t>(size));
+}
+
+std::string Chr(Int32 code) {
+    const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
+    if (code < 0 || code > 0x10FFFF || isSurrogate) return {};
+
+    const auto lead = [code](int mark, int shift) { return static_cast<char>(mark | code >> shift); };
+    const auto next = [code](int shift) { return static_cast<char>(0x80 | (code >> shift & 0x3F)); };
+    if (code < 0x80) return {lead(0, 0)};
+    if (code < 0x800) return {lead(0xC0, 6), next(0)};
+    if (code < 0x10000) return {lead(0xE0, 12), next(6), next(0)};
+    return {lead(0xF0, 18), next(12), next(6), next(0)};
+}

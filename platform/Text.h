@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/Numbers.h"
+
+// Text is UTF-8. Positions count characters (code points) and begin at 1.
+
+/// The number with which `text` begins, 0 if there is none. Leading blanks, a sign, a fraction and an exponent are
+/// read, "&h" begins a hexadecimal number, what follows the number is ignored. The decimal sign is always the point.
+/// A number too large for a Double is infinite; nothing throws.
+double Val(std::string_view text);
+
+/// A number as decimal text, with a point whatever the locale; Val gives exactly the same number back.
+std::string Str(Int32 number);
+std::string Str(double number);
+
+/// A number by a picture mask: every "0" before the point is a digit that always shows, "#" one that may; a "," groups
+/// the digits by three; the digits behind the point say to how many places the number is rounded, half away from zero.
+/// Separators are those of the user's locale: Format(5, "00") is "05", Format(1234.56, "###,##0.0") "1,234.6". What is
+/// no number, or infinite, comes as Str gives it.
+std::string Format(double number, std::string_view mask);
+
+/// The position of `find` in `text` at or after `start` (0 is taken as 1), or 0 if it isn't there.
+Int32 InStr(Int32 start, std::string_view text, std::string_view find);
+Int32 InStr(std::string_view text, std::string_view find);
+
+/// `length` characters of `text` from `start` on; fewer where the text ends. A length below 0 gives an empty text.
+std::string Mid(std::string_view text, Int32 start, Int32 length);
+/// All of `text` from `start` on.
+std::string Mid(std::string_view text, Int32 start);
+
+/// The number of characters.
+Int32 Len(std::string_view text);
+
+/// The `number`th piece of `text` cut at every `separator`, counting from 1; empty where there is no such piece.
+std::string NthField(std::string_view text, std::string_view separator, Int32 number);
+
+/// `text` with the first `find` in it replaced by `replacement`.
+std::string Replace(std::string_view text, std::string_view find, std::string_view replacement);
+
+/// Hexadecimal digits in upper case, as few as the number needs.
+std::string Hex(Int32 number);
+
+/// The character of that code point; empty for a code that is none.
+std::string Chr(Int32 code);

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/Color.h"
+#include "platform/Control.h"
+#include "platform/Menu.h"
+#include "platform/Ref.h"
+
+/// A window of the desktop. Width and Height are those of the area below the menu bar, where the controls are; Left
+/// and Top are the place of the window's inside on the screen. All in logical pixels.
+///
+/// Open windows are owned by the toolkit; a closed one is destroyed once the event that closed it is over.
+class Window : public std::enable_shared_from_this<Window> {
+  public:
+    enum class Frames { Document = 0, Sheet = 8 };
+    using MenuHandler = std::function<bool()>;
+
+    Window();
+    virtual ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    std::string Title() const;
+    void Title(const std::string& title);
+    Int32 Left() const;
+    void Left(Int32 left);
+    Int32 Top() const;
+    void Top(Int32 top);
+    Int32 Width() const;
+    void Width(Int32 width);
+    Int32 Height() const;
+    void Height(Int32 height);
+    void MinSize(Int32 width, Int32 height);
+    void BackColor(Color color);
+    void Frame(Frames frame);
+    bool Visible() const;
+
+    Ref<::MenuBar> MenuBar() const;
+    void MenuBar(const Ref<::MenuBar>& bar);
+    /// Shows or hides the menu bar in fullscreen, where it lies over the controls; windowed, it always shows.
+    bool MenuBarVisible() const;
+    void MenuBarVisible(bool on);
+
+    bool FullScreen() const;
+    void FullScreen(bool on);
+    /// Zooms the window to the size of the screen; one that goes fullscreen in the same event isn't zoomed first.
+    void Maximize();
+
+    void Show();
+    /// Shows the window over `parent`, which takes no input until it closes; returns at once.
+    void ShowWithin(Window& parent, Int32 facing);
+    /// The same, but returns when the window has closed.
+    void ShowModalWithin(Window& parent);
+    void Close();
+    void Refresh(bool eraseBackground);
+    /// Gives the keyboard focus back to the window itself.
+    void SetFocus();
+
+    /// The control of that name. Throws NilObjectException when there is none of that class.
+    template <class C>
+    C& Find(const std::string& name) const {
+        auto* control = dynamic_cast<C*>(FindControl(name));
+        if (!control) throw NilObjectException(name);
+        return *control;
+    }
+
+    /// The handler of a command of the menu bar, which returns True when it has handled it.
+    void _AddMenuHandler(const std::string& itemName, MenuHandler handler);
+
+    /// The live window of class W, built, opened and (unless it is a sheet) shown when there is none.
+    template <class W>
+    static W& ImplicitInstance(const std::string& key) {
+        if (Window* open = FindOpen(key)) return static_cast<W&>(*open);
+        auto window = std::make_shared<W>();
+        Open(key, window);
+        return *window;
+    }
+
+  protected:
+    template <class C>
+    C& AddControl(const std::string& name) {
+        auto control = std::make_unique<C>();
+        C& added = *control;
+        Adopt(name, std::move(control));
+        return added;
+    }
+    template <class C>
+    C& AddControl(const std::string& name, Int32 left, Int32 top, Int32 width, Int32 height, Int32 tabIndex) {
+        C& added = AddControl<C>(name);
+        added.Bounds(left, top, width, height);
+        added.TabIndex(tabIndex);
+        return added;
+    }
+
+    // What a window class says of itself, called once in this order when it is built.
+    virtual void Layout() {}
+    virtual void CreateControls() {}
+
+    // Events. Coordinates are those of the controls.
+    virtual void Event_Open() {}
+    virtual void Event_Close() {}
+    virtual void Event_Resizing() {}
+    virtual void Event_Resized() {}
+    virtual void Event_MouseMove(Int32, Int32) {}
+    virtual void Event_EnableMenuItems() {}
+    /// A key that no control takes, as one character; a held key comes once. True consumes it.
+    virtual bool Event_KeyDown(const std::string&) { return false; }
+
+  private:
+    friend class WindowPeer;
+
+    static Window* FindOpen(const std::string& key);
+    static void Open(const std::string& key, const std::shared_ptr<Window>& window);
+    Control* FindControl(const std::string& name) const;
+    void Adopt(const std::string& name, std::unique_ptr<Control> control);
+
+    std::unique_ptr<class WindowPeer> peer_;
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+/// An image of `width` times `height` pixels, three bytes each (red, green, blue), row by row without padding.
+struct RgbImage {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint8_t> bytes;
+};
+
+/// The image in a PICT file; nothing when the file can't be read or is none.
+std::optional<RgbImage> ReadPict(const std::filesystem::path& file);

@@ -1,0 +1,65 @@
+#include "platform/linux/screensaver/XServerSaver.h"
+
+#include <xcb/screensaver.h>
+#include <xcb/xcb.h>
+
+#include <QGuiApplication>
+
+namespace {
+
+/// Shorter than any time-out that people set; at the pace of a clock's ticks it would only be traffic.
+constexpr std::chrono::seconds kDelayInterval{10};
+
+/// Qt's connection to the X server, which lives as long as the application object; nil on any other platform.
+xcb_connection_t* Connection() {
+    const auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    auto* x11 = application ? application->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    return x11 ? x11->connection() : nullptr;
+}
+
+/// Whether it may be asked to suspend its saver: a request to a missing extension ends the whole connection.
+bool HasSaver(xcb_connection_t* connection) {
+    const auto* extension = xcb_get_extension_data(connection, &xcb_screensaver_id);
+    return extension && extension->present;
+}
+
+void Suspend(xcb_connection_t* connection, bool on) {
+    xcb_screensaver_suspend(connection, on);
+    xcb_flush(connection);
+}
+
+}  // namespace
+
+XServerSaver::XServerSaver() {
+    // Asked for now, the answer is there when the first run begins, and needn't be waited for.
+    if (auto* connection = Connection()) xcb_prefetch_extension_data(connection, &xcb_screensaver_id);
+}
+
+XServerSaver::~XServerSaver() {
+    Release();
+}
+
+void XServerSaver::Inhibit() {
+    auto* connection = Connection();
+    if (suspended_ || !connection || !HasSaver(connection)) return;
+    // The protocol wants the version to be asked before anything else; suspending came with 1.1.
+    xcb_discard_reply(connection, xcb_screensaver_query_version_unchecked(connection, 1, 1).sequence);
+    Suspend(connection, true);
+    suspended_ = true;
+}
+
+void XServerSaver::Release() {
+    if (!suspended_) return;
+    suspended_ = false;
+    if (auto* connection = Connection()) Suspend(connection, false);
+}
+
+void XServerSaver::Delay() {
+    const auto now = std::chrono::steady_clock::now();
+    if (last_delay_ && now - *last_delay_ < kDelayInterval) return;
+    last_delay_ = now;
+    if (auto* connection = Connection()) {
+        xcb_force_screen_saver(connection, XCB_SCREEN_SAVER_RESET);
+        xcb_flush(connection);
+    }
+}

@@ -1,0 +1,78 @@
+#include "platform/Application.h"
+
+#include <QtWidgets/QApplication>
+#include <filesystem>
+
+#include "platform/Host.h"
+#include "platform/qt/DesktopHost.h"
+#include "platform/qt/EventBoundary.h"
+#include "platform/qt/OpenWindows.h"
+#include "platform/qt/WindowPeer.h"
+
+namespace {
+
+/// What lives from RuntimeInit to the end of RuntimeRun.
+struct Runtime {
+    std::unique_ptr<QApplication> toolkit;
+    std::unique_ptr<Application> application;
+    bool hasFailed = false;
+    int status = 0;
+};
+Runtime runtime;
+
+}  // namespace
+
+void Application::AutoQuit(bool on) { QApplication::setQuitOnLastWindowClosed(on); }
+
+void Application::MouseCursor(MouseCursors cursor) {
+    const auto shape = cursor == FingerPointer ? Qt::PointingHandCursor : Qt::ArrowCursor;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* window = dynamic_cast<WindowPeer*>(widget)) window->Content().setCursor(shape);
+    }
+}
+
+Ref<FolderItem> Application::ExecutableFile() {
+    std::error_code ignored;
+    return MakeRef<FolderItem>(std::filesystem::read_symlink("/proc/self/exe", ignored));
+}
+
+Application* Application::Registered() { return runtime.application.get(); }
+
+void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId) {
+    runtime.toolkit = std::make_unique<QApplication>(argc, argv);
+    QApplication::setApplicationName(QString::fromStdString(name));
+    QApplication::setDesktopFileName(QString::fromStdString(desktopId));
+    QApplication::setQuitOnLastWindowClosed(false);
+    Host::Install(std::make_unique<DesktopHost>(desktopId, name));
+}
+
+void RunFrameworkInitialization(const std::function<void()>& startUp) {
+    try {
+        startUp();
+    } catch (...) {
+        QuitOnUncaught();
+        runtime.hasFailed = true;
+    }
+}
+
+void RuntimeRegisterAppObject(std::unique_ptr<Application> application) {
+    runtime.application = std::move(application);
+}
+
+void RuntimeRun() {
+    if (!runtime.hasFailed) {
+        Deliver([] { runtime.application->Event_Open(); });
+        QApplication::exec();
+    }
+    open_windows::Clear();
+    runtime.application.reset();
+    Host::Install(nullptr);
+    runtime.toolkit.reset();
+}
+
+int RuntimeExit() { return runtime.status; }
+
+void Quit(int status) {
+    runtime.status = status;
+    QCoreApplication::exit(status);
+}

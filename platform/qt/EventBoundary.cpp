@@ -1,0 +1,48 @@
+#include "platform/qt/EventBoundary.h"
+
+#include <QtCore/QCoreApplication>
+#include <cstdio>
+#include <exception>
+#include <mutex>
+#include <set>
+#include <string>
+
+#include "platform/Application.h"
+#include "platform/Host.h"
+
+namespace {
+
+std::string Describe() {
+    try {
+        throw;
+    } catch (const std::exception& exception) {
+        return std::string("Unexpected error: ") + exception.what();
+    } catch (...) {
+        return "Unexpected error";
+    }
+}
+
+void Print(const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); }
+
+bool IsNew(const std::string& text) {
+    static std::mutex mutex;
+    static std::set<std::string> reported;
+    const std::lock_guard lock(mutex);
+    return reported.insert(text).second;
+}
+
+}  // namespace
+
+// The box waits for the event to be over: a paint event can't have an event loop within it.
+void ReportUncaught() {
+    const std::string text = Describe();
+    if (!IsNew(text)) return;
+    Print(text);
+    QMetaObject::invokeMethod(
+        qApp, [text] { MsgBox(text); }, Qt::QueuedConnection);
+}
+
+void QuitOnUncaught() {
+    Print(Describe());
+    Quit(1);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+#include <type_traits>
+
+// Each delivery of an event to the program is a boundary for exceptions: what comes out of a handler is reported, that
+// one event is abandoned, and the program goes on, so that a fault in one window doesn't end a running count-down.
+
+/// Reports the exception being handled: one line on standard error and, once this event is over, one message box, for
+/// each different text once. May be called on any thread.
+void ReportUncaught();
+/// Reports it on standard error and ends the program with status 1, where there is no going on.
+void QuitOnUncaught();
+
+/// Runs a handler, or nothing if it is an empty std::function. Gives its result, or a default one if it threw.
+template <class Handler, class... Arguments>
+auto Deliver(const Handler& handler, const Arguments&... arguments) {
+    using Result = std::invoke_result_t<const Handler&, const Arguments&...>;
+    if constexpr (std::is_constructible_v<bool, const Handler&>) {
+        if (!handler) return Result();
+    }
+    try {
+        return handler(arguments...);
+    } catch (...) {
+        ReportUncaught();
+    }
+    return Result();
+}

@@ -1,0 +1,16 @@
+#include "platform/qt/FittedText.h"
+
+#include <QtGui/QFontMetricsF>
+
+QFont FittedFont(QFont font, const QString& text, QSizeF box) {
+    constexpr int kSmallestSize = 6;
+    for (int size = font.pixelSize(); size >= kSmallestSize; --size) {
+        font.setPixelSize(size);
+        for (const int stretch : {100, 90, 80}) {
+            font.setStretch(stretch);
+            const QSizeF needed = QFontMetricsF(font).size(Qt::TextShowMnemonic, text);
+            if (needed.width() <= box.width() && needed.height() <= box.height()) return font;
+        }
+    }
+    return font;
+}

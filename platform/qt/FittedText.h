@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QtCore/QSizeF>
+#include <QtCore/QString>
+#include <QtGui/QFont>
+
+/// `font`, set narrower and then smaller until `text` on one line fits into `box`.
+QFont FittedFont(QFont font, const QString& text, QSizeF box);

@@ -1,0 +1,134 @@
+#include "platform/qt/PainterGraphics.h"
+
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QPainterPath>
+#include <cmath>
+#include <numbers>
+
+#include "platform/Shapes.h"
+#include "platform/qt/Fonts.h"
+#include "platform/qt/Pixels.h"
+
+namespace {
+
+QColor ToQColor(Color color, double opacityPercent = 100) {
+    QColor result(color.Red(), color.Green(), color.Blue());
+    result.setAlphaF(static_cast<float>(opacityPercent / 100));
+    return result;
+}
+
+QBrush Interior(const RectShape& shape) {
+    return shape.Fill() > 0 ? QBrush(ToQColor(shape.FillColor(), shape.Fill())) : QBrush(Qt::NoBrush);
+}
+
+QPen FlatPen(const QColor& color, double width) { return {color, width, Qt::SolidLine, Qt::FlatCap}; }
+
+QRectF Around(const RectShape& shape, Int32 x, Int32 y) {
+    return {x - shape.Width() / 2, y - shape.Height() / 2, shape.Width(), shape.Height()};
+}
+
+}  // namespace
+
+PainterGraphics::PainterGraphics(QImage image, QSize logicalSize)
+    : image_(std::move(image)), size_(logicalSize), painter_(&image_) {
+    Prepare();
+}
+
+PainterGraphics::PainterGraphics(QPaintDevice& widget, QSize logicalSize) : size_(logicalSize), painter_(&widget) {
+    Prepare();
+}
+
+void PainterGraphics::Prepare() { painter_.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform); }
+
+void PainterGraphics::Fill(const QImage& image) { painter_.drawImage(QRect(QPoint(), size_), image); }
+
+// Not antialiased: at a fractional scale the surface's last row and column would be covered in part only.
+void PainterGraphics::FillRect(Int32 x, Int32 y, Int32 width, Int32 height) {
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+    painter_.fillRect(x, y, width, height, ToQColor(ForeColor()));
+    painter_.setRenderHint(QPainter::Antialiasing);
+}
+
+void PainterGraphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
+    const bool hasBorder = oval.Border() > 0;
+    painter_.setPen(hasBorder ? FlatPen(ToQColor(oval.BorderColor(), oval.Border()), oval.BorderWidth())
+                              : QPen(Qt::NoPen));
+    painter_.setBrush(Interior(oval));
+    painter_.drawEllipse(Around(oval, x, y));
+}
+
+void PainterGraphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {
+    constexpr double kTurn = 2 * std::numbers::pi;
+    const QRectF ellipse = Around(arc, x, y);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(Interior(arc));
+    if (std::abs(arc.ArcAngle()) >= kTurn) {
+        painter_.drawEllipse(ellipse);
+        return;
+    }
+    // A path rather than drawPie, which knows angles to a sixteenth of a degree only: a second is a tenth.
+    const auto degrees = [](double radians) { return -radians * 360 / kTurn; };
+    QPainterPath slice(ellipse.center());
+    slice.arcTo(ellipse, degrees(arc.StartAngle()), degrees(arc.ArcAngle()));
+    slice.closeSubpath();
+    painter_.drawPath(slice);
+}
+
+void PainterGraphics::DrawObject(const CurveShape& line, Int32 x, Int32 y) {
+    const double cosine = std::cos(line.Rotation());
+    const double sine = std::sin(line.Rotation());
+    const auto turned = [&](double px, double py) {
+        return QPointF(x + px * cosine - py * sine, y + px * sine + py * cosine);
+    };
+    painter_.setPen(FlatPen(ToQColor(line.BorderColor()), line.BorderWidth()));
+    painter_.drawLine(turned(line.X(), line.Y()), turned(line.X2(), line.Y2()));
+}
+
+void PainterGraphics::DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight,
+                                  Int32 sourceX, Int32 sourceY, Int32 sourceWidth, Int32 sourceHeight) {
+    if (!picture) return;
+    constexpr Int32 kOwnSize = -10000;
+    const auto extent = [](Int32 given, Int32 own) { return given == kOwnSize ? own : given; };
+    const QRect destination(x, y, extent(destWidth, picture->Width()), extent(destHeight, picture->Height()));
+    const QRect source(sourceX, sourceY, extent(sourceWidth, picture->Width()),
+                       extent(sourceHeight, picture->Height()));
+    painter_.drawImage(destination, Composed(*picture), source);
+}
+
+// Not hinted, so that a text's width grows evenly with its size and is the same at every scale factor.
+QFont PainterGraphics::Font() const {
+    QFont font = FontNamed(TextFont(), TextSize());
+    font.setBold(Bold());
+    font.setItalic(Italic());
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+double PainterGraphics::StringWidth(const std::string& text) {
+    return QFontMetricsF(Font()).horizontalAdvance(QString::fromStdString(text));
+}
+
+Int32 PainterGraphics::StringHeight(const std::string& text, Int32 wrapWidth) {
+    constexpr double kUnbounded = 1e6;
+    const QRectF box(0, 0, wrapWidth, kUnbounded);
+    return ToInt32(
+        std::ceil(QFontMetricsF(Font()).boundingRect(box, Qt::TextWordWrap, QString::fromStdString(text)).height()));
+}
+
+Int32 PainterGraphics::TextAscent() { return ToInt32(std::round(QFontMetricsF(Font()).ascent())); }
+
+void PainterGraphics::DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth, bool condense) {
+    const QFont font = Font();
+    const QFontMetricsF metrics(font);
+    const QString string = QString::fromStdString(text);
+    painter_.setFont(font);
+    painter_.setPen(ToQColor(ForeColor()));
+    if (wrapWidth <= 0) {
+        painter_.drawText(QPointF(x, y), string);
+    } else if (condense) {
+        painter_.drawText(QPointF(x, y), metrics.elidedText(string, Qt::ElideRight, wrapWidth));
+    } else {
+        constexpr double kUnbounded = 1e6;
+        painter_.drawText(QRectF(x, y - metrics.ascent(), wrapWidth, kUnbounded), Qt::TextWordWrap, string);
+    }
+}

@@ -1,0 +1,75 @@
+#include "platform/Picture.h"
+
+#include <QtGui/QImageReader>
+#include <new>
+#include <optional>
+
+#include "platform/FolderItem.h"
+#include "platform/ffmpeg/PictReader.h"
+#include "platform/qt/PainterGraphics.h"
+#include "platform/qt/Pixels.h"
+
+Picture::Pixels::Pixels(QSize logicalSize, double devicePixelRatio)
+    : logicalSize_(logicalSize), size_((QSizeF(logicalSize) * devicePixelRatio).toSize()), ratio_(devicePixelRatio) {
+    constexpr QRgb kWhite = 0xFFFFFFFF;
+    memory_.assign(static_cast<std::size_t>(size_.width()) * static_cast<std::size_t>(size_.height()), kWhite);
+}
+
+QImage Picture::Pixels::View() {
+    QImage view(reinterpret_cast<uchar*>(memory_.data()), size_.width(), size_.height(),
+                static_cast<qsizetype>(size_.width()) * static_cast<qsizetype>(sizeof(QRgb)), QImage::Format_RGB32);
+    view.setDevicePixelRatio(ratio_);
+    return view;
+}
+
+Picture::Picture(std::unique_ptr<Pixels> pixels) : pixels_(std::move(pixels)) {}
+
+Picture::~Picture() = default;
+
+Int32 Picture::Width() const { return pixels_->LogicalSize().width(); }
+Int32 Picture::Height() const { return pixels_->LogicalSize().height(); }
+
+Ref<Graphics> Picture::Graphics() {
+    if (!graphics_) graphics_ = MakeRef<PainterGraphics>(pixels_->View(), pixels_->LogicalSize());
+    return graphics_;
+}
+
+Ref<Picture> Picture::Mask(bool create) {
+    if (!mask_ && create) {
+        mask_ = NewPicture(Width(), Height(), 32);
+        mask_->Graphics()->ForeColor(RGB(0, 0, 0));
+        mask_->Graphics()->FillRect(0, 0, Width(), Height());
+    }
+    return mask_;
+}
+
+QImage Composed(Picture& picture) {
+    QImage image = picture.pixels().View();
+    if (const Ref<Picture> mask = picture.Mask(false)) {
+        QImage opacity = mask->pixels().View().convertToFormat(QImage::Format_Grayscale8);
+        opacity.invertPixels();
+        image.setAlphaChannel(opacity);
+    }
+    return image;
+}
+
+Ref<Picture> NewPicture(Int32 width, Int32 height, Int32) {
+    if (width <= 0 || height <= 0) return nullptr;
+    try {
+        return MakeRef<Picture>(std::make_unique<Picture::Pixels>(QSize(width, height), 1.0));
+    } catch (const std::exception&) {  // a size that no memory holds
+        return nullptr;
+    }
+}
+
+Ref<Picture> FolderItem::OpenAsPicture() const {
+    QImage image(QString::fromStdString(Path().string()));
+    if (image.isNull()) {
+        const std::optional<RgbImage> pict = ReadPict(Path());
+        if (!pict) return nullptr;
+        image = QImage(pict->bytes.data(), pict->width, pict->height, 3 * pict->width, QImage::Format_RGB888).copy();
+    }
+    const Ref<Picture> picture = NewPicture(image.width(), image.height(), 32);
+    if (picture) static_cast<PainterGraphics&>(*picture->Graphics()).Fill(image);
+    return picture;
+}

@@ -1,0 +1,48 @@
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionButton>
+
+#include "platform/Controls.h"
+#include "platform/qt/EventBoundary.h"
+#include "platform/qt/FittedText.h"
+#include "platform/qt/Fonts.h"
+#include "platform/qt/RectControlPeer.h"
+
+namespace {
+
+class ButtonWidget final : public QPushButton {
+  public:
+    // Return presses the button that has the focus, as everywhere on the desktop.
+    ButtonWidget() { setAutoDefault(true); }
+
+    void SetCaption(const QString& caption) {
+        setText(caption);
+        Fit();
+    }
+
+  protected:
+    void resizeEvent(QResizeEvent*) override { Fit(); }
+
+  private:
+    void Fit() {
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        setFont(FittedFont(FontNamed("System"), text(),
+                           style()->subElementRect(QStyle::SE_PushButtonContents, &option, this).size()));
+    }
+};
+
+}  // namespace
+
+PushButton::PushButton() : RectControl(std::make_unique<Peer>(new ButtonWidget)) {
+    auto& button = WidgetOf<ButtonWidget>(*this);
+    QObject::connect(&button, &QPushButton::clicked, &button, [this] { Deliver(Action); });
+}
+
+std::string PushButton::Caption() const { return WidgetOf<ButtonWidget>(*this).text().toStdString(); }
+void PushButton::Caption(const std::string& caption) {
+    WidgetOf<ButtonWidget>(*this).SetCaption(QString::fromStdString(caption));
+}
+
+bool PushButton::Default() const { return WidgetOf<ButtonWidget>(*this).isDefault(); }
+void PushButton::Default(bool on) { WidgetOf<ButtonWidget>(*this).setDefault(on); }

@@ -1,0 +1,243 @@
+#include "platform/qt/WindowPeer.h"
+
+#include <QtCore/QEventLoop>
+#include <QtGui/QCloseEvent>
+#include <QtGui/QWindow>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+#include <algorithm>
+
+#include "platform/Controls.h"
+#include "platform/Text.h"
+#include "platform/qt/EditCommands.h"
+#include "platform/qt/EventBoundary.h"
+#include "platform/qt/Keys.h"
+#include "platform/qt/OpenWindows.h"
+#include "platform/qt/RectControlPeer.h"
+
+WindowPeer::WindowPeer(Window& owner) : owner_(owner) {}
+
+WindowPeer::~WindowPeer() = default;
+
+WindowPeer& WindowPeer::Of(const QWidget& control) { return static_cast<WindowPeer&>(*control.window()); }
+
+void WindowPeer::Build() {
+    owner_.Layout();
+    owner_.CreateControls();
+    SetTabOrder();
+    isBuilt_ = true;
+    Deliver([this] { owner_.Event_Open(); });
+}
+
+void WindowPeer::SetFrame(Window::Frames frame) {
+    isSheet_ = frame == Window::Frames::Sheet;
+    setWindowFlags(isSheet_ ? Qt::Dialog : Qt::Window);
+}
+
+void WindowPeer::SetBackground(const QColor& color) {
+    QPalette colors = content_.palette();
+    colors.setColor(QPalette::Window, color);
+    content_.setPalette(colors);
+    content_.setAutoFillBackground(true);
+}
+
+// A window that isn't shown yet hears of its new size only when it is.
+void WindowPeer::SetSize(QSize size) {
+    resize(size);
+    Arrange();
+}
+
+void WindowPeer::SetMenuBar(const Ref<MenuBar>& bar) {
+    menu_ = std::make_unique<MenuBinding>(
+        bar, *this, [this] { PassEnabling(); }, [this](const MenuItem& item) { Choose(item); });
+    Arrange();
+}
+
+void WindowPeer::SetMenuBarVisible(bool on) {
+    menuBarVisible_ = on;
+    Arrange();
+}
+
+int WindowPeer::BarHeight() const { return menu_ ? menu_->Widget().sizeHint().height() : 0; }
+
+void WindowPeer::Adopt(const std::string& name, std::unique_ptr<Control> control) {
+    if (auto* visible = dynamic_cast<RectControl*>(control.get())) {
+        visible->peer().widget->setObjectName(QString::fromStdString(name));
+        visible->peer().widget->setParent(&content_);
+    }
+    controls_.emplace_back(name, std::move(control));
+}
+
+Control* WindowPeer::Find(const std::string& name) const {
+    const auto found =
+        std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) { return control.first == name; });
+    return found == controls_.end() ? nullptr : found->second.get();
+}
+
+std::vector<RectControl*> WindowPeer::RectControls() const {
+    std::vector<RectControl*> found;
+    for (const auto& [name, control] : controls_) {
+        if (auto* visible = dynamic_cast<RectControl*>(control.get())) found.push_back(visible);
+    }
+    return found;
+}
+
+// Showing an open window again, or closing one that never showed, must do no harm: both come through here.
+void WindowPeer::closeEvent(QCloseEvent* event) {
+    event->accept();
+    if (std::exchange(isClosed_, true)) return;
+    try {
+        owner_.Event_Close();
+    } catch (...) {
+        QuitOnUncaught();
+    }
+    if (closed_) closed_();
+    open_windows::Remove(owner_);
+}
+
+void WindowPeer::ShowOver(WindowPeer& parent) {
+    setWindowModality(Qt::WindowModal);
+    winId();  // makes the window handle
+    windowHandle()->setTransientParent(parent.windowHandle());
+    show();
+}
+
+void WindowPeer::WaitUntilClosed() {
+    if (isClosed_) return;
+    QEventLoop loop;
+    closed_ = [&loop] { loop.quit(); };
+    loop.exec();
+    closed_ = nullptr;
+}
+
+// Zooms once the event under way is over, and not at all if the window has gone fullscreen by then: a window manager
+// would bring the zoomed state back at the end of fullscreen, when the saved frame is wanted.
+void WindowPeer::Zoom() {
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (!isFullScreen()) setWindowState(windowState() | Qt::WindowMaximized);
+        },
+        Qt::QueuedConnection);
+}
+
+void WindowPeer::SetFullScreen(bool on) {
+    Qt::WindowStates states = windowState();
+    states.setFlag(Qt::WindowFullScreen, on);
+    setWindowState(states);
+}
+
+void WindowPeer::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange) Arrange();
+    QWidget::changeEvent(event);
+}
+
+void WindowPeer::resizeEvent(QResizeEvent*) { Arrange(); }
+
+void WindowPeer::Arrange() {
+    const int barHeight = BarHeight();
+    const int top = isFullScreen() ? 0 : barHeight;
+    if (menu_) {
+        menu_->Widget().setGeometry(0, 0, width(), barHeight);
+        menu_->Widget().setVisible(!isFullScreen() || menuBarVisible_);
+        menu_->Widget().raise();
+    }
+    const QSize before = content_.size();
+    content_.setGeometry(0, top, width(), height() - top);
+    if (!isBuilt_ || content_.size() == before) return;
+    for (RectControl* control : RectControls()) FollowEdges(*control, before, content_.size());
+    // X11 doesn't tell the last step of a resize from the others, so each step is both.
+    Deliver([this] { owner_.Event_Resizing(); });
+    Deliver([this] { owner_.Event_Resized(); });
+}
+
+void WindowPeer::FollowEdges(RectControl& control, QSize before, QSize after) const {
+    const QSize growth = after - before;
+    QRect place = control.peer().widget->geometry();
+    if (control.LockRight()) place.setRight(place.right() + growth.width());
+    if (control.LockRight() && !control.LockLeft()) place.setLeft(place.left() + growth.width());
+    if (control.LockBottom()) place.setBottom(place.bottom() + growth.height());
+    if (control.LockBottom() && !control.LockTop()) place.setTop(place.top() + growth.height());
+    control.peer().widget->setGeometry(place);
+}
+
+void WindowPeer::SetTabOrder() {
+    std::vector<RectControl*> order = RectControls();
+    std::stable_sort(order.begin(), order.end(),
+                     [](const RectControl* a, const RectControl* b) { return a->TabIndex() < b->TabIndex(); });
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        setTabOrder(order[i - 1]->peer().widget, order[i]->peer().widget);
+    }
+}
+
+// As if by the Tab key, which selects the field's text.
+void WindowPeer::FocusFirstField() {
+    for (RectControl* control : RectControls()) {
+        if (dynamic_cast<EditField*>(control)) {
+            control->peer().widget->setFocus(Qt::TabFocusReason);
+            return;
+        }
+    }
+}
+
+void WindowPeer::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!event->spontaneous()) FocusFirstField();
+}
+
+void WindowPeer::MouseMoved(Int32 x, Int32 y) {
+    Deliver([&] { owner_.Event_MouseMove(x, y); });
+}
+
+// The toolkit asks here, before it looks at its table of shortcuts, whether someone wants the key for itself.
+bool WindowPeer::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) PassEnabling();
+    return QWidget::event(event);
+}
+
+void WindowPeer::keyPressEvent(QKeyEvent* event) {
+    const std::string key = KeyText(*event);
+    if (key.empty() || event->isAutoRepeat()) return event->ignore();
+    const bool isTaken = Deliver([&] { return owner_.Event_KeyDown(key); }) || PressButton(key);
+    event->setAccepted(isTaken);
+}
+
+/// Return and Enter press the default button, Escape the cancel button.
+bool WindowPeer::PressButton(const std::string& key) {
+    const bool isEscape = key == Chr(27);
+    if (!isEscape && key != Chr(13) && key != Chr(3)) return false;
+    for (RectControl* control : RectControls()) {
+        auto* button = dynamic_cast<PushButton*>(control);
+        if (!button || !(isEscape ? button->Cancel() : button->Default())) continue;
+        static_cast<QPushButton&>(*button->peer().widget).click();
+        return true;
+    }
+    return false;
+}
+
+void WindowPeer::PassEnabling() {
+    if (!menu_) return;
+    for (const Ref<MenuItem>& menu : menu_->Bar()->Children()) {
+        for (const Ref<MenuItem>& item : menu->Children()) {
+            item->Disable();
+            if (item->AutoEnable() && IsTaken(*item)) item->Enable();
+        }
+    }
+    Deliver([this] { owner_.Event_EnableMenuItems(); });
+    menu_->Sync();
+}
+
+bool WindowPeer::IsTaken(const MenuItem& item) const {
+    return handlers_.contains(item.Name()) || dynamic_cast<const QuitMenuItem*>(&item) ||
+           edit_commands::IsAvailable(item.Name());
+}
+
+void WindowPeer::Choose(const MenuItem& item) {
+    if (const auto handler = handlers_.find(item.Name()); handler != handlers_.end()) {
+        Deliver(handler->second);
+    } else if (dynamic_cast<const QuitMenuItem*>(&item)) {
+        for (const auto& window : open_windows::All()) window->Close();
+    } else {
+        edit_commands::Run(item.Name());
+    }
+}

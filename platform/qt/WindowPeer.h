@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/Window.h"
+#include "platform/qt/MenuBinding.h"
+
+/// The widget of a window: a menu bar, if it has one, and below it the area of the controls. In fullscreen the bar lies
+/// over that area instead, so that the controls don't move when it comes and goes.
+class WindowPeer final : public QWidget {
+  public:
+    explicit WindowPeer(Window& owner);
+    ~WindowPeer() override;
+
+    /// The peer of the window that a control's widget is in.
+    static WindowPeer& Of(const QWidget& control);
+
+    /// Layout, controls and Open event of a window that is in the list of open windows.
+    void Build();
+
+    void SetFrame(Window::Frames frame);
+    bool IsSheet() const { return isSheet_; }
+    void SetSize(QSize size);
+    void SetBackground(const QColor& color);
+
+    void SetMenuBar(const Ref<MenuBar>& bar);
+    Ref<MenuBar> Bar() const { return menu_ ? menu_->Bar() : nullptr; }
+    void SetMenuBarVisible(bool on);
+    bool MenuBarVisible() const { return menuBarVisible_; }
+    /// The height that a windowed menu bar takes from the window's.
+    int BarHeight() const;
+
+    QWidget& Content() { return content_; }
+    void Adopt(const std::string& name, std::unique_ptr<Control> control);
+    Control* Find(const std::string& name) const;
+    void AddHandler(const std::string& itemName, Window::MenuHandler handler) { handlers_[itemName] = handler; }
+
+    void SetFullScreen(bool on);
+    void Zoom();
+    /// Shows the window over `parent`, which takes no input until it closes.
+    void ShowOver(WindowPeer& parent);
+    /// Returns when the window has closed or the program quits.
+    void WaitUntilClosed();
+
+    /// The pointer moved over the controls' area.
+    void MouseMoved(Int32 x, Int32 y);
+
+  protected:
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void Arrange();
+    void FollowEdges(RectControl& control, QSize before, QSize after) const;
+    std::vector<RectControl*> RectControls() const;
+    void SetTabOrder();
+    void FocusFirstField();
+    void PassEnabling();
+    bool IsTaken(const MenuItem& item) const;
+    void Choose(const MenuItem& item);
+    bool PressButton(const std::string& key);
+
+    Window& owner_;
+    QWidget content_{this};
+    std::unique_ptr<MenuBinding> menu_;
+    std::map<std::string, Window::MenuHandler> handlers_;
+    std::vector<std::pair<std::string, std::unique_ptr<Control>>> controls_;
+    bool isBuilt_ = false;
+    bool isSheet_ = false;
+    bool menuBarVisible_ = true;
+    bool isClosed_ = false;
+    std::function<void()> closed_;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+/// What differs between the platforms that the program can be built for, as it is on Linux. Nothing ties one of these
+/// to another; the code on both sides of each is compiled.
+namespace targets {
+
+/// Files carry four-character codes of owner and type.
+constexpr bool kFileCodes = false;
+/// The clock leaves 6 percent of its nominal diameter free instead of 3, and disc and wedge are 1 percent larger.
+constexpr bool kWiderClockMargin = false;
+/// The settings file has a dot-file name.
+constexpr bool kDotFileSettings = false;
+/// Dialogs block and lie beside fullscreen; otherwise they are sheets of the timer window.
+constexpr bool kModalDialogs = true;
+/// The screen saver is switched off and on at the start and stop of a run.
+constexpr bool kScreensaverIsSwitched = true;
+
+}  // namespace targets

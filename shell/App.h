@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/Application.h"
+
+/// The application object. It handles no command; every one is the timer window's.
+class App final : public Application {
+  public:
+    static App& Instance();
+
+    void Event_Open() override;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Menu.h"
+#include "platform/Ref.h"
+
+/// The program's only menu bar. Items carry no code: a command goes to the handler registered under the item's name.
+class MenuBar1 final : public MenuBar {
+  public:
+    /// The one menu bar, built at the first call and kept to the end of the process.
+    static Ref<MenuBar1> Instance();
+
+    MenuBar1();
+
+  private:
+    void Untitled0();
+    void Untitled1();
+    void Untitled2();
+    void Untitled3();
+    void Untitled4();
+
+    void AddMenu(const std::string& name, const std::string& text);
+    template <class Item = MenuItem>
+    void AddItem(const std::string& menu, const std::string& name, bool autoEnable, const std::string& text,
+                 const std::string& shortcut = "");
+    void AddSeparator(const std::string& menu, const std::string& name);
+};

@@ -1,0 +1,50 @@
+#include "shell/images.h"
+
+#include <string>
+
+#include "platform/Application.h"
+#include "platform/FolderItem.h"
+#include "platform/Graphics.h"
+
+namespace {
+
+using Slot = Ref<Picture>;
+
+Ref<FolderItem> ResourcesFolder() {
+    const Ref<FolderItem> folder = Application::ExecutableFile()->Parent()->Parent();
+    return folder ? folder->Child("Resources") : nullptr;
+}
+
+Ref<Picture> Plain(Slot& slot, const std::string& fileName) {
+    if (!slot) {
+        const Ref<FolderItem> folder = ResourcesFolder();
+        if (folder) slot = folder->Child(fileName)->OpenAsPicture();
+    }
+    return slot;
+}
+
+Ref<Picture> Masked(Slot& slot, const std::string& fileName, Ref<Picture> (*mask)()) {
+    constexpr Int32 kOwnSize = -10000;
+    if (slot) return slot;
+    if (Plain(slot, fileName)) {
+        slot->Mask(true)->Graphics()->DrawPicture(mask(), 0, 0, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+    }
+    return slot;
+}
+
+Slot run_icon, pause_icon, alert_icon, run_mask, pause_mask, alert_mask, about_icon, about_mask, badge, badge_mask;
+
+}  // namespace
+
+Ref<Picture> Run_Icon() { return Masked(run_icon, "Run_Icon.bmp", Run_Mask); }
+Ref<Picture> Pause_Icon() { return Masked(pause_icon, "Pause_Icon.bmp", Pause_Mask); }
+Ref<Picture> Alert_Icon() { return Masked(alert_icon, "Alert_Icon.bmp", Alert_Mask); }
+
+Ref<Picture> Run_Mask() { return Plain(run_mask, "Run_Mask.bmp"); }
+Ref<Picture> Pause_Mask() { return Plain(pause_mask, "Pause_Mask.bmp"); }
+Ref<Picture> Alert_Mask() { return Plain(alert_mask, "Alert_Mask.bmp"); }
+
+Ref<Picture> AboutIcon() { return Plain(about_icon, "AboutIcon.pict"); }
+Ref<Picture> AboutMask() { return Plain(about_mask, "AboutMask.pict"); }
+Ref<Picture> MwRbHzMd() { return Plain(badge, "MwRbHzMd.bmp"); }
+Ref<Picture> MwRbHzMdMask() { return Plain(badge_mask, "MwRbHzMdMask.bmp"); }

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Picture.h"
+#include "platform/Ref.h"
+
+// The program's images, one file each in its folder Resources. Each is loaded at its first use and kept until the
+// process ends; nil when it can't be had, and then tried again at the next use. Main thread only.
+
+/// The status icons, with their masks applied.
+Ref<Picture> Run_Icon();
+Ref<Picture> Pause_Icon();
+Ref<Picture> Alert_Icon();
+
+/// Grey pictures: black is opaque.
+Ref<Picture> Run_Mask();
+Ref<Picture> Pause_Mask();
+Ref<Picture> Alert_Mask();
+
+/// The program's icon and the badge of its toolkit; whoever draws them applies the masks.
+Ref<Picture> AboutIcon();
+Ref<Picture> AboutMask();
+Ref<Picture> MwRbHzMd();
+Ref<Picture> MwRbHzMdMask();

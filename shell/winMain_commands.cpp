@@ -1,0 +1,77 @@
+#include "core/winMain.h"
+#include "platform/Host.h"
+#include "platform/targets.h"
+#include "shell/addresses.h"
+#include "shell/winSet.h"
+
+// The caption is computed in each pass, never pushed when the state changes.
+void winMain::Event_EnableMenuItems() {
+    if (IsDone) {
+        TimerStart()->Text("Dismiss");
+    } else if (IsRunning) {
+        TimerStart()->Text("Stop");
+    } else {
+        TimerStart()->Text("Start");
+        FileCreateMovie()->Enable();
+        TimerSet()->Enable();
+        FilePreferences()->Enable();
+    }
+}
+
+/// Shows one of the dialogs over the timer window: as a sheet, or as a dialog that is waited for, beside fullscreen.
+void winMain::ShowDialog(Window& dialog) {
+    if constexpr (targets::kModalDialogs) {
+        const bool wasFullScreen = FullScreen();
+        if (wasFullScreen) ToggleFullscreen(false);
+        dialog.Top(Top() + 30);
+        dialog.Left(Left() + (Width() - dialog.Width()) / 2);
+        dialog.ShowModalWithin(*this);
+        if (wasFullScreen) ToggleFullscreen(true);
+    } else {
+        dialog.ShowWithin(*this, -1);
+    }
+}
+
+bool winMain::_TimerSet_Action() {
+    ShowDialog(winSet::Instance());
+    return true;
+}
+
+bool winMain::_TimerStart_Action() {
+    ToggleTimer();
+    return true;
+}
+
+bool winMain::_FilePreferences_Action() { return true; }
+
+bool winMain::_FileCreateMovie_Action() { return true; }
+
+bool winMain::_HelpHelp_Action() { return true; }
+
+bool winMain::_HelpAbout_Action() { return true; }
+
+bool winMain::_HelpVisitWebsite_Action() {
+    ShowURL(addresses::kWebsite);
+    return true;
+}
+
+bool winMain::_HelpDonate_Action() {
+    ShowURL(addresses::kDonation);
+    return true;
+}
+
+void AddMenuHandlers(Window& window) {
+    auto& timer = dynamic_cast<winMain&>(window);
+    const auto handle = [&timer](const std::string& itemName, bool (winMain::*action)()) {
+        timer._AddMenuHandler(itemName, [&timer, action] { return (timer.*action)(); });
+    };
+    handle("HelpAbout", &winMain::_HelpAbout_Action);
+    handle("HelpHelp", &winMain::_HelpHelp_Action);
+    handle("ViewToggleFullscreen", &winMain::_ViewToggleFullscreen_Action);
+    handle("FileCreateMovie", &winMain::_FileCreateMovie_Action);
+    handle("TimerSet", &winMain::_TimerSet_Action);
+    handle("TimerStart", &winMain::_TimerStart_Action);
+    handle("FilePreferences", &winMain::_FilePreferences_Action);
+    handle("HelpVisitWebsite", &winMain::_HelpVisitWebsite_Action);
+    handle("HelpDonate", &winMain::_HelpDonate_Action);
+}

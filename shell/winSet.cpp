@@ -1,0 +1,173 @@
+#include "shell/winSet.h"
+
+#include <algorithm>
+
+#include "core/winMain.h"
+#include "platform/Controls.h"
+#include "platform/Text.h"
+
+namespace {
+
+constexpr Int32 kMaxMinutes = 60;
+constexpr Int32 kMaxSeconds = 59;
+
+/// The whole number in a field; wide enough that counting one up or down can't overflow.
+Int64 Number(const EditField& field) { return ToInt32(Val(field.Text())); }
+
+/// Two digits at least, as the fields show a number.
+std::string Digits(double number) { return Format(number, "00"); }
+std::string Digits(Int64 number) { return Digits(static_cast<double>(number)); }
+
+// Control keys, and characters outside of plain ASCII, are left to the field.
+bool IsPrintable(const std::string& key) { return key >= " " && key <= "~"; }
+bool IsDigit(const std::string& key) { return key >= "0" && key <= "9"; }
+
+/// Whether a key may go into the field. A digit is judged by the value of the whole text with the digit put at its end,
+/// wherever the caret is; the field's selection goes before. A digit that is refused leaves the text as it was.
+enum class Verdict { ToField, Swallowed, Refused };
+Verdict Judge(EditField& field, const std::string& key, Int32 highest) {
+    if (!IsPrintable(key)) return Verdict::ToField;
+    if (!IsDigit(key)) return Verdict::Swallowed;
+    const std::string saved = field.Text();
+    field.SelText("");
+    const double value = Val(field.Text() + key);
+    if (value >= 0 && value <= highest) return Verdict::ToField;
+    field.Text(saved);
+    return Verdict::Refused;
+}
+
+}  // namespace
+
+winSet& winSet::Instance() { return ImplicitInstance<winSet>("winSet.winSet"); }
+
+EditField& winSet::eMin() const { return Find<EditField>("eMin"); }
+EditField& winSet::eSec() const { return Find<EditField>("eSec"); }
+
+void winSet::Layout() {
+    Title("Set Timer");
+    Frame(Frames::Sheet);
+    MinSize(64, 64);
+    Width(300);
+    Height(74);
+}
+
+void winSet::CreateControls() { _CreateControls0(); }
+
+// Neither button is the window's cancel button: Escape does nothing.
+void winSet::_CreateControls0() {
+    auto& ok = AddControl<PushButton>("btnOK", 220, 31, 60, 20, 3);
+    ok.Caption("Set");
+    ok.Default(true);
+    ok.Action = [this] { btnOK_Action(); };
+
+    auto& cancel = AddControl<PushButton>("btnCancel", 148, 31, 60, 20, 4);
+    cancel.Caption("Cancel");
+    cancel.Action = [this] { btnCancel_Action(); };
+
+    auto& minuteArrows = AddControl<UpDownArrows>("aMin", 51, 31, 13, 23, 5);
+    minuteArrows.Up = [this] { aMin_Up(); };
+    minuteArrows.Down = [this] { aMin_Down(); };
+
+    auto& minutes = AddControl<EditField>("eMin", 20, 31, 25, 22, 6);
+    minutes.Text("01");
+    minutes.Alignment(TextAlignment::Centre);
+    minutes.KeyDown = [this](const std::string& key) { return eMin_KeyDown(key); };
+    minutes.LostFocus = [this] { eMin_LostFocus(); };
+
+    auto& seconds = AddControl<EditField>("eSec", 73, 31, 25, 22, 7);
+    seconds.Text("00");
+    seconds.Alignment(TextAlignment::Centre);
+    seconds.KeyDown = [this](const std::string& key) { return eSec_KeyDown(key); };
+    seconds.LostFocus = [this] { eSec_LostFocus(); };
+
+    auto& secondArrows = AddControl<UpDownArrows>("aSec", 104, 31, 13, 23, 8);
+    secondArrows.Up = [this] { aSec_Up(); };
+    secondArrows.Down = [this] { aSec_Down(); };
+
+    auto& minuteLabel = AddControl<StaticText>("StaticText1", 20, 14, 26, 16, 9);
+    minuteLabel.TextFont("SmallSystem");
+    minuteLabel.Text("Min");
+
+    auto& secondLabel = AddControl<StaticText>("StaticText2", 73, 14, 26, 16, 10);
+    secondLabel.TextFont("SmallSystem");
+    secondLabel.Text("Sec");
+}
+
+// It is the set time that shows, not what remains of it.
+void winSet::Event_Open() {
+    eMin().Text(Digits(Int64{winMain::Instance().SetMinutes}));
+    eSec().Text(Digits(Int64{winMain::Instance().SetSeconds}));
+}
+
+// No bound applies here: what the fields hold is what is set.
+void winSet::btnOK_Action() {
+    auto& timer = winMain::Instance();
+    timer.SetMinutes = ToInt32(Val(eMin().Text()));
+    timer.SetSeconds = ToInt32(Val(eSec().Text()));
+    timer.CurrentSeconds = ToInt32(timer.SetMinutes * 60.0 + timer.SetSeconds);
+    timer.UpdateDisplay();
+    Close();
+}
+
+void winSet::btnCancel_Action() { Close(); }
+
+void winSet::aMin_Up() {
+    const Int64 minutes = std::min<Int64>(Number(eMin()) + 1, kMaxMinutes);
+    if (minutes == kMaxMinutes) eSec().Text("00");
+    eMin().Text(Digits(minutes));
+    eMin().SetFocus();
+}
+
+void winSet::aMin_Down() {
+    Int64 minutes = Number(eMin()) - 1;
+    if (minutes < 0) {
+        minutes = 0;
+        eSec().Text("00");
+    }
+    eMin().Text(Digits(minutes));
+    eMin().SetFocus();
+}
+
+void winSet::aSec_Up() {
+    if (Val(eMin().Text()) >= kMaxMinutes) {
+        eSec().Text("00");
+        return;
+    }
+    Int64 seconds = Number(eSec()) + 1;
+    if (seconds > kMaxSeconds) {
+        seconds = 0;
+        eMin().Text(Digits(Val(eMin().Text()) + 1));
+    }
+    eSec().Text(Digits(seconds));
+    eSec().SetFocus();
+}
+
+void winSet::aSec_Down() {
+    Int64 seconds = Number(eSec()) - 1;
+    if (seconds < 0) {
+        const double minutes = Val(eMin().Text());
+        seconds = minutes > 0 ? kMaxSeconds : 0;
+        if (minutes > 0) eMin().Text(Digits(minutes - 1));
+    }
+    eSec().Text(Digits(seconds));
+    eSec().SetFocus();
+}
+
+bool winSet::eMin_KeyDown(const std::string& key) {
+    const Verdict verdict = Judge(eMin(), key, kMaxMinutes);
+    if (verdict == Verdict::Refused && eMin().Text() == "60") eSec().Text("00");
+    return verdict != Verdict::ToField;
+}
+
+// While the minutes read 60, no key at all reaches the seconds.
+bool winSet::eSec_KeyDown(const std::string& key) {
+    if (eMin().Text() == "60") {
+        eSec().Text("00");
+        return true;
+    }
+    return Judge(eSec(), key, kMaxSeconds) != Verdict::ToField;
+}
+
+void winSet::eMin_LostFocus() { eMin().Text(Digits(Val(eMin().Text()))); }
+
+void winSet::eSec_LostFocus() { eSec().Text(Digits(Val(eSec().Text()))); }

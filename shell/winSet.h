@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Window.h"
+
+/// The Set Timer dialog: minutes and seconds, each a text field with arrows. It has no numbers of its own; every
+/// handler reads them out of the fields. It touches nothing of the timer but the set and the remaining time.
+class winSet final : public Window {
+  public:
+    static winSet& Instance();
+
+    void btnOK_Action();
+    void btnCancel_Action();
+    void aMin_Up();
+    void aMin_Down();
+    bool eMin_KeyDown(const std::string& key);
+    void eMin_LostFocus();
+    bool eSec_KeyDown(const std::string& key);
+    void eSec_LostFocus();
+    void aSec_Up();
+    void aSec_Down();
+    void Event_Open() override;
+
+  private:
+    void Layout() override;
+    void CreateControls() override;
+    void _CreateControls0();
+
+    class EditField& eMin() const;
+    class EditField& eSec() const;
+};
