@@ -45,7 +45,9 @@ void winMain::Dismiss() {
     Find<Canvas>("cvTime").Refresh(false);
 }
 
-void winMain::UpdateDisplay() { Find<Canvas>("cvTime").Refresh(false); }
+void winMain::UpdateDisplay() {
+    Find<Canvas>("cvTime").Refresh(false);
+}
 
 // The clock is repainted at each tick in every state, so that a changed colour shows within a quarter of a second.
 void winMain::TimerRun_Action() {
@@ -62,4 +64,6 @@ void winMain::TimerRun_Action() {
     UpdateDisplay();
 }
 
-void winMain::TimerDone_Action() { Beep(); }
+void winMain::TimerDone_Action() {
+    Beep();
+}

@@ -91,7 +91,8 @@ void DrawMark(Graphics& g, const Face& face, Color color, Int32 i) {
 }
 
 void DrawMarks(Graphics& g, const Face& face, Color color) {
-    for (Int32 i = 0; i < kMarks; ++i) DrawMark(g, face, color, i);
+    for (Int32 i = 0; i < kMarks; ++i)
+        DrawMark(g, face, color, i);
 }
 
 void DrawStatusIcon(Graphics& g, bool isDone, bool isRunning) {
@@ -101,7 +102,9 @@ void DrawStatusIcon(Graphics& g, bool isDone, bool isRunning) {
 
 }  // namespace
 
-void winMain::cvTime_Paint(const Ref<Graphics>& g) { Redraw(g, -1, 0.95, false, false); }
+void winMain::cvTime_Paint(const Ref<Graphics>& g) {
+    Redraw(g, -1, 0.95, false, false);
+}
 
 void winMain::Redraw(Ref<Graphics> g, Int32 seconds, double scale, bool hideIcon, bool showTimeUp) {
     if (!g) g = Find<Canvas>("cvTime").Graphics();

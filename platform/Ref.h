@@ -23,11 +23,9 @@ class Ref {
     Ref() = default;
     Ref(std::nullptr_t) {}
     template <class U>
-        requires std::is_convertible_v<U*, T*>
-    Ref(std::shared_ptr<U> object) : object_(std::move(object)) {}
+    requires std::is_convertible_v<U*, T*> Ref(std::shared_ptr<U> object) : object_(std::move(object)) {}
     template <class U>
-        requires std::is_convertible_v<U*, T*>
-    Ref(const Ref<U>& other) : object_(other.Shared()) {}
+    requires std::is_convertible_v<U*, T*> Ref(const Ref<U>& other) : object_(other.Shared()) {}
 
     T* operator->() const { return &**this; }
     T& operator*() const {

@@ -14,19 +14,19 @@ namespace {
 /// The absolute path in an environment variable; empty when it holds none.
 fs::path PathFromEnvironment(const char* variable) {
     const char* const value = std::getenv(variable);
-    const fs::path path = value ? value : "";
+    fs::path path = value ? value : "";
     return path.is_absolute() ? path : fs::path();
 }
 
 fs::path HomeFolder() {
-    const fs::path home = PathFromEnvironment("HOME");
+    fs::path home = PathFromEnvironment("HOME");
     if (!home.empty()) return home;
     const passwd* const user = getpwuid(getuid());
     return user ? user->pw_dir : "";
 }
 
 fs::path ConfiguredFolder() {
-    const fs::path folder = PathFromEnvironment("XDG_CONFIG_HOME");
+    fs::path folder = PathFromEnvironment("XDG_CONFIG_HOME");
     if (!folder.empty()) return folder;
     const fs::path home = HomeFolder();
     return home.empty() ? home : home / ".config";

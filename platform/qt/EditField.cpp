@@ -36,10 +36,15 @@ class FieldWidget final : public QLineEdit {
 
 }  // namespace
 
-EditField::EditField() : RectControl(std::make_unique<Peer>(new FieldWidget(*this))) {}
+EditField::EditField() : RectControl(std::make_unique<Peer>(new FieldWidget(*this))) {
+}
 
-std::string EditField::Text() const { return WidgetOf<FieldWidget>(*this).text().toStdString(); }
-void EditField::Text(const std::string& text) { WidgetOf<FieldWidget>(*this).setText(QString::fromStdString(text)); }
+std::string EditField::Text() const {
+    return WidgetOf<FieldWidget>(*this).text().toStdString();
+}
+void EditField::Text(const std::string& text) {
+    WidgetOf<FieldWidget>(*this).setText(QString::fromStdString(text));
+}
 
 void EditField::SelText(const std::string& text) {
     WidgetOf<FieldWidget>(*this).insert(QString::fromStdString(text));

@@ -6,18 +6,29 @@ namespace {
 
 Int32 ControlCode(int key) {
     switch (key) {
-        case Qt::Key_Return: return 13;
-        case Qt::Key_Enter: return 3;
-        case Qt::Key_Escape: return 27;
-        case Qt::Key_Backspace: return 8;
+        case Qt::Key_Return:
+            return 13;
+        case Qt::Key_Enter:
+            return 3;
+        case Qt::Key_Escape:
+            return 27;
+        case Qt::Key_Backspace:
+            return 8;
         case Qt::Key_Tab:
-        case Qt::Key_Backtab: return 9;
-        case Qt::Key_Delete: return 127;
-        case Qt::Key_Left: return 28;
-        case Qt::Key_Right: return 29;
-        case Qt::Key_Up: return 30;
-        case Qt::Key_Down: return 31;
-        default: return 0;
+        case Qt::Key_Backtab:
+            return 9;
+        case Qt::Key_Delete:
+            return 127;
+        case Qt::Key_Left:
+            return 28;
+        case Qt::Key_Right:
+            return 29;
+        case Qt::Key_Up:
+            return 30;
+        case Qt::Key_Down:
+            return 31;
+        default:
+            return 0;
     }
 }
 

@@ -12,14 +12,16 @@ MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, std::function<void()
     widget_->setNativeMenuBar(false);
     widget_->setAutoFillBackground(true);  // in fullscreen it lies over the controls
     widget_->setCursor(Qt::ArrowCursor);
-    for (const Ref<MenuItem>& menu : bar_->Children()) AddMenu(*menu);
+    for (const Ref<MenuItem>& menu : bar_->Children())
+        AddMenu(*menu);
     Sync();
 }
 
 void MenuBinding::AddMenu(const MenuItem& menu) {
     QMenu* widget = widget_->addMenu(QString::fromStdString(menu.Text()));
     QObject::connect(widget, &QMenu::aboutToShow, widget, enable_);
-    for (const Ref<MenuItem>& item : menu.Children()) AddItem(*widget, item);
+    for (const Ref<MenuItem>& item : menu.Children())
+        AddItem(*widget, item);
 }
 
 void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {

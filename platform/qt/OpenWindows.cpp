@@ -20,7 +20,9 @@ struct LastReference final : QObject {
 
 }  // namespace
 
-void Add(const std::string& key, const std::shared_ptr<Window>& window) { entries.push_back({key, window}); }
+void Add(const std::string& key, const std::shared_ptr<Window>& window) {
+    entries.push_back({key, window});
+}
 
 Window* Find(const std::string& key) {
     const auto entry = std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.key == key; });
@@ -37,7 +39,8 @@ void Remove(const Window& window) {
 
 std::vector<std::shared_ptr<Window>> All() {
     std::vector<std::shared_ptr<Window>> windows;
-    for (const Entry& entry : entries) windows.push_back(entry.window);
+    for (const Entry& entry : entries)
+        windows.push_back(entry.window);
     return windows;
 }
 

@@ -1,8 +1,8 @@
 #include <QtCore/QTimer>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleOption>
-#include <QtGui/QPainter>
 
 #include "platform/Controls.h"
 #include "platform/qt/EventBoundary.h"
@@ -95,4 +95,5 @@ class ArrowsWidget final : public QWidget {
 
 }  // namespace
 
-UpDownArrows::UpDownArrows() : RectControl(std::make_unique<Peer>(new ArrowsWidget(*this))) {}
+UpDownArrows::UpDownArrows() : RectControl(std::make_unique<Peer>(new ArrowsWidget(*this))) {
+}

@@ -15,11 +15,14 @@
 #include "platform/qt/OpenWindows.h"
 #include "platform/qt/RectControlPeer.h"
 
-WindowPeer::WindowPeer(Window& owner) : owner_(owner) {}
+WindowPeer::WindowPeer(Window& owner) : owner_(owner) {
+}
 
 WindowPeer::~WindowPeer() = default;
 
-WindowPeer& WindowPeer::Of(const QWidget& control) { return static_cast<WindowPeer&>(*control.window()); }
+WindowPeer& WindowPeer::Of(const QWidget& control) {
+    return static_cast<WindowPeer&>(*control.window());
+}
 
 void WindowPeer::Build() {
     owner_.Layout();
@@ -58,7 +61,9 @@ void WindowPeer::SetMenuBarVisible(bool on) {
     Arrange();
 }
 
-int WindowPeer::BarHeight() const { return menu_ ? menu_->Widget().sizeHint().height() : 0; }
+int WindowPeer::BarHeight() const {
+    return menu_ ? menu_->Widget().sizeHint().height() : 0;
+}
 
 void WindowPeer::Adopt(const std::string& name, std::unique_ptr<Control> control) {
     if (auto* visible = dynamic_cast<RectControl*>(control.get())) {
@@ -132,7 +137,9 @@ void WindowPeer::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
 }
 
-void WindowPeer::resizeEvent(QResizeEvent*) { Arrange(); }
+void WindowPeer::resizeEvent(QResizeEvent*) {
+    Arrange();
+}
 
 void WindowPeer::Arrange() {
     const int barHeight = BarHeight();
@@ -145,7 +152,8 @@ void WindowPeer::Arrange() {
     const QSize before = content_.size();
     content_.setGeometry(0, top, width(), height() - top);
     if (!isBuilt_ || content_.size() == before) return;
-    for (RectControl* control : RectControls()) FollowEdges(*control, before, content_.size());
+    for (RectControl* control : RectControls())
+        FollowEdges(*control, before, content_.size());
     // X11 doesn't tell the last step of a resize from the others, so each step is both.
     Deliver([this] { owner_.Event_Resizing(); });
     Deliver([this] { owner_.Event_Resized(); });
@@ -236,7 +244,8 @@ void WindowPeer::Choose(const MenuItem& item) {
     if (const auto handler = handlers_.find(item.Name()); handler != handlers_.end()) {
         Deliver(handler->second);
     } else if (dynamic_cast<const QuitMenuItem*>(&item)) {
-        for (const auto& window : open_windows::All()) window->Close();
+        for (const auto& window : open_windows::All())
+            window->Close();
     } else {
         edit_commands::Run(item.Name());
     }

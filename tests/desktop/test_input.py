@@ -1,0 +1,119 @@
+"""Clicks, keys and the pointer on the timer window."""
+
+from Xlib import X
+
+from desktop import DesktopTest, main, wait_until
+
+KEYS = ("Return", "KP_Enter", "space")
+INSIDE = ((10, 10), (26, 26), (10, 26), (26, 10))
+OUTSIDE = ((9, 10), (27, 10), (10, 9), (10, 27), (220, 114))
+
+
+class InputTest(DesktopTest):
+    def test_a_click_within_the_icon_starts_and_stops(self):
+        timer = self.launch()
+        timer.set_time(50, 0)
+        for state, place in zip(("running", "stopped") * 2, INSIDE):
+            timer.click(*place)
+            timer.wait_for(state)
+
+    def test_a_click_outside_of_the_icon_does_nothing(self):
+        timer = self.launch()
+        timer.set_time(50, 0)
+        for place in OUTSIDE:
+            with self.subTest(place):
+                timer.click(*place)
+                self.assert_stopped(timer)
+
+    def test_the_icon_is_the_same_square_on_a_dense_screen(self):
+        timer = self.launch(scale=2)
+        timer.set_time(50, 0)
+        timer.click(27, 26)
+        self.assert_stopped(timer)
+        timer.click(26, 26)
+        timer.wait_for("running")
+
+    def test_the_pointer_is_a_hand_on_the_icon_only(self):
+        timer = self.launch()
+        arrow = self.desktop.cursor()
+        timer.move(18, 18)
+        wait_until(lambda: self.desktop.cursor() != arrow, "the pointer is a hand")
+        hand = self.desktop.cursor()
+        for place in OUTSIDE + ((18, -3),):
+            timer.move(*place)
+            wait_until(lambda: self.desktop.cursor() == arrow, f"the pointer is an arrow at {place}")
+            for place in INSIDE:
+                timer.move(*place)
+                wait_until(lambda: self.desktop.cursor() == hand, f"the pointer is a hand at {place}")
+
+    def test_each_key_starts_and_stops(self):
+        timer = self.launch()
+        timer.set_time(50, 0)
+        for key in KEYS:
+            for state in ("running", "stopped"):
+                self.desktop.key(key)
+                timer.wait_for(state)
+
+    def test_other_keys_do_nothing(self):
+        timer = self.launch()
+        timer.set_time(50, 0)
+        for key in ("x", "Escape", "Tab", "Down", "ctrl+space", "ctrl+Return"):
+            with self.subTest(key):
+                self.desktop.key(key)
+                self.assert_stopped(timer)
+
+    def test_a_held_key_counts_once(self):
+        timer = self.launch()
+        timer.set_time(50, 0)
+        timer.window.change_attributes(event_mask=X.KeyPressMask)
+        self.desktop.hold("space")
+        for _ in range(6):
+            self.assertEqual(self.desktop.display.next_event().type, X.KeyPress)
+            timer.wait_for("running")
+        self.desktop.let_go("space")
+        self.desktop.key("ctrl+r")
+        self.assert_stopped(timer)
+
+    def test_an_empty_timer_does_not_start(self):
+        timer = self.launch()
+        for command in ("space", "ctrl+r"):
+            self.desktop.key(command)
+        timer.click(18, 18)
+        self.assert_stopped(timer)
+
+    def test_the_menu_starts_and_stops(self):
+        timer = self.launch()
+        timer.set_time(50, 0)
+        for state in ("running", "stopped"):
+            timer.choose("t", "End", "Return")
+            timer.wait_for(state)
+
+    def test_the_alert_is_dismissed_and_the_timer_not_started_again(self):
+        timer = self.launch()
+        exits = {key: lambda key=key: self.desktop.key(key) for key in KEYS + ("ctrl+r",)}
+        exits["click"] = lambda: timer.click(18, 18)
+        exits["menu"] = lambda: timer.choose("t", "End", "Return")
+        for name, leave in exits.items():
+            with self.subTest(name):
+                timer.set_time(0, 1)
+                self.desktop.key("space")
+                timer.wait_for("alert")
+                leave()
+                timer.wait_for("stopped")
+                leave()
+                self.assert_stopped(timer)
+
+    def test_set_timer_opens_in_the_stopped_state_only(self):
+        timer = self.launch()
+        timer.set_time(0, 2)
+        for state, following in (("running", "stopped"), ("alert", "stopped")):
+            self.desktop.key("space")
+            timer.wait_for(state)
+            self.desktop.key("ctrl+t", "space")
+            timer.wait_for(following)
+            self.assertNotIn("Set Timer", self.desktop.windows())
+        self.assert_stopped(timer)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,11 @@
+#include <gmock/gmock.h>
+
+#include "platform/Application.h"
+#include "tests/support/RecordingHost.h"
+
+int main(int argc, char** argv) {
+    testing::InitGoogleMock(&argc, argv);
+    RuntimeInit(argc, argv, "Dwindledial", "org.example.dwindledial");
+    RecordingHost::InstallNew();
+    return RUN_ALL_TESTS();
+}
