@@ -1,7 +1,10 @@
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionFrame>
 
 #include "platform/Controls.h"
 #include "platform/qt/EventBoundary.h"
+#include "platform/qt/FittedText.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/Keys.h"
 #include "platform/qt/RectControlPeer.h"
@@ -10,13 +13,27 @@ namespace {
 
 class FieldWidget final : public QLineEdit {
   public:
-    explicit FieldWidget(EditField& owner) : owner_(owner) { setFont(FontNamed("System")); }
+    explicit FieldWidget(EditField& owner) : owner_(owner) {
+        // The layouts leave a field just the room that its text needs.
+        setTextMargins(-kOwnMargin, 0, -kOwnMargin, 0);
+    }
+
+    /// A text that is set shows whole; one that is typed may scroll.
+    void SetText(const QString& text) {
+        setText(text);
+        Fit();
+    }
 
   protected:
     // Here rather than in keyPressEvent, which never sees the Tab key.
     bool event(QEvent* event) override {
         if (event->type() == QEvent::KeyPress && Consumes(*static_cast<QKeyEvent*>(event))) return true;
         return QLineEdit::event(event);
+    }
+
+    void resizeEvent(QResizeEvent* event) override {
+        QLineEdit::resizeEvent(event);
+        Fit();
     }
 
     void focusOutEvent(QFocusEvent* event) override {
@@ -26,6 +43,18 @@ class FieldWidget final : public QLineEdit {
     }
 
   private:
+    // What QLineEdit leaves free beside its text, besides the text margins.
+    static constexpr int kOwnMargin = 2;
+
+    void Fit() {
+        QStyleOptionFrame option;
+        initStyleOption(&option);
+        constexpr int kCaretWidth = 1;
+        QSize inside = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).size();
+        inside.rwidth() -= kCaretWidth;
+        setFont(FittedFont(FontNamed("System"), text(), inside));
+    }
+
     bool Consumes(const QKeyEvent& event) {
         const std::string key = KeyText(event);
         return !key.empty() && Deliver(owner_.KeyDown, key);
@@ -43,7 +72,7 @@ std::string EditField::Text() const {
     return WidgetOf<FieldWidget>(*this).text().toStdString();
 }
 void EditField::Text(const std::string& text) {
-    WidgetOf<FieldWidget>(*this).setText(QString::fromStdString(text));
+    WidgetOf<FieldWidget>(*this).SetText(QString::fromStdString(text));
 }
 
 void EditField::SelText(const std::string& text) {

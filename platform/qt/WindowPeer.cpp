@@ -178,13 +178,13 @@ void WindowPeer::SetTabOrder() {
     }
 }
 
-// As if by the Tab key, which selects the field's text.
 void WindowPeer::FocusFirstField() {
     for (RectControl* control : RectControls()) {
-        if (dynamic_cast<EditField*>(control)) {
-            control->peer().widget->setFocus(Qt::TabFocusReason);
-            return;
-        }
+        if (!dynamic_cast<EditField*>(control)) continue;
+        auto& field = static_cast<QLineEdit&>(*control->peer().widget);
+        field.setFocus();
+        field.selectAll();
+        return;
     }
 }
 

@@ -146,7 +146,11 @@ class Desktop:
     def picture(self, left, top, width, height):
         header = struct.unpack_from(">25I", self.memory)
         start, line = header[0] + 12 * header[19] + 4 * left, header[12]
-        return Picture([self.memory[start + line * y :][: 4 * width] for y in range(top, top + height)])
+        offsets = (start + line * y for y in range(top, top + height))
+        rows = [bytearray(self.memory[offset : offset + 4 * width]) for offset in offsets]
+        for row in rows:
+            row[3::4] = bytes(width)  # programs write what they like there
+        return Picture(rows)
 
     def cursor(self):
         return list(self.display.xfixes_get_cursor_image(self.root).cursor_image)
