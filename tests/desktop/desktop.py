@@ -259,7 +259,7 @@ class Timer:
                          for x in range(0, icon.width, self.scale))
         differences = {state: sum(abs(a - b) for a, b in zip(shown, known)) for state, known in self.icons.items()}
         nearest = min(differences, key=differences.get)
-        return nearest if differences[nearest] < 2 * len(shown) else None
+        return nearest if differences[nearest] < 20 * len(shown) else None
 
     def wait_for(self, state):
         wait_until(lambda: self.state() == state, f"the timer is {state}")
