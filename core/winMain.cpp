@@ -11,9 +11,7 @@ constexpr Int32 kDesignHeight = 229;
 
 }  // namespace
 
-winMain& winMain::Instance() {
-    return ImplicitInstance<winMain>("winMain.winMain");
-}
+winMain& winMain::Instance() { return ImplicitInstance<winMain>("winMain.winMain"); }
 
 void winMain::Layout() {
     MenuBar(MenuBar1::Instance());

@@ -8,6 +8,7 @@
 #include "platform/Numbers.h"
 #include "platform/Ref.h"
 #include "platform/Window.h"
+#include "settings/default_colours.h"
 
 /// The timer window and hub of the program: the count-down, its clock picture, input, fullscreen and all commands.
 /// Everything in it runs on the main event loop, but for Redraw, which may draw a movie's frame on a worker.
@@ -30,10 +31,11 @@ class winMain final : public Window {
     /// The remaining time in whole seconds, 0 or more: what the wedge shows.
     Int32 CurrentSeconds = 0;
 
-    Color Color_Window_Background;
-    Color Color_Clock_Wedge;
-    Color Color_Clock_Frame;
-    Color Color_Clock_Face;
+    /// What stands here shows until ReadPrefs has run, and when it can't.
+    Color Color_Window_Background = default_colours::kWindowBackground;
+    Color Color_Clock_Wedge = default_colours::kClockWedge;
+    Color Color_Clock_Frame = default_colours::kClockFrame;
+    Color Color_Clock_Face = default_colours::kClockFace;
 
     /// The count has ended and the alert isn't dismissed yet; never true together with IsRunning.
     bool IsDone = false;

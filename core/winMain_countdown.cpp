@@ -45,9 +45,7 @@ void winMain::Dismiss() {
     Find<Canvas>("cvTime").Refresh(false);
 }
 
-void winMain::UpdateDisplay() {
-    Find<Canvas>("cvTime").Refresh(false);
-}
+void winMain::UpdateDisplay() { Find<Canvas>("cvTime").Refresh(false); }
 
 // The clock is repainted at each tick in every state, so that a changed colour shows within a quarter of a second.
 void winMain::TimerRun_Action() {
@@ -64,6 +62,4 @@ void winMain::TimerRun_Action() {
     UpdateDisplay();
 }
 
-void winMain::TimerDone_Action() {
-    Beep();
-}
+void winMain::TimerDone_Action() { Beep(); }

@@ -6,9 +6,7 @@
 namespace {
 
 // The square of the status icon, its edges included. It is fixed, whatever the size of the picture drawn there.
-bool WithinStatusIcon(Int32 x, Int32 y) {
-    return x >= 10 && x <= 26 && y >= 10 && y <= 26;
-}
+bool WithinStatusIcon(Int32 x, Int32 y) { return x >= 10 && x <= 26 && y >= 10 && y <= 26; }
 
 }  // namespace
 
@@ -28,13 +26,9 @@ void winMain::Event_Open() {
     Stop();
 }
 
-void winMain::Event_Resizing() {
-    UpdateDisplay();
-}
+void winMain::Event_Resizing() { UpdateDisplay(); }
 
-void winMain::Event_Resized() {
-    UpdateDisplay();
-}
+void winMain::Event_Resized() { UpdateDisplay(); }
 
 // To close the timer is to quit: nothing is asked, whatever is running.
 void winMain::Event_Close() {

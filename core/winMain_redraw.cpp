@@ -102,9 +102,7 @@ void DrawStatusIcon(Graphics& g, bool isDone, bool isRunning) {
 
 }  // namespace
 
-void winMain::cvTime_Paint(const Ref<Graphics>& g) {
-    Redraw(g, -1, 0.95, false, false);
-}
+void winMain::cvTime_Paint(const Ref<Graphics>& g) { Redraw(g, -1, 0.95, false, false); }
 
 void winMain::Redraw(Ref<Graphics> g, Int32 seconds, double scale, bool hideIcon, bool showTimeUp) {
     if (!g) g = Find<Canvas>("cvTime").Graphics();

@@ -1,12 +1,8 @@
 #include "platform/Dictionary.h"
 
-bool Dictionary::HasKey(const Variant& key) const {
-    return index_.contains(key);
-}
+bool Dictionary::HasKey(const Variant& key) const { return index_.contains(key); }
 
-const Variant& Dictionary::Value(const Variant& key) const {
-    return values_[index_.at(key)];
-}
+const Variant& Dictionary::Value(const Variant& key) const { return values_[index_.at(key)]; }
 
 void Dictionary::Value(const Variant& key, Variant value) {
     const auto [place, isNew] = index_.try_emplace(key, keys_.size());

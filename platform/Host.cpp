@@ -15,22 +15,12 @@ Host& Host::Current() {
     return *current;
 }
 
-void Host::Install(std::unique_ptr<Host> host) {
-    current = std::move(host);
-}
+void Host::Install(std::unique_ptr<Host> host) { current = std::move(host); }
 
-double Microseconds() {
-    return Host::Current().Microseconds();
-}
+double Microseconds() { return Host::Current().Microseconds(); }
 
-void Beep() {
-    Host::Current().Beep();
-}
+void Beep() { Host::Current().Beep(); }
 
-void MsgBox(const std::string& text) {
-    Host::Current().MsgBox(text);
-}
+void MsgBox(const std::string& text) { Host::Current().MsgBox(text); }
 
-void ShowURL(const std::string& url) {
-    Host::Current().ShowURL(url);
-}
+void ShowURL(const std::string& url) { Host::Current().ShowURL(url); }

@@ -18,9 +18,5 @@ I Truncate(double value) {
     return static_cast<I>(value);
 }
 
-inline Int32 ToInt32(double value) {
-    return Truncate<Int32>(value);
-}
-inline Int64 ToInt64(double value) {
-    return Truncate<Int64>(value);
-}
+inline Int32 ToInt32(double value) { return Truncate<Int32>(value); }
+inline Int64 ToInt64(double value) { return Truncate<Int64>(value); }

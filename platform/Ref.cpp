@@ -15,9 +15,7 @@ std::string ReadableName(const std::type_info& type) {
 
 }  // namespace
 
-NilObjectException::NilObjectException(const std::type_info& type) : NilObjectException(ReadableName(type)) {
-}
+NilObjectException::NilObjectException(const std::type_info& type) : NilObjectException(ReadableName(type)) {}
 
 NilObjectException::NilObjectException(const std::string& wanted)
-    : std::runtime_error("NilObjectException: no " + wanted) {
-}
+    : std::runtime_error("NilObjectException: no " + wanted) {}

@@ -118,9 +118,7 @@ double Val(std::string_view text) {
     return ParseNumber(Leading(text, "+-.0123456789eE"));
 }
 
-std::string Str(Int32 number) {
-    return std::to_string(number);
-}
+std::string Str(Int32 number) { return std::to_string(number); }
 
 std::string Str(double number) {
     // Sizes that people use stand in plain digits: 100000, where the very shortest form would be "1e+05".
@@ -156,18 +154,14 @@ Int32 InStr(Int32 start, std::string_view text, std::string_view find) {
     return found == npos ? 0 : Len(text.substr(0, found)) + 1;
 }
 
-Int32 InStr(std::string_view text, std::string_view find) {
-    return InStr(1, text, find);
-}
+Int32 InStr(std::string_view text, std::string_view find) { return InStr(1, text, find); }
 
 std::string Mid(std::string_view text, Int32 start, Int32 length) {
     const std::string_view rest = From(text, start);
     return std::string(rest.substr(0, OffsetBehind(rest, length)));
 }
 
-std::string Mid(std::string_view text, Int32 start) {
-    return std::string(From(text, start));
-}
+std::string Mid(std::string_view text, Int32 start) { return std::string(From(text, start)); }
 
 Int32 Len(std::string_view text) {
     Int32 count = 0;

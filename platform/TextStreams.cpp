@@ -8,6 +8,4 @@ std::string TextInputStream::ReadAll() {
     return std::move(contents).str();
 }
 
-void TextOutputStream::WriteLine(std::string_view text) {
-    file_ << text << '\n';
-}
+void TextOutputStream::WriteLine(std::string_view text) { file_ << text << '\n'; }

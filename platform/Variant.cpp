@@ -36,8 +36,7 @@ Variant::Variant(std::string text) {
 }
 
 Variant::Variant(std::shared_ptr<const std::string> whole, std::string_view part)
-    : value_(SharedText{std::move(whole), part}) {
-}
+    : value_(SharedText{std::move(whole), part}) {}
 
 std::string Variant::StringValue() const {
     const auto* const color = std::get_if<Color>(&value_);

@@ -183,13 +183,9 @@ Variant Preferences::Get(const std::string& key, const Variant& initial) {
     return mDict.Value(key);
 }
 
-void Preferences::Put(const std::string& key, const Variant& value) {
-    mDict.Value(key, value);
-}
+void Preferences::Put(const std::string& key, const Variant& value) { mDict.Value(key, value); }
 
-void Preferences::Clear() {
-    mDict = Dictionary();
-}
+void Preferences::Clear() { mDict = Dictionary(); }
 
 void Preferences::WritePagePrefsFile(const std::string& text) {
     if (PagePrefsFilename.empty()) {
@@ -208,6 +204,4 @@ std::string Preferences::ReadPagePrefsFile() {
     return ReadWhole(PagePrefsFilename).value_or("");
 }
 
-void Preferences::Constructor() {
-    mDict = Dictionary();
-}
+void Preferences::Constructor() { mDict = Dictionary(); }

@@ -1,9 +1,5 @@
 #include "shell/App.h"
 
-App& App::Instance() {
-    return static_cast<App&>(*Application::Registered());
-}
+App& App::Instance() { return static_cast<App&>(*Application::Registered()); }
 
-void App::Event_Open() {
-    AutoQuit(true);
-}
+void App::Event_Open() { AutoQuit(true); }

@@ -77,6 +77,4 @@ void MenuBar1::AddItem(const std::string& menu, const std::string& name, bool au
     Child(menu)->Append(MakeItem<Item>(name, autoEnable, text, shortcut));
 }
 
-void MenuBar1::AddSeparator(const std::string& menu, const std::string& name) {
-    AddItem(menu, name, true, "-");
-}
+void MenuBar1::AddSeparator(const std::string& menu, const std::string& name) { AddItem(menu, name, true, "-"); }

@@ -11,6 +11,4 @@ void ScreensaverUtilities::EnableScreensaverWin() {
     if constexpr (targets::kScreensaverIsSwitched) Host::Current().ReleaseScreenSaver();
 }
 
-void ScreensaverUtilities::DelayScreensaverMac() {
-    Host::Current().DelayScreenSaver();
-}
+void ScreensaverUtilities::DelayScreensaverMac() { Host::Current().DelayScreenSaver(); }

@@ -36,35 +36,15 @@ Slot run_icon, pause_icon, alert_icon, run_mask, pause_mask, alert_mask, about_i
 
 }  // namespace
 
-Ref<Picture> Run_Icon() {
-    return Masked(run_icon, "Run_Icon.bmp", Run_Mask);
-}
-Ref<Picture> Pause_Icon() {
-    return Masked(pause_icon, "Pause_Icon.bmp", Pause_Mask);
-}
-Ref<Picture> Alert_Icon() {
-    return Masked(alert_icon, "Alert_Icon.bmp", Alert_Mask);
-}
+Ref<Picture> Run_Icon() { return Masked(run_icon, "Run_Icon.bmp", Run_Mask); }
+Ref<Picture> Pause_Icon() { return Masked(pause_icon, "Pause_Icon.bmp", Pause_Mask); }
+Ref<Picture> Alert_Icon() { return Masked(alert_icon, "Alert_Icon.bmp", Alert_Mask); }
 
-Ref<Picture> Run_Mask() {
-    return Plain(run_mask, "Run_Mask.bmp");
-}
-Ref<Picture> Pause_Mask() {
-    return Plain(pause_mask, "Pause_Mask.bmp");
-}
-Ref<Picture> Alert_Mask() {
-    return Plain(alert_mask, "Alert_Mask.bmp");
-}
+Ref<Picture> Run_Mask() { return Plain(run_mask, "Run_Mask.bmp"); }
+Ref<Picture> Pause_Mask() { return Plain(pause_mask, "Pause_Mask.bmp"); }
+Ref<Picture> Alert_Mask() { return Plain(alert_mask, "Alert_Mask.bmp"); }
 
-Ref<Picture> AboutIcon() {
-    return Plain(about_icon, "AboutIcon.pict");
-}
-Ref<Picture> AboutMask() {
-    return Plain(about_mask, "AboutMask.pict");
-}
-Ref<Picture> MwRbHzMd() {
-    return Plain(badge, "MwRbHzMd.bmp");
-}
-Ref<Picture> MwRbHzMdMask() {
-    return Plain(badge_mask, "MwRbHzMdMask.bmp");
-}
+Ref<Picture> AboutIcon() { return Plain(about_icon, "AboutIcon.pict"); }
+Ref<Picture> AboutMask() { return Plain(about_mask, "AboutMask.pict"); }
+Ref<Picture> MwRbHzMd() { return Plain(badge, "MwRbHzMd.bmp"); }
+Ref<Picture> MwRbHzMdMask() { return Plain(badge_mask, "MwRbHzMdMask.bmp"); }

@@ -8,13 +8,9 @@
 
 namespace {
 
-void _NewAppInstance() {
-    RuntimeRegisterAppObject(std::make_unique<App>());
-}
+void _NewAppInstance() { RuntimeRegisterAppObject(std::make_unique<App>()); }
 
-void _MakeDefaultView() {
-    winMain::Instance();
-}
+void _MakeDefaultView() { winMain::Instance(); }
 
 void _Startup() {
     _NewAppInstance();

@@ -42,21 +42,13 @@ bool winMain::_TimerStart_Action() {
     return true;
 }
 
-bool winMain::_FilePreferences_Action() {
-    return true;
-}
+bool winMain::_FilePreferences_Action() { return true; }
 
-bool winMain::_FileCreateMovie_Action() {
-    return true;
-}
+bool winMain::_FileCreateMovie_Action() { return true; }
 
-bool winMain::_HelpHelp_Action() {
-    return true;
-}
+bool winMain::_HelpHelp_Action() { return true; }
 
-bool winMain::_HelpAbout_Action() {
-    return true;
-}
+bool winMain::_HelpAbout_Action() { return true; }
 
 bool winMain::_HelpVisitWebsite_Action() {
     ShowURL(addresses::kWebsite);

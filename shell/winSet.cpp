@@ -12,25 +12,15 @@ constexpr Int32 kMaxMinutes = 60;
 constexpr Int32 kMaxSeconds = 59;
 
 /// The whole number in a field; wide enough that counting one up or down can't overflow.
-Int64 Number(const EditField& field) {
-    return ToInt32(Val(field.Text()));
-}
+Int64 Number(const EditField& field) { return ToInt32(Val(field.Text())); }
 
 /// Two digits at least, as the fields show a number.
-std::string Digits(double number) {
-    return Format(number, "00");
-}
-std::string Digits(Int64 number) {
-    return Digits(static_cast<double>(number));
-}
+std::string Digits(double number) { return Format(number, "00"); }
+std::string Digits(Int64 number) { return Digits(static_cast<double>(number)); }
 
 // Control keys, and characters outside of plain ASCII, are left to the field.
-bool IsPrintable(const std::string& key) {
-    return key >= " " && key <= "~";
-}
-bool IsDigit(const std::string& key) {
-    return key >= "0" && key <= "9";
-}
+bool IsPrintable(const std::string& key) { return key >= " " && key <= "~"; }
+bool IsDigit(const std::string& key) { return key >= "0" && key <= "9"; }
 
 /// Whether a key may go into the field. A digit is judged by the value of the whole text with the digit put at its end,
 /// wherever the caret is; the field's selection goes before. A digit that is refused leaves the text as it was.
@@ -48,16 +38,10 @@ Verdict Judge(EditField& field, const std::string& key, Int32 highest) {
 
 }  // namespace
 
-winSet& winSet::Instance() {
-    return ImplicitInstance<winSet>("winSet.winSet");
-}
+winSet& winSet::Instance() { return ImplicitInstance<winSet>("winSet.winSet"); }
 
-EditField& winSet::eMin() const {
-    return Find<EditField>("eMin");
-}
-EditField& winSet::eSec() const {
-    return Find<EditField>("eSec");
-}
+EditField& winSet::eMin() const { return Find<EditField>("eMin"); }
+EditField& winSet::eSec() const { return Find<EditField>("eSec"); }
 
 void winSet::Layout() {
     Title("Set Timer");
@@ -67,9 +51,7 @@ void winSet::Layout() {
     Height(74);
 }
 
-void winSet::CreateControls() {
-    _CreateControls0();
-}
+void winSet::CreateControls() { _CreateControls0(); }
 
 // Neither button is the window's cancel button: Escape does nothing.
 void winSet::_CreateControls0() {
@@ -127,9 +109,7 @@ void winSet::btnOK_Action() {
     Close();
 }
 
-void winSet::btnCancel_Action() {
-    Close();
-}
+void winSet::btnCancel_Action() { Close(); }
 
 void winSet::aMin_Up() {
     const Int64 minutes = std::min<Int64>(Number(eMin()) + 1, kMaxMinutes);
@@ -188,10 +168,6 @@ bool winSet::eSec_KeyDown(const std::string& key) {
     return Judge(eSec(), key, kMaxSeconds) != Verdict::ToField;
 }
 
-void winSet::eMin_LostFocus() {
-    eMin().Text(Digits(Val(eMin().Text())));
-}
+void winSet::eMin_LostFocus() { eMin().Text(Digits(Val(eMin().Text()))); }
 
-void winSet::eSec_LostFocus() {
-    eSec().Text(Digits(Val(eSec().Text())));
-}
+void winSet::eSec_LostFocus() { eSec().Text(Digits(Val(eSec().Text()))); }

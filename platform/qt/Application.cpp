@@ -22,9 +22,7 @@ Runtime runtime;
 
 }  // namespace
 
-void Application::AutoQuit(bool on) {
-    QApplication::setQuitOnLastWindowClosed(on);
-}
+void Application::AutoQuit(bool on) { QApplication::setQuitOnLastWindowClosed(on); }
 
 void Application::MouseCursor(MouseCursors cursor) {
     const auto shape = cursor == FingerPointer ? Qt::PointingHandCursor : Qt::ArrowCursor;
@@ -38,9 +36,7 @@ Ref<FolderItem> Application::ExecutableFile() {
     return MakeRef<FolderItem>(std::filesystem::read_symlink("/proc/self/exe", ignored));
 }
 
-Application* Application::Registered() {
-    return runtime.application.get();
-}
+Application* Application::Registered() { return runtime.application.get(); }
 
 void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId) {
     runtime.toolkit = std::make_unique<QApplication>(argc, argv);
@@ -74,9 +70,7 @@ void RuntimeRun() {
     runtime.toolkit.reset();
 }
 
-int RuntimeExit() {
-    return runtime.status;
-}
+int RuntimeExit() { return runtime.status; }
 
 void Quit(int status) {
     runtime.status = status;

@@ -62,11 +62,8 @@ class CanvasWidget final : public QWidget {
 
 }  // namespace
 
-Canvas::Canvas() : RectControl(std::make_unique<Peer>(new CanvasWidget(*this))) {
-}
+Canvas::Canvas() : RectControl(std::make_unique<Peer>(new CanvasWidget(*this))) {}
 
 Canvas::~Canvas() = default;
 
-Ref<Graphics> Canvas::Graphics() {
-    return WidgetOf<CanvasWidget>(*this).CurrentGraphics();
-}
+Ref<Graphics> Canvas::Graphics() { return WidgetOf<CanvasWidget>(*this).CurrentGraphics(); }

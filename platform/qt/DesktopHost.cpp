@@ -9,16 +9,11 @@
 #include "platform/linux/PreferencesFolder.h"
 
 DesktopHost::DesktopHost(const std::string& applicationId, const std::string& name)
-    : screenSaver_(MakeScreenSaver(applicationId, name)) {
-}
+    : screenSaver_(MakeScreenSaver(applicationId, name)) {}
 
-double DesktopHost::Microseconds() {
-    return MicrosecondsSinceBoot();
-}
+double DesktopHost::Microseconds() { return MicrosecondsSinceBoot(); }
 
-void DesktopHost::Beep() {
-    QApplication::beep();
-}
+void DesktopHost::Beep() { QApplication::beep(); }
 
 void DesktopHost::MsgBox(const std::string& text) {
     QMessageBox box(QApplication::activeWindow());
@@ -32,16 +27,8 @@ void DesktopHost::ShowURL(const std::string& url) {
     QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(url)));
 }
 
-void DesktopHost::InhibitScreenSaver() {
-    screenSaver_->Inhibit();
-}
-void DesktopHost::ReleaseScreenSaver() {
-    screenSaver_->Release();
-}
-void DesktopHost::DelayScreenSaver() {
-    screenSaver_->Delay();
-}
+void DesktopHost::InhibitScreenSaver() { screenSaver_->Inhibit(); }
+void DesktopHost::ReleaseScreenSaver() { screenSaver_->Release(); }
+void DesktopHost::DelayScreenSaver() { screenSaver_->Delay(); }
 
-std::filesystem::path DesktopHost::PreferencesFolder() {
-    return UserPreferencesFolder();
-}
+std::filesystem::path DesktopHost::PreferencesFolder() { return UserPreferencesFolder(); }

@@ -19,15 +19,11 @@ Command CommandOf(const std::string& itemName) {
     return command == commands.end() ? nullptr : command->second;
 }
 
-QLineEdit* FocusedField() {
-    return dynamic_cast<QLineEdit*>(QApplication::focusWidget());
-}
+QLineEdit* FocusedField() { return dynamic_cast<QLineEdit*>(QApplication::focusWidget()); }
 
 }  // namespace
 
-bool IsAvailable(const std::string& itemName) {
-    return CommandOf(itemName) && FocusedField();
-}
+bool IsAvailable(const std::string& itemName) { return CommandOf(itemName) && FocusedField(); }
 
 void Run(const std::string& itemName) {
     if (IsAvailable(itemName)) CommandOf(itemName)(*FocusedField());

@@ -65,19 +65,12 @@ class FieldWidget final : public QLineEdit {
 
 }  // namespace
 
-EditField::EditField() : RectControl(std::make_unique<Peer>(new FieldWidget(*this))) {
-}
+EditField::EditField() : RectControl(std::make_unique<Peer>(new FieldWidget(*this))) {}
 
-std::string EditField::Text() const {
-    return WidgetOf<FieldWidget>(*this).text().toStdString();
-}
-void EditField::Text(const std::string& text) {
-    WidgetOf<FieldWidget>(*this).SetText(QString::fromStdString(text));
-}
+std::string EditField::Text() const { return WidgetOf<FieldWidget>(*this).text().toStdString(); }
+void EditField::Text(const std::string& text) { WidgetOf<FieldWidget>(*this).SetText(QString::fromStdString(text)); }
 
-void EditField::SelText(const std::string& text) {
-    WidgetOf<FieldWidget>(*this).insert(QString::fromStdString(text));
-}
+void EditField::SelText(const std::string& text) { WidgetOf<FieldWidget>(*this).insert(QString::fromStdString(text)); }
 
 void EditField::Alignment(TextAlignment alignment) {
     const auto horizontal = alignment == TextAlignment::Left     ? Qt::AlignLeft

@@ -22,9 +22,7 @@ std::string Describe() {
     }
 }
 
-void Print(const std::string& text) {
-    std::fprintf(stderr, "%s\n", text.c_str());
-}
+void Print(const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); }
 
 bool IsNew(const std::string& text) {
     static std::mutex mutex;

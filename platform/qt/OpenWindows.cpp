@@ -20,9 +20,7 @@ struct LastReference final : QObject {
 
 }  // namespace
 
-void Add(const std::string& key, const std::shared_ptr<Window>& window) {
-    entries.push_back({key, window});
-}
+void Add(const std::string& key, const std::shared_ptr<Window>& window) { entries.push_back({key, window}); }
 
 Window* Find(const std::string& key) {
     const auto entry = std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.key == key; });

@@ -21,9 +21,7 @@ QBrush Interior(const RectShape& shape) {
     return shape.Fill() > 0 ? QBrush(ToQColor(shape.FillColor(), shape.Fill())) : QBrush(Qt::NoBrush);
 }
 
-QPen FlatPen(const QColor& color, double width) {
-    return {color, width, Qt::SolidLine, Qt::FlatCap};
-}
+QPen FlatPen(const QColor& color, double width) { return {color, width, Qt::SolidLine, Qt::FlatCap}; }
 
 QRectF Around(const RectShape& shape, Int32 x, Int32 y) {
     return {x - shape.Width() / 2, y - shape.Height() / 2, shape.Width(), shape.Height()};
@@ -40,13 +38,9 @@ PainterGraphics::PainterGraphics(QPaintDevice& widget, QSize logicalSize) : size
     Prepare();
 }
 
-void PainterGraphics::Prepare() {
-    painter_.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-}
+void PainterGraphics::Prepare() { painter_.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform); }
 
-void PainterGraphics::Fill(const QImage& image) {
-    painter_.drawImage(QRect(QPoint(), size_), image);
-}
+void PainterGraphics::Fill(const QImage& image) { painter_.drawImage(QRect(QPoint(), size_), image); }
 
 // Not antialiased: at a fractional scale the surface's last row and column would be covered in part only.
 void PainterGraphics::FillRect(Int32 x, Int32 y, Int32 width, Int32 height) {
@@ -121,9 +115,7 @@ Int32 PainterGraphics::StringHeight(const std::string& text, Int32 wrapWidth) {
         std::ceil(QFontMetricsF(Font()).boundingRect(box, Qt::TextWordWrap, QString::fromStdString(text)).height()));
 }
 
-Int32 PainterGraphics::TextAscent() {
-    return ToInt32(std::round(QFontMetricsF(Font()).ascent()));
-}
+Int32 PainterGraphics::TextAscent() { return ToInt32(std::round(QFontMetricsF(Font()).ascent())); }
 
 void PainterGraphics::DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth, bool condense) {
     const QFont font = Font();

@@ -22,17 +22,12 @@ QImage Picture::Pixels::View() {
     return view;
 }
 
-Picture::Picture(std::unique_ptr<Pixels> pixels) : pixels_(std::move(pixels)) {
-}
+Picture::Picture(std::unique_ptr<Pixels> pixels) : pixels_(std::move(pixels)) {}
 
 Picture::~Picture() = default;
 
-Int32 Picture::Width() const {
-    return pixels_->LogicalSize().width();
-}
-Int32 Picture::Height() const {
-    return pixels_->LogicalSize().height();
-}
+Int32 Picture::Width() const { return pixels_->LogicalSize().width(); }
+Int32 Picture::Height() const { return pixels_->LogicalSize().height(); }
 
 Ref<Graphics> Picture::Graphics() {
     if (!graphics_) graphics_ = MakeRef<PainterGraphics>(pixels_->View(), pixels_->LogicalSize());

@@ -34,16 +34,9 @@ class LabelWidget final : public QLabel {
 
 }  // namespace
 
-StaticText::StaticText() : RectControl(std::make_unique<Peer>(new LabelWidget)) {
-}
+StaticText::StaticText() : RectControl(std::make_unique<Peer>(new LabelWidget)) {}
 
-std::string StaticText::Text() const {
-    return WidgetOf<LabelWidget>(*this).text().toStdString();
-}
-void StaticText::Text(const std::string& text) {
-    WidgetOf<LabelWidget>(*this).SetText(QString::fromStdString(text));
-}
+std::string StaticText::Text() const { return WidgetOf<LabelWidget>(*this).text().toStdString(); }
+void StaticText::Text(const std::string& text) { WidgetOf<LabelWidget>(*this).SetText(QString::fromStdString(text)); }
 
-void StaticText::TextFont(const std::string& name) {
-    WidgetOf<LabelWidget>(*this).SetFont(FontNamed(name));
-}
+void StaticText::TextFont(const std::string& name) { WidgetOf<LabelWidget>(*this).SetFont(FontNamed(name)); }

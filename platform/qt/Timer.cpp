@@ -20,16 +20,10 @@ Timer::Timer() : peer_(std::make_unique<Peer>()) {
 
 Timer::~Timer() = default;
 
-Int32 Timer::Period() const {
-    return peer_->timer.interval();
-}
-void Timer::Period(Int32 milliseconds) {
-    peer_->timer.setInterval(milliseconds);
-}
+Int32 Timer::Period() const { return peer_->timer.interval(); }
+void Timer::Period(Int32 milliseconds) { peer_->timer.setInterval(milliseconds); }
 
-Timer::Modes Timer::Mode() const {
-    return peer_->mode;
-}
+Timer::Modes Timer::Mode() const { return peer_->mode; }
 
 void Timer::Mode(Modes mode) {
     peer_->mode = mode;

@@ -95,5 +95,4 @@ class ArrowsWidget final : public QWidget {
 
 }  // namespace
 
-UpDownArrows::UpDownArrows() : RectControl(std::make_unique<Peer>(new ArrowsWidget(*this))) {
-}
+UpDownArrows::UpDownArrows() : RectControl(std::make_unique<Peer>(new ArrowsWidget(*this))) {}

@@ -3,87 +3,44 @@
 #include "platform/qt/OpenWindows.h"
 #include "platform/qt/WindowPeer.h"
 
-Window::Window() : peer_(std::make_unique<WindowPeer>(*this)) {
-}
+Window::Window() : peer_(std::make_unique<WindowPeer>(*this)) {}
 
 Window::~Window() = default;
 
-std::string Window::Title() const {
-    return peer_->windowTitle().toStdString();
-}
-void Window::Title(const std::string& title) {
-    peer_->setWindowTitle(QString::fromStdString(title));
-}
+std::string Window::Title() const { return peer_->windowTitle().toStdString(); }
+void Window::Title(const std::string& title) { peer_->setWindowTitle(QString::fromStdString(title)); }
 
 // geometry() is the window's inside; its frame belongs to the window manager.
-Int32 Window::Left() const {
-    return peer_->geometry().left();
-}
-void Window::Left(Int32 left) {
-    peer_->setGeometry(QRect(QPoint(left, Top()), peer_->size()));
-}
+Int32 Window::Left() const { return peer_->geometry().left(); }
+void Window::Left(Int32 left) { peer_->setGeometry(QRect(QPoint(left, Top()), peer_->size())); }
 
-Int32 Window::Top() const {
-    return peer_->geometry().top();
-}
-void Window::Top(Int32 top) {
-    peer_->setGeometry(QRect(QPoint(Left(), top), peer_->size()));
-}
+Int32 Window::Top() const { return peer_->geometry().top(); }
+void Window::Top(Int32 top) { peer_->setGeometry(QRect(QPoint(Left(), top), peer_->size())); }
 
-Int32 Window::Width() const {
-    return peer_->width();
-}
-void Window::Width(Int32 width) {
-    peer_->SetSize({width, peer_->height()});
-}
+Int32 Window::Width() const { return peer_->width(); }
+void Window::Width(Int32 width) { peer_->SetSize({width, peer_->height()}); }
 
-Int32 Window::Height() const {
-    return peer_->Content().height();
-}
-void Window::Height(Int32 height) {
-    peer_->SetSize({peer_->width(), height + peer_->BarHeight()});
-}
+Int32 Window::Height() const { return peer_->Content().height(); }
+void Window::Height(Int32 height) { peer_->SetSize({peer_->width(), height + peer_->BarHeight()}); }
 
-void Window::MinSize(Int32 width, Int32 height) {
-    peer_->setMinimumSize(width, height + peer_->BarHeight());
-}
+void Window::MinSize(Int32 width, Int32 height) { peer_->setMinimumSize(width, height + peer_->BarHeight()); }
 
-void Window::BackColor(Color color) {
-    peer_->SetBackground(QColor(color.Red(), color.Green(), color.Blue()));
-}
+void Window::BackColor(Color color) { peer_->SetBackground(QColor(color.Red(), color.Green(), color.Blue())); }
 
-void Window::Frame(Frames frame) {
-    peer_->SetFrame(frame);
-}
+void Window::Frame(Frames frame) { peer_->SetFrame(frame); }
 
-bool Window::Visible() const {
-    return peer_->isVisible();
-}
+bool Window::Visible() const { return peer_->isVisible(); }
 
-Ref<MenuBar> Window::MenuBar() const {
-    return peer_->Bar();
-}
-void Window::MenuBar(const Ref<::MenuBar>& bar) {
-    peer_->SetMenuBar(bar);
-}
+Ref<MenuBar> Window::MenuBar() const { return peer_->Bar(); }
+void Window::MenuBar(const Ref<::MenuBar>& bar) { peer_->SetMenuBar(bar); }
 
-bool Window::MenuBarVisible() const {
-    return peer_->MenuBarVisible();
-}
-void Window::MenuBarVisible(bool on) {
-    peer_->SetMenuBarVisible(on);
-}
+bool Window::MenuBarVisible() const { return peer_->MenuBarVisible(); }
+void Window::MenuBarVisible(bool on) { peer_->SetMenuBarVisible(on); }
 
-bool Window::FullScreen() const {
-    return peer_->isFullScreen();
-}
-void Window::FullScreen(bool on) {
-    peer_->SetFullScreen(on);
-}
+bool Window::FullScreen() const { return peer_->isFullScreen(); }
+void Window::FullScreen(bool on) { peer_->SetFullScreen(on); }
 
-void Window::Maximize() {
-    peer_->Zoom();
-}
+void Window::Maximize() { peer_->Zoom(); }
 
 void Window::Show() {
     peer_->show();
@@ -91,9 +48,7 @@ void Window::Show() {
     peer_->activateWindow();
 }
 
-void Window::ShowWithin(Window& parent, Int32) {
-    peer_->ShowOver(*parent.peer_);
-}
+void Window::ShowWithin(Window& parent, Int32) { peer_->ShowOver(*parent.peer_); }
 
 void Window::ShowModalWithin(Window& parent) {
     const auto alive = shared_from_this();  // closing gives up the list's reference while this still waits
@@ -101,9 +56,7 @@ void Window::ShowModalWithin(Window& parent) {
     peer_->WaitUntilClosed();
 }
 
-void Window::Close() {
-    peer_->close();
-}
+void Window::Close() { peer_->close(); }
 
 void Window::Refresh(bool) {
     peer_->update();
@@ -118,9 +71,7 @@ void Window::_AddMenuHandler(const std::string& itemName, MenuHandler handler) {
     peer_->AddHandler(itemName, std::move(handler));
 }
 
-Window* Window::FindOpen(const std::string& key) {
-    return open_windows::Find(key);
-}
+Window* Window::FindOpen(const std::string& key) { return open_windows::Find(key); }
 
 void Window::Open(const std::string& key, const std::shared_ptr<Window>& window) {
     open_windows::Add(key, window);
@@ -128,9 +79,7 @@ void Window::Open(const std::string& key, const std::shared_ptr<Window>& window)
     if (!window->peer_->IsSheet()) window->peer_->show();
 }
 
-Control* Window::FindControl(const std::string& name) const {
-    return peer_->Find(name);
-}
+Control* Window::FindControl(const std::string& name) const { return peer_->Find(name); }
 
 void Window::Adopt(const std::string& name, std::unique_ptr<Control> control) {
     peer_->Adopt(name, std::move(control));

@@ -15,14 +15,11 @@
 #include "platform/qt/OpenWindows.h"
 #include "platform/qt/RectControlPeer.h"
 
-WindowPeer::WindowPeer(Window& owner) : owner_(owner) {
-}
+WindowPeer::WindowPeer(Window& owner) : owner_(owner) {}
 
 WindowPeer::~WindowPeer() = default;
 
-WindowPeer& WindowPeer::Of(const QWidget& control) {
-    return static_cast<WindowPeer&>(*control.window());
-}
+WindowPeer& WindowPeer::Of(const QWidget& control) { return static_cast<WindowPeer&>(*control.window()); }
 
 void WindowPeer::Build() {
     owner_.Layout();
@@ -61,9 +58,7 @@ void WindowPeer::SetMenuBarVisible(bool on) {
     Arrange();
 }
 
-int WindowPeer::BarHeight() const {
-    return menu_ ? menu_->Widget().sizeHint().height() : 0;
-}
+int WindowPeer::BarHeight() const { return menu_ ? menu_->Widget().sizeHint().height() : 0; }
 
 void WindowPeer::Adopt(const std::string& name, std::unique_ptr<Control> control) {
     if (auto* visible = dynamic_cast<RectControl*>(control.get())) {
@@ -126,10 +121,12 @@ void WindowPeer::Zoom() {
         Qt::QueuedConnection);
 }
 
+// The window manager takes its time to bring the old frame back. Asked for at once, it can be built upon at once.
 void WindowPeer::SetFullScreen(bool on) {
-    Qt::WindowStates states = windowState();
-    states.setFlag(Qt::WindowFullScreen, on);
-    setWindowState(states);
+    if (on == isFullScreen()) return;
+    const QRect frame = std::exchange(frameBeforeFullScreen_, geometry());
+    setWindowState(windowState().setFlag(Qt::WindowFullScreen, on));
+    if (!on && frame.isValid()) setGeometry(frame);
 }
 
 void WindowPeer::changeEvent(QEvent* event) {
@@ -137,9 +134,7 @@ void WindowPeer::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
 }
 
-void WindowPeer::resizeEvent(QResizeEvent*) {
-    Arrange();
-}
+void WindowPeer::resizeEvent(QResizeEvent*) { Arrange(); }
 
 void WindowPeer::Arrange() {
     const int barHeight = BarHeight();

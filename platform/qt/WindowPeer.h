@@ -80,5 +80,6 @@ class WindowPeer final : public QWidget {
     bool isSheet_ = false;
     bool menuBarVisible_ = true;
     bool isClosed_ = false;
+    QRect frameBeforeFullScreen_;
     std::function<void()> closed_;
 };

@@ -88,6 +88,7 @@ class Desktop:
         self.display = stack.enter_context(contextlib.closing(display.Display(self.name)))
         self.display.xfixes_query_version()
         self.root = self.display.screen().root
+        self.root.xfixes_hide_cursor()
         with open(self.home / "Xvfb_screen0", "rb") as file:
             self.memory = stack.enter_context(mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ))
         start(stack, ["openbox"], env=self.environment(self.home), stderr=subprocess.DEVNULL)
@@ -197,16 +198,17 @@ class Dialog:
         wait_until(lambda: self.desktop.has_keys(self.window), "Set Timer has the keyboard")
 
     def click(self, *places):
-        left, top, *_ = self.desktop.place(self.window)
+        (left, top, *_), scale = self.desktop.place(self.window), self.timer.scale
         for x, y in places:
-            self.desktop.click(left + x, top + y)
+            self.desktop.click(left + x * scale, top + y * scale)
 
     def enter(self, minutes, seconds):
-        """The seconds first: once the minutes read 60, nothing more gets into them."""
-        self.desktop.key("Tab", "ctrl+a", *seconds, "shift+Tab", "ctrl+a", *minutes)
+        """The seconds first: while the minutes read 60, no key reaches them."""
+        self.desktop.key("ctrl+a", "0", "Tab", "ctrl+a", *seconds, "shift+Tab", "ctrl+a", *minutes)
 
-    def close(self, button):
-        self.click(button)
+    def close(self, *places):
+        """By clicks, the last of which closes it."""
+        self.click(*places)
         self.wait_closed()
 
     def wait_closed(self):
@@ -276,9 +278,6 @@ class Timer:
             total += 2 * reach
         return round(3600 * (1 - white / total))
 
-    def wait_for_time(self, seconds):
-        wait_until(lambda: self.seconds() == seconds, f"the wedge shows {seconds} s")
-
     def move(self, x, y):
         left, top, *_ = self.place()
         self.desktop.move(left + x * self.scale, top + y * self.scale)
@@ -286,6 +285,12 @@ class Timer:
     def click(self, x, y):
         left, top, *_ = self.place()
         self.desktop.click(left + x * self.scale, top + y * self.scale)
+
+    def arrange(self, left, top, width, height):
+        """Moves the window and gives its canvas a size."""
+        size = width, height + self.bar
+        self.window.configure(x=left, y=top, width=size[0], height=size[1])
+        wait_until(lambda: self.desktop.place(self.window)[2:] == size, f"the window is {size}")
 
     def open_dialog(self):
         self.desktop.key("ctrl+t")
@@ -297,7 +302,7 @@ class Timer:
         dialog.close(Dialog.SET)
 
     def choose(self, menu, *keys):
-        """A command by the keyboard: Alt and the menu's letter, then keys within it."""
+        """By the keyboard alone: Alt and the menu's letter, then keys within it."""
         before = len(self.desktop.menus())
         self.desktop.key(f"alt+{menu}")
         wait_until(lambda: len(self.desktop.menus()) > before, "the menu opens")

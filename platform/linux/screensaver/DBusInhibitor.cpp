@@ -189,12 +189,9 @@ DBusInhibitor::DBusInhibitor(std::string applicationId, std::string reason, std:
     : application_id_(std::move(applicationId)),
       reason_(std::move(reason)),
       patience_(patience),
-      bus_(std::make_unique<SessionBus>()) {
-}
+      bus_(std::make_unique<SessionBus>()) {}
 
-DBusInhibitor::~DBusInhibitor() {
-    Release();
-}
+DBusInhibitor::~DBusInhibitor() { Release(); }
 
 void DBusInhibitor::Inhibit() {
     if (run_) return;

@@ -35,9 +35,7 @@ XServerSaver::XServerSaver() {
     if (auto* connection = Connection()) xcb_prefetch_extension_data(connection, &xcb_screensaver_id);
 }
 
-XServerSaver::~XServerSaver() {
-    Release();
-}
+XServerSaver::~XServerSaver() { Release(); }
 
 void XServerSaver::Inhibit() {
     auto* connection = Connection();

@@ -1,0 +1,156 @@
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <regex>
+#include <string>
+
+#include "platform/Variant.h"
+#include "tests/support/TimerWindowTest.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The colours by the names of their settings.
+using Colours = std::map<std::string, std::string>;
+
+const Colours kDefaults = {{"Color_Window_Background", "#9F9F9F"},
+                           {"Color_Clock_Wedge", "#FF0000"},
+                           {"Color_Clock_Face", "#FFFFFF"},
+                           {"Color_Clock_Frame", "#000000"}};
+
+Colours DefaultsBut(const Colours& others) {
+    Colours colours = others;
+    colours.insert(kDefaults.begin(), kDefaults.end());
+    return colours;
+}
+
+std::string Entry(const std::string& key, const std::string& value) {
+    return "<key>" + key + "</key><string>" + value + "</string>";
+}
+
+class TimerSettingsTest : public TimerWindowTest {
+  protected:
+    static void CloseTimer() {
+        Timer().Close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    static Colours Shown() {
+        const auto text = [](Color color) { return Variant(color).StringValue(); };
+        return {{"Color_Window_Background", text(Timer().Color_Window_Background)},
+                {"Color_Clock_Wedge", text(Timer().Color_Clock_Wedge)},
+                {"Color_Clock_Face", text(Timer().Color_Clock_Face)},
+                {"Color_Clock_Frame", text(Timer().Color_Clock_Frame)}};
+    }
+
+    void Save(const std::string& text) const { std::ofstream(file, std::ios::binary) << text; }
+    std::string Load() const {
+        std::ifstream stream(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+    /// All that the file holds; an entry that stands there twice shows as such.
+    Colours Saved() const {
+        static const std::regex entry("<key>(.*)</key>\\s*<string>(.*)</string>");
+        const std::string text = Load();
+        Colours saved;
+        for (std::sregex_iterator match(text.begin(), text.end(), entry), end; match != end; ++match)
+            saved[(*match)[1]] += (*match)[2];
+        return saved;
+    }
+
+    const fs::path file = host.preferencesFolder / "DwindledialPrefs.plist";
+};
+
+TEST_F(TimerSettingsTest, AFirstRunShowsTheDefaultsAndLeavesThemBehindAtOnce) {
+    Timer();
+    EXPECT_EQ(Shown(), kDefaults);
+    EXPECT_EQ(Saved(), kDefaults);
+    EXPECT_EQ(std::distance(fs::directory_iterator(host.preferencesFolder), {}), 1);
+    EXPECT_THAT(host.messages, IsEmpty());
+}
+
+TEST_F(TimerSettingsTest, OpensWithWhatTheFileHoldsAndClosesWithFourEntries) {
+    struct Row {
+        std::string file;
+        Colours shown;
+        bool isReplacedAtOnce;
+    };
+    const Row rows[] = {
+        {"", kDefaults, true},
+        {"<plist><dict></dict></plist>\n", kDefaults, true},
+        {Entry("Color_Clock_Wedge", "#0080FF"), DefaultsBut({{"Color_Clock_Wedge", "#0080FF"}}), false},
+        {Entry("foreign", "#123456") + Entry("Color_Clock_Frame", "#654321"),
+         DefaultsBut({{"Color_Clock_Frame", "#654321"}}), false},
+        {Entry("Color_Clock_Face", "a mistake"), DefaultsBut({{"Color_Clock_Face", "#000000"}}), false},
+        {"<key>Color_Clock_Face</key>", DefaultsBut({{"Color_Clock_Face", "#000000"}}), false},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.file);
+        CloseTimer();
+        Save(row.file);
+        EXPECT_EQ(Shown(), row.shown);
+        if (row.isReplacedAtOnce) {
+            EXPECT_EQ(Saved(), row.shown);
+        } else {
+            EXPECT_EQ(Load(), row.file);
+        }
+        CloseTimer();
+        EXPECT_EQ(Saved(), row.shown);
+    }
+    EXPECT_THAT(host.messages, IsEmpty());
+}
+
+TEST_F(TimerSettingsTest, OnlyTheColoursComeBack) {
+    const Colours changed = {{"Color_Window_Background", "#010203"},
+                             {"Color_Clock_Wedge", "#040506"},
+                             {"Color_Clock_Face", "#FDFEFF"},
+                             {"Color_Clock_Frame", "#0A0B0C"}};
+    Timer().Color_Window_Background = RGB(1, 2, 3);
+    Timer().Color_Clock_Wedge = RGB(4, 5, 6);
+    Timer().Color_Clock_Face = RGB(253, 254, 255);
+    Timer().Color_Clock_Frame = RGB(10, 11, 12);
+    Timer().SetMinutes = 7;
+    StartFrom(420);
+    EXPECT_EQ(Saved(), kDefaults);
+    CloseTimer();
+    EXPECT_EQ(RuntimeExit(), 0);
+    EXPECT_EQ(Saved(), changed);
+    EXPECT_EQ(Shown(), changed);
+    EXPECT_FALSE(Timer().IsRunning);
+    EXPECT_EQ(Timer().SetMinutes + Timer().CurrentSeconds, 0);
+}
+
+// A message comes once in the life of a process; these two are the only ones here that make theirs.
+
+TEST_F(TimerSettingsTest, WhereNothingCanBeWrittenItRunsOnTheDefaults) {
+    host.preferencesFolder /= "missing";
+    Timer();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Timer().Visible());
+    EXPECT_EQ(Shown(), kDefaults);
+    CloseTimer();
+    EXPECT_EQ(RuntimeExit(), 1);
+    QCoreApplication::processEvents();
+    EXPECT_THAT(host.messages, ElementsAre("Unexpected error: NilObjectException: no TextOutputStream"));
+}
+
+TEST_F(TimerSettingsTest, WithoutAFolderForSettingsItRuns) {
+    host.preferencesFolder.clear();
+    StartFrom(60);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Timer().Visible());
+    EXPECT_TRUE(Timer().IsRunning);
+    CloseTimer();
+    EXPECT_EQ(RuntimeExit(), 1);
+    QCoreApplication::processEvents();
+    EXPECT_THAT(host.messages, ElementsAre("Unexpected error: NilObjectException: no FolderItem"));
+}
+
+}  // namespace
