@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <span>
 
 #include "platform/Numbers.h"
 #include "platform/Ref.h"
@@ -25,6 +27,9 @@ class Picture {
     /// The mask, a grey picture of the same size: black is opaque, white transparent. With `create`, a picture without
     /// one gets a mask that is all black; otherwise nil stands for none.
     Ref<Picture> Mask(bool create);
+
+    /// The pixels as 0xFFRRGGBB, row by row without padding. They change as the picture is drawn on.
+    std::span<const std::uint32_t> Bits() const;
 
     /// For the toolkit's own use.
     Pixels& pixels() { return *pixels_; }

@@ -29,6 +29,8 @@ Picture::~Picture() = default;
 Int32 Picture::Width() const { return pixels_->LogicalSize().width(); }
 Int32 Picture::Height() const { return pixels_->LogicalSize().height(); }
 
+std::span<const std::uint32_t> Picture::Bits() const { return pixels_->Bits(); }
+
 Ref<Graphics> Picture::Graphics() {
     if (!graphics_) graphics_ = MakeRef<PainterGraphics>(pixels_->View(), pixels_->LogicalSize());
     return graphics_;

@@ -13,6 +13,7 @@ class Picture::Pixels {
     Pixels(QSize logicalSize, double devicePixelRatio);
 
     QImage View();
+    std::span<const QRgb> Bits() const { return memory_; }
     QSize LogicalSize() const { return logicalSize_; }
 
   private:

@@ -239,7 +239,7 @@ TEST_F(ScreenSaverTest, StoppingAndStartingFasterThanTheAnswersLeavesOneHold) {
     EXPECT_EQ(saver.released, 3);
 }
 
-TEST_F(ScreenSaverTest, WhenTheServiceLeavesTheNextIsAskedAndTheSuccessorIsLeftAlone) {
+TEST_F(ScreenSaverTest, WhenTheServiceLeavesTheNextIsAskedAndNobodyTwice) {
     auto saver = std::make_unique<Service>(kSaver);
     auto gnome = std::make_unique<Service>(kGnome);
     inhibitor.Inhibit();
@@ -250,10 +250,17 @@ TEST_F(ScreenSaverTest, WhenTheServiceLeavesTheNextIsAskedAndTheSuccessorIsLeftA
     Service successor(kSaver), mate(kMate);
     gnome.reset();
     ExpectHolds(mate, 1);
-    inhibitor.Release();
-    ExpectHolds(mate, 0);
-    successor.Settle();
     EXPECT_EQ(successor.asked, 0);
+}
+
+TEST_F(ScreenSaverTest, ASuccessorIsNotSentWhatItsPredecessorGranted) {
+    auto saver = std::make_unique<Service>(kSaver);
+    inhibitor.Inhibit();
+    ExpectHolds(*saver, 1);
+    saver.reset();
+    Service successor(kSaver);
+    inhibitor.Release();  // No event has told it of the change yet.
+    successor.Settle();
     EXPECT_EQ(successor.released, 0);
 }
 

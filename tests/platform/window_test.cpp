@@ -350,7 +350,9 @@ TEST_F(WindowTest, KeysComeAsOneCharacter) {
                                                  : ElementsAre("KeyDown " + row.heard))
                 << QKeySequence(row.key).toString().toStdString() << (hasField ? " in the field" : "");
         }
-        if (hasField) EXPECT_EQ(window.Find<EditField>("field").Text(), "") << "a consumed key has come through";
+        if (hasField) {
+            EXPECT_EQ(window.Find<EditField>("field").Text(), "") << "a consumed key has come through";
+        }
     }
 }
 

@@ -141,7 +141,9 @@ TEST_F(MenuTest, TheWindowShowsItAndGivesEachItemByItsName) {
         EXPECT_EQ(item, MenuBar1::Instance()->Child(row.name));
         EXPECT_EQ(item->Name(), row.name);
         EXPECT_EQ(actions[i]->isSeparator(), row.caption == "-");
-        if (row.caption != "-") EXPECT_EQ(actions[i]->text().toStdString(), item->Text());
+        if (row.caption != "-") {
+            EXPECT_EQ(actions[i]->text().toStdString(), item->Text());
+        }
         const auto key = row.shortcut.empty() ? QKeySequence() : QKeySequence(Qt::CTRL | Qt::Key(row.shortcut.back()));
         EXPECT_EQ(actions[i]->shortcut(), key);
     }
@@ -208,7 +210,9 @@ TEST_F(MenuTest, EditItemsActOnTheFocusedField) {
     ASSERT_TRUE(Eventually([] { return QApplication::focusWidget(); }));
     PassBeforeShortcut();
     for (const Row& row : kRows) {
-        if (row.IsEdit()) EXPECT_TRUE(ActionOf(row.name).isEnabled()) << row.name;
+        if (row.IsEdit()) {
+            EXPECT_TRUE(ActionOf(row.name).isEnabled()) << row.name;
+        }
     }
     const std::pair<const char*, const char*> steps[] = {
         {"EditSelectAll", "text"}, {"EditCopy", "text"}, {"EditClear", ""}, {"EditPaste", "text"},
