@@ -37,6 +37,7 @@ void Remove(const Window& window) {
 
 std::vector<std::shared_ptr<Window>> All() {
     std::vector<std::shared_ptr<Window>> windows;
+    windows.reserve(entries.size());
     for (const Entry& entry : entries)
         windows.push_back(entry.window);
     return windows;

@@ -69,9 +69,10 @@ Ref<Picture> FolderItem::OpenAsPicture() const {
     if (image.isNull()) {
         const std::optional<RgbImage> pict = ReadPict(Path());
         if (!pict) return nullptr;
-        image = QImage(pict->bytes.data(), pict->width, pict->height, 3 * pict->width, QImage::Format_RGB888).copy();
+        const qsizetype bytesPerRow = qsizetype{3} * pict->width;
+        image = QImage(pict->bytes.data(), pict->width, pict->height, bytesPerRow, QImage::Format_RGB888).copy();
     }
-    const Ref<Picture> picture = NewPicture(image.width(), image.height(), 32);
+    Ref<Picture> picture = NewPicture(image.width(), image.height(), 32);
     if (picture) static_cast<PainterGraphics&>(*picture->Graphics()).Fill(image);
     return picture;
 }

@@ -40,7 +40,9 @@ class WindowPeer final : public QWidget {
     QWidget& Content() { return content_; }
     void Adopt(const std::string& name, std::unique_ptr<Control> control);
     Control* Find(const std::string& name) const;
-    void AddHandler(const std::string& itemName, Window::MenuHandler handler) { handlers_[itemName] = handler; }
+    void AddHandler(const std::string& itemName, Window::MenuHandler handler) {
+        handlers_[itemName] = std::move(handler);
+    }
 
     void SetFullScreen(bool on);
     void Zoom();

@@ -14,7 +14,7 @@ import tempfile
 import time
 import unittest
 
-from Xlib import X, XK, display, error
+from Xlib import X, XK, display, error, protocol
 from Xlib.ext import xtest
 
 PROGRAM = pathlib.Path(os.environ["DWINDLEDIAL"]).resolve()
@@ -33,7 +33,7 @@ def wait_until(condition, what, timeout=20):
     while not (result := condition()):
         if time.monotonic() > deadline:
             raise AssertionError(f"not within {timeout} s: {what}")
-        time.sleep(0.02)
+        time.sleep(0.01)
     return result
 
 
@@ -93,6 +93,7 @@ class Desktop:
             self.memory = stack.enter_context(mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ))
         start(stack, ["openbox"], env=self.environment(self.home), stderr=subprocess.DEVNULL)
         wait_until(lambda: self.property("_NET_SUPPORTING_WM_CHECK"), "there is a window manager")
+        self.probe = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
 
     def environment(self, home, **more):
         """For a program that is to find nothing but this desktop and an empty home."""
@@ -179,10 +180,28 @@ class Desktop:
     def move(self, x, y):
         self.send(X.MotionNotify, x=x, y=y)
 
-    def click(self, x, y):
+    def press(self, x, y):
         self.move(x, y)
         self.send(X.ButtonPress, 1)
+        self.settle()
+
+    def release(self):
         self.send(X.ButtonRelease, 1)
+
+    def click(self, x, y):
+        self.press(x, y)
+        self.release()
+
+    def settle(self):
+        """The window manager holds up each press to have a look at it, and loses what comes too soon after."""
+        self.probe.delete_property(self.display.intern_atom("_NET_FRAME_EXTENTS"))
+        self.tell(self.probe, "_NET_REQUEST_FRAME_EXTENTS")
+        wait_until(lambda: self.property("_NET_FRAME_EXTENTS", self.probe), "the window manager has caught up")
+
+    def tell(self, window, message):
+        event = protocol.event.ClientMessage(
+            window=window, client_type=self.display.intern_atom(message), data=(32, [0] * 5))
+        self.root.send_event(event, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
 
 
 class Dialog:
@@ -273,7 +292,7 @@ class Timer:
         radius = int(0.35 * min(picture.width, picture.height))
         white = total = 0
         for dy in range(-radius, radius):
-            reach = int(math.sqrt(radius**2 - (dy + 0.5) ** 2))
+            reach = round(math.sqrt(radius**2 - (dy + 0.5) ** 2))
             white += sum(picture.rows[y + dy][4 * (x - reach) + 1 : 4 * (x + reach) : 4]) / 255
             total += 2 * reach
         return round(3600 * (1 - white / total))

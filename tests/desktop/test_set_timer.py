@@ -1,7 +1,5 @@
 """The Set Timer dialog. What it has set is read off the clock, in a window where a second is wide enough to see."""
 
-from Xlib import X
-
 from desktop import DesktopTest, Dialog, main, wait_until
 
 # Neighbours differ in the result, so that none passes by what the one before has left on the clock.
@@ -43,11 +41,10 @@ class SetTimerTest(DesktopTest):
         left, top, *_ = self.desktop.place(dialog.window)
         field = (left + 20, top + 31, 25, 22)
         looks = set()
-        self.desktop.move(left + Dialog.MINUTES_UP[0], top + Dialog.MINUTES_UP[1])
-        self.desktop.send(X.ButtonPress, 1)
+        self.desktop.press(left + Dialog.MINUTES_UP[0], top + Dialog.MINUTES_UP[1])
         # With a caret that blinks, each number has two looks.
         wait_until(lambda: looks.add(b"".join(self.desktop.picture(*field).rows)) or len(looks) > 10, "it repeats")
-        self.desktop.send(X.ButtonRelease, 1)
+        self.desktop.release()
         dialog.close(Dialog.SET)
         wait_until(lambda: self.timer.seconds() >= 5 * 60, "the arrow has counted five times")
 

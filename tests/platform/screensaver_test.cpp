@@ -11,8 +11,13 @@
 #include <QDBusVirtualObject>
 #include <QDeadlineTimer>
 #include <QThread>
+#include <algorithm>
 #include <chrono>
+#include <cstddef>
+#include <cstdlib>
 #include <functional>
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/screensaver/DBusInhibitor.h"

@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 
+#include <QtCore/QRegularExpression>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <regex>
 #include <string>
 
 #include "platform/Variant.h"
@@ -57,11 +57,10 @@ class TimerSettingsTest : public TimerWindowTest {
     }
     /// All that the file holds; an entry that stands there twice shows as such.
     Colours Saved() const {
-        static const std::regex entry("<key>(.*)</key>\\s*<string>(.*)</string>");
-        const std::string text = Load();
+        static const QRegularExpression entry("<key>(.*)</key>\\s*<string>(.*)</string>");
         Colours saved;
-        for (std::sregex_iterator match(text.begin(), text.end(), entry), end; match != end; ++match)
-            saved[(*match)[1]] += (*match)[2];
+        for (const auto& match : entry.globalMatch(QString::fromStdString(Load())))
+            saved[match.captured(1).toStdString()] += match.captured(2).toStdString();
         return saved;
     }
 

@@ -6,6 +6,7 @@
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
+#include <QThread>
 #include <QTimer>
 #include <QVariantMap>
 #include <array>
@@ -13,7 +14,7 @@
 #include <filesystem>
 #include <limits>
 #include <optional>
-#include <thread>
+#include <utility>
 
 namespace {
 
@@ -180,13 +181,16 @@ class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
 
 /// Opening the bus waits for its answer, so it is done on a thread; from then on Qt has it at hand.
 struct DBusInhibitor::SessionBus {
+    ~SessionBus() {
+        if (opening) opening->wait();
+    }
+
     bool open = false;
-    QObject receiver;
-    std::jthread opening;  ///< last, so that it has ended before what it uses goes
+    std::unique_ptr<QThread> opening;
 };
 
 DBusInhibitor::DBusInhibitor(std::string applicationId, std::string reason, std::chrono::milliseconds patience)
-    : application_id_(std::move(applicationId)),
+    : applicationId_(std::move(applicationId)),
       reason_(std::move(reason)),
       patience_(patience),
       bus_(std::make_unique<SessionBus>()) {}
@@ -195,17 +199,11 @@ DBusInhibitor::~DBusInhibitor() { Release(); }
 
 void DBusInhibitor::Inhibit() {
     if (run_) return;
-    run_ = std::make_shared<Run>(application_id_, reason_, patience_);
+    run_ = std::make_shared<Run>(applicationId_, reason_, patience_);
     if (bus_->open) {
         run_->Begin(QDBusConnection::sessionBus());
-    } else if (!bus_->opening.joinable()) {
-        bus_->opening = std::jthread([this, receiver = &bus_->receiver] {
-            QDBusConnection::sessionBus();
-            QMetaObject::invokeMethod(receiver, [this] {
-                bus_->open = true;
-                if (run_) run_->Begin(QDBusConnection::sessionBus());
-            });
-        });
+    } else if (!bus_->opening) {
+        OpenBus();
     }
 }
 
@@ -213,4 +211,14 @@ void DBusInhibitor::Release() {
     if (!run_) return;
     run_->End();
     run_.reset();
+}
+
+void DBusInhibitor::OpenBus() {
+    bus_->opening.reset(QThread::create([] { QDBusConnection::sessionBus(); }));
+    QThread* opening = bus_->opening.get();
+    QObject::connect(opening, &QThread::finished, opening, [this] {
+        bus_->open = true;
+        if (run_) run_->Begin(QDBusConnection::sessionBus());
+    });
+    opening->start();
 }

@@ -16,6 +16,7 @@ class DBusInhibitor final : public ScreenSaver {
     /// A service that has not answered within `patience` is passed over; the next one is asked.
     DBusInhibitor(std::string applicationId, std::string reason,
                   std::chrono::milliseconds patience = std::chrono::seconds(2));
+    /// Waits for the bus while it is being opened, as the end of the process would as well.
     ~DBusInhibitor() override;
 
     void Inhibit() override;
@@ -27,7 +28,9 @@ class DBusInhibitor final : public ScreenSaver {
     class Run;
     struct SessionBus;
 
-    std::string application_id_;
+    void OpenBus();
+
+    std::string applicationId_;
     std::string reason_;
     std::chrono::milliseconds patience_;
     std::shared_ptr<Run> run_;

@@ -54,8 +54,8 @@ void XServerSaver::Release() {
 
 void XServerSaver::Delay() {
     const auto now = std::chrono::steady_clock::now();
-    if (last_delay_ && now - *last_delay_ < kDelayInterval) return;
-    last_delay_ = now;
+    if (lastDelay_ && now - *lastDelay_ < kDelayInterval) return;
+    lastDelay_ = now;
     if (auto* connection = Connection()) {
         xcb_force_screen_saver(connection, XCB_SCREEN_SAVER_RESET);
         xcb_flush(connection);

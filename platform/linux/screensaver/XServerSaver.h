@@ -19,5 +19,5 @@ class XServerSaver final : public ScreenSaver {
 
   private:
     bool suspended_ = false;
-    std::optional<std::chrono::steady_clock::time_point> last_delay_;
+    std::optional<std::chrono::steady_clock::time_point> lastDelay_;
 };
