@@ -36,9 +36,9 @@ void RuntimeInit(int& argc, char** argv, const std::string& name, const std::str
 void RunFrameworkInitialization(const std::function<void()>& startUp);
 /// Makes `application` the program's one application object, owned by the toolkit.
 void RuntimeRegisterAppObject(std::unique_ptr<Application> application);
-/// Runs the event loop until Quit, then releases the windows, the application object and the host.
+/// Runs the event loop until Quit; not at all when the start-up code has thrown.
 void RuntimeRun();
-/// The exit status.
+/// Releases the windows, the application object, the host and the toolkit. Gives the exit status.
 int RuntimeExit();
 
 /// Ends the event loop with a status.

@@ -6,6 +6,7 @@
 #include "platform/Ref.h"
 #include "platform/TextStreams.h"
 
+class EditableMovie;
 class Picture;
 
 /// A reference to a file or folder, which need not exist.
@@ -35,6 +36,9 @@ class FolderItem {
 
     /// The picture in the file (BMP, PNG, PICT); nil when there is none.
     Ref<Picture> OpenAsPicture() const;
+
+    /// A new movie with no track in place of what was there; the file exists from here on. Nil when it can't be made.
+    Ref<EditableMovie> CreateMovie();
 
     /// Four-character codes of owner and type. No file system of Linux keeps them, so nothing is done.
     void MacCreator(const std::string&) {}

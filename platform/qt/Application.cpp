@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What lives from RuntimeInit to the end of RuntimeRun.
+/// What lives from RuntimeInit to RuntimeExit.
 struct Runtime {
     std::unique_ptr<QApplication> toolkit;
     std::unique_ptr<Application> application;
@@ -60,17 +60,18 @@ void RuntimeRegisterAppObject(std::unique_ptr<Application> application) {
 }
 
 void RuntimeRun() {
-    if (!runtime.hasFailed) {
-        Deliver([] { runtime.application->Event_Open(); });
-        QApplication::exec();
-    }
+    if (runtime.hasFailed) return;
+    Deliver([] { runtime.application->Event_Open(); });
+    QApplication::exec();
+}
+
+int RuntimeExit() {
     open_windows::Clear();
     runtime.application.reset();
     Host::Install(nullptr);
     runtime.toolkit.reset();
+    return runtime.status;
 }
-
-int RuntimeExit() { return runtime.status; }
 
 void Quit(int status) {
     runtime.status = status;

@@ -91,7 +91,7 @@ class Desktop:
         self.root.xfixes_hide_cursor()
         with open(self.home / "Xvfb_screen0", "rb") as file:
             self.memory = stack.enter_context(mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ))
-        start(stack, ["openbox"], env=self.environment(self.home), stderr=subprocess.DEVNULL)
+        start(stack, ["openbox"], env=self.environment(self.home), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         wait_until(lambda: self.property("_NET_SUPPORTING_WM_CHECK"), "there is a window manager")
         self.probe = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
 
@@ -170,7 +170,8 @@ class Desktop:
             self.send(X.KeyRelease, self.code(name))
 
     def code(self, name):
-        return self.display.keysym_to_keycode(XK.string_to_keysym(MODIFIERS.get(name, name)))
+        keysym = ord(name) if len(name) == 1 else XK.string_to_keysym(MODIFIERS.get(name, name))
+        return self.display.keysym_to_keycode(keysym)
 
     def key(self, *chords):
         for chord in chords:

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QTimer>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
@@ -199,11 +200,13 @@ TEST_F(WindowTest, AnUnknownExceptionIsReportedToo) {
 
 TEST_F(WindowTest, AFaultWhileClosingEndsTheProgramWithStatus1) {
     Open();
-    Quit(0);
     faulty = "Close";
-    Close();
+    QTimer patience;
+    patience.callOnTimeout([] { QCoreApplication::exit(-1); });
+    patience.start(10'000);
+    QTimer::singleShot(0, qApp, Close);
+    EXPECT_EQ(QCoreApplication::exec(), 1);
     QCoreApplication::processEvents();
-    EXPECT_EQ(RuntimeExit(), 1);
     EXPECT_EQ(Probe::alive, 0);
     EXPECT_THAT(host.messages, IsEmpty());
 }
@@ -349,9 +352,9 @@ TEST_F(WindowTest, KeysComeAsOneCharacter) {
             EXPECT_THAT(heard, row.heard.empty() ? testing::Matcher<std::vector<std::string>>(IsEmpty())
                                                  : ElementsAre("KeyDown " + row.heard))
                 << QKeySequence(row.key).toString().toStdString() << (hasField ? " in the field" : "");
-        }
-        if (hasField) {
-            EXPECT_EQ(window.Find<EditField>("field").Text(), "") << "a consumed key has come through";
+            if (hasField && !row.heard.empty()) {
+                EXPECT_EQ(window.Find<EditField>("field").Text(), "") << "a consumed key has come through";
+            }
         }
     }
 }

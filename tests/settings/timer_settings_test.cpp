@@ -1,8 +1,10 @@
 #include <gmock/gmock.h>
 
 #include <QtCore/QRegularExpression>
+#include <QtCore/QTimer>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <string>
@@ -40,6 +42,15 @@ class TimerSettingsTest : public TimerWindowTest {
     static void CloseTimer() {
         Timer().Close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    /// The status with which `act` ends the program; -1 if the program goes on.
+    static int StatusAfter(const std::function<void()>& act) {
+        QTimer::singleShot(0, qApp, act);
+        QTimer patience;
+        patience.callOnTimeout([] { QCoreApplication::exit(-1); });
+        patience.start(10'000);
+        return QCoreApplication::exec();
     }
 
     static Colours Shown() {
@@ -118,8 +129,7 @@ TEST_F(TimerSettingsTest, OnlyTheColoursComeBack) {
     Timer().SetMinutes = 7;
     StartFrom(420);
     EXPECT_EQ(Saved(), kDefaults);
-    CloseTimer();
-    EXPECT_EQ(RuntimeExit(), 0);
+    EXPECT_EQ(StatusAfter(CloseTimer), 0);
     EXPECT_EQ(Saved(), changed);
     EXPECT_EQ(Shown(), changed);
     EXPECT_FALSE(Timer().IsRunning);
@@ -134,8 +144,7 @@ TEST_F(TimerSettingsTest, WhereNothingCanBeWrittenItRunsOnTheDefaults) {
     QCoreApplication::processEvents();
     EXPECT_TRUE(Timer().Visible());
     EXPECT_EQ(Shown(), kDefaults);
-    CloseTimer();
-    EXPECT_EQ(RuntimeExit(), 1);
+    EXPECT_EQ(StatusAfter(CloseTimer), 1);
     QCoreApplication::processEvents();
     EXPECT_THAT(host.messages, ElementsAre("Unexpected error: NilObjectException: no TextOutputStream"));
 }
@@ -146,8 +155,7 @@ TEST_F(TimerSettingsTest, WithoutAFolderForSettingsItRuns) {
     QCoreApplication::processEvents();
     EXPECT_TRUE(Timer().Visible());
     EXPECT_TRUE(Timer().IsRunning);
-    CloseTimer();
-    EXPECT_EQ(RuntimeExit(), 1);
+    EXPECT_EQ(StatusAfter(CloseTimer), 1);
     QCoreApplication::processEvents();
     EXPECT_THAT(host.messages, ElementsAre("Unexpected error: NilObjectException: no FolderItem"));
 }

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QTimer>
 #include <QtGui/QAction>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
@@ -233,9 +234,11 @@ TEST_F(MenuTest, QuitClosesEverythingAndAsksNothing) {
     FieldWindow::Instance();
     StartFrom(60);
     Timer().Color_Clock_Wedge = RGB(0x12, 0x34, 0x56);
-    Quit(5);
-    Choose("FileQuit");
-    EXPECT_EQ(RuntimeExit(), 0);
+    QTimer patience;
+    patience.callOnTimeout([] { QCoreApplication::exit(-1); });
+    patience.start(10'000);
+    QTimer::singleShot(0, qApp, [] { Choose("FileQuit"); });
+    EXPECT_EQ(QCoreApplication::exec(), 0);
     for (const QWidget* window : QApplication::topLevelWidgets())
         EXPECT_FALSE(window->isVisible()) << window->windowTitle().toStdString();
     EXPECT_THAT(host.messages, ElementsAre());

@@ -7,5 +7,7 @@ int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     RuntimeInit(argc, argv, "Dwindledial", "org.example.dwindledial");
     RecordingHost::InstallNew();
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    RuntimeExit();
+    return result;
 }

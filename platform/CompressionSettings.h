@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// What the frames of a movie are encoded as.
+enum class MovieCodec { Uncompressed = 1, H264, H265, Mpeg4, ProRes4444, PhotoJpeg, Png, Animation };
+
+/// How the frames of a movie are encoded. A plain value.
+struct CompressionSettings {
+    MovieCodec codec = MovieCodec::Uncompressed;
+    /// From 0 (least) to 100 (best). A codec that has no quality takes no notice of it.
+    int quality = 75;
+    /// Frames per second.
+    double frameRate = 1;
+
+    bool operator==(const CompressionSettings&) const = default;
+};
+
+/// A codec as a user chooses it.
+struct CodecChoice {
+    MovieCodec codec;
+    std::string name;
+    bool hasQuality;
+};
+
+/// The codecs that this machine can write, in the order in which they are offered, the usual one first. Empty when there
+/// is none. Uncompressed is what a movie is without a choice, so it is no item of the list. Any thread.
+std::vector<CodecChoice> InstalledCodecs();

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/Numbers.h"
+#include "platform/Ref.h"
+
+class MovieWriter;
+class Picture;
+
+/// The video track of a movie that is being written. It may be made on one thread and used on another, by one thread at
+/// a time.
+class QTVideoTrack {
+  public:
+    explicit QTVideoTrack(std::shared_ptr<MovieWriter> writer) : writer_(std::move(writer)) {}
+
+    /// Frames per second.
+    double FrameRate() const;
+
+    /// Adds a frame, which lasts 1 / FrameRate seconds, at the end of the track. The picture is of the track's size (any
+    /// other is left out) and may be drawn on again as soon as the call returns. Waits while the frames before it are
+    /// too far behind with being written. Once a frame could not be written, those that follow are dropped.
+    void AppendPicture(const Ref<Picture>& picture);
+
+    /// Lets the user choose how the frames are encoded, with `testImage` as the preview, and waits; before the first
+    /// picture, on the main thread. Stores the choice in the track, its frame rate included, and proposes it the next
+    /// time. False, with nothing changed, when the user cancels. A track for which nobody chose is uncompressed.
+    bool SelectCompressionSettings(const Ref<Picture>& testImage);
+
+  private:
+    std::shared_ptr<MovieWriter> writer_;
+};
+
+/// A movie that is being written. The file is closed when the last reference to the movie and its track has gone, on
+/// whatever thread drops it; that waits until all frames are written. A failure is not told.
+class EditableMovie {
+  public:
+    explicit EditableMovie(std::shared_ptr<MovieWriter> writer) : writer_(std::move(writer)) {}
+
+    /// Whether closing makes a movie of what was appended. Otherwise the file stays behind in pieces. Initially False.
+    bool SaveOnClose() const;
+    void SaveOnClose(bool value);
+
+    /// Adds a track of `width` times `height` pixels and `frameRate` frames per second. Nil when a QuickTime file can't
+    /// have such a track (sides go from 1 to 65,535), or when the movie has its track already.
+    Ref<QTVideoTrack> NewVideoTrack(Int32 width, Int32 height, double frameRate);
+
+  private:
+    std::shared_ptr<MovieWriter> writer_;
+};

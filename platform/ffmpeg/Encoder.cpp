@@ -1,0 +1,119 @@
+#include "platform/ffmpeg/Encoder.h"
+
+#include <cmath>
+#include <string>
+#include <utility>
+
+#include "platform/ffmpeg/Codecs.h"
+#include "platform/ffmpeg/Timing.h"
+
+extern "C" {
+#include <libavutil/dict.h>
+}
+
+namespace {
+
+/// Enough for two cores, and a bound on the frames that are held in memory at a time.
+constexpr int kThreads = 2;
+
+/// The options with which an encoder is opened.
+class Options {
+  public:
+    explicit Options(const char* text) { av_dict_parse_string(&entries_, text, "=", ",", 0); }
+    ~Options() { av_dict_free(&entries_); }
+    Options(const Options&) = delete;
+    Options& operator=(const Options&) = delete;
+
+    void Set(const char* name, double value) { av_dict_set(&entries_, name, std::to_string(value).c_str(), 0); }
+    AVDictionary** Entries() { return &entries_; }
+
+  private:
+    AVDictionary* entries_ = nullptr;
+};
+
+void SetQuality(AVCodecContext& context, Options& options, const QualityScale& scale, int quality) {
+    const double part = quality / 100.0;
+    if (scale.unit == QualityScale::Unit::RateFactor) options.Set("crf", std::lerp(scale.least, scale.best, part));
+    if (scale.unit == QualityScale::Unit::Quantiser) {
+        // Equal steps of quality are equal ratios of the quantiser.
+        const double quantiser = scale.least * std::pow(scale.best / scale.least, part);
+        context.flags |= AV_CODEC_FLAG_QSCALE;
+        context.qmin = 1;
+        context.global_quality = static_cast<int>(std::lround(FF_QP2LAMBDA * quantiser));
+    }
+}
+
+void SetColours(AVCodecContext& context, const Codec& codec) {
+    if (codec.matrix == AVCOL_SPC_RGB) return;
+    context.color_range = codec.range;
+    context.colorspace = codec.matrix;
+    context.color_primaries = AVCOL_PRI_BT709;
+    context.color_trc = AVCOL_TRC_BT709;
+}
+
+}  // namespace
+
+Encoder::Encoder(const Codec& codec, Sink sink)
+    : codec_(codec),
+      sink_(std::move(sink)),
+      frame_(av_frame_alloc()),
+      received_(av_packet_alloc()),
+      packet_(av_packet_alloc()) {}
+
+std::unique_ptr<Encoder> Encoder::Open(const CompressionSettings& settings, int width, int height, Sink sink) {
+    std::unique_ptr<Encoder> encoder(new Encoder(FindCodec(settings.codec), std::move(sink)));
+    if (!encoder->frame_ || !encoder->received_ || !encoder->packet_) return nullptr;
+    return encoder->Configure(settings, width, height) ? std::move(encoder) : nullptr;
+}
+
+bool Encoder::Configure(const CompressionSettings& settings, int width, int height) {
+    const AVCodec* const encoder = avcodec_find_encoder_by_name(codec_.encoder);
+    context_.reset(encoder ? avcodec_alloc_context3(encoder) : nullptr);
+    const AVRational rate = ExactRate(settings.frameRate, codec_.rateLimit);
+    if (!context_ || !IsUsable(rate)) return false;
+
+    context_->width = width;
+    context_->height = height;
+    context_->pix_fmt = FormatFor(codec_, width, height);
+    context_->framerate = rate;
+    context_->time_base = av_inv_q(rate);
+    context_->sample_aspect_ratio = {1, 1};
+    context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // the container keeps the codec's headers, not each key frame
+    context_->thread_count = kThreads;
+    SetColours(*context_, codec_);
+    Options options(codec_.options);
+    SetQuality(*context_, options, codec_.quality, settings.quality);
+    return avcodec_open2(context_.get(), encoder, options.Entries()) >= 0;
+}
+
+bool Encoder::Write(const AVFrame& frame) {
+    av_frame_unref(frame_.get());
+    if (av_frame_ref(frame_.get(), &frame) < 0) return false;
+    repeats_.push_back(0);
+    return Send();
+}
+
+bool Encoder::Repeat() {
+    if (!codec_.standsAlone) return Send();
+    if (repeats_.empty()) return Deliver();
+    ++repeats_.back();
+    return true;
+}
+
+bool Encoder::Finish() { return avcodec_send_frame(context_.get(), nullptr) >= 0 && Receive(); }
+
+bool Encoder::Send() {
+    frame_->pts = framesSent_++;
+    return avcodec_send_frame(context_.get(), frame_.get()) >= 0 && Receive();
+}
+
+bool Encoder::Receive() {
+    for (;;) {
+        const int result = avcodec_receive_packet(context_.get(), received_.get());
+        if (result == AVERROR(EAGAIN) || result == AVERROR_EOF) return true;
+        if (result < 0) return false;
+        av_packet_unref(packet_.get());
+        av_packet_move_ref(packet_.get(), received_.get());
+        // TODO
+    }
+}
