@@ -4,7 +4,6 @@
 #include <QtCore/QTimer>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iterator>
 #include <map>
 #include <string>
@@ -22,16 +21,14 @@ using testing::IsEmpty;
 /// The colours by the names of their settings.
 using Colours = std::map<std::string, std::string>;
 
-const Colours kDefaults = {{"Color_Window_Background", "#9F9F9F"},
-                           {"Color_Clock_Wedge", "#FF0000"},
-                           {"Color_Clock_Face", "#FFFFFF"},
-                           {"Color_Clock_Frame", "#000000"}};
-
-Colours DefaultsBut(const Colours& others) {
-    Colours colours = others;
-    colours.insert(kDefaults.begin(), kDefaults.end());
+Colours DefaultsBut(Colours colours) {
+    colours.insert({{"Color_Window_Background", "#9F9F9F"},
+                    {"Color_Clock_Wedge", "#FF0000"},
+                    {"Color_Clock_Face", "#FFFFFF"},
+                    {"Color_Clock_Frame", "#000000"}});
     return colours;
 }
+const Colours kDefaults = DefaultsBut({});
 
 std::string Entry(const std::string& key, const std::string& value) {
     return "<key>" + key + "</key><string>" + value + "</string>";
@@ -43,13 +40,8 @@ class TimerSettingsTest : public TimerWindowTest {
         Timer().Close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-
-    /// The status with which `act` ends the program; -1 if the program goes on.
-    static int StatusAfter(const std::function<void()>& act) {
-        QTimer::singleShot(0, qApp, act);
-        QTimer patience;
-        patience.callOnTimeout([] { QCoreApplication::exit(-1); });
-        patience.start(10'000);
+    static int StatusAfterClose() {
+        QTimer::singleShot(0, qApp, CloseTimer);
         return QCoreApplication::exec();
     }
 
@@ -61,7 +53,6 @@ class TimerSettingsTest : public TimerWindowTest {
                 {"Color_Clock_Frame", text(Timer().Color_Clock_Frame)}};
     }
 
-    void Save(const std::string& text) const { std::ofstream(file, std::ios::binary) << text; }
     std::string Load() const {
         std::ifstream stream(file, std::ios::binary);
         return {std::istreambuf_iterator<char>(stream), {}};
@@ -79,7 +70,6 @@ class TimerSettingsTest : public TimerWindowTest {
 };
 
 TEST_F(TimerSettingsTest, AFirstRunShowsTheDefaultsAndLeavesThemBehindAtOnce) {
-    Timer();
     EXPECT_EQ(Shown(), kDefaults);
     EXPECT_EQ(Saved(), kDefaults);
     EXPECT_EQ(std::distance(fs::directory_iterator(host.preferencesFolder), {}), 1);
@@ -90,27 +80,20 @@ TEST_F(TimerSettingsTest, OpensWithWhatTheFileHoldsAndClosesWithFourEntries) {
     struct Row {
         std::string file;
         Colours shown;
-        bool isReplacedAtOnce;
+        bool isReplacedAtOnce = false;
     };
-    const Row rows[] = {
-        {"", kDefaults, true},
-        {"<plist><dict></dict></plist>\n", kDefaults, true},
-        {Entry("Color_Clock_Wedge", "#0080FF"), DefaultsBut({{"Color_Clock_Wedge", "#0080FF"}}), false},
-        {Entry("foreign", "#123456") + Entry("Color_Clock_Frame", "#654321"),
-         DefaultsBut({{"Color_Clock_Frame", "#654321"}}), false},
-        {Entry("Color_Clock_Face", "a mistake"), DefaultsBut({{"Color_Clock_Face", "#000000"}}), false},
-        {"<key>Color_Clock_Face</key>", DefaultsBut({{"Color_Clock_Face", "#000000"}}), false},
-    };
-    for (const Row& row : rows) {
+    for (const Row& row : {Row{"", kDefaults, true}, Row{"<plist><dict></dict></plist>\n", kDefaults, true},
+                           Row{Entry("Color_Clock_Wedge", "#0080FF"), DefaultsBut({{"Color_Clock_Wedge", "#0080FF"}})},
+                           Row{Entry("foreign", "#12") + Entry("Color_Clock_Frame", "#654321"),
+                               DefaultsBut({{"Color_Clock_Frame", "#654321"}})},
+                           Row{Entry("Color_Clock_Face", "a mistake"), DefaultsBut({{"Color_Clock_Face", "#000000"}})},
+                           Row{"<key>Color_Clock_Face</key>", DefaultsBut({{"Color_Clock_Face", "#000000"}})}}) {
         SCOPED_TRACE(row.file);
         CloseTimer();
-        Save(row.file);
+        std::ofstream(file, std::ios::binary) << row.file;
         EXPECT_EQ(Shown(), row.shown);
-        if (row.isReplacedAtOnce) {
-            EXPECT_EQ(Saved(), row.shown);
-        } else {
-            EXPECT_EQ(Load(), row.file);
-        }
+        EXPECT_EQ(Load() == row.file, !row.isReplacedAtOnce);
+        EXPECT_EQ(Saved() == row.shown, row.isReplacedAtOnce);
         CloseTimer();
         EXPECT_EQ(Saved(), row.shown);
     }
@@ -129,22 +112,21 @@ TEST_F(TimerSettingsTest, OnlyTheColoursComeBack) {
     Timer().SetMinutes = 7;
     StartFrom(420);
     EXPECT_EQ(Saved(), kDefaults);
-    EXPECT_EQ(StatusAfter(CloseTimer), 0);
+    EXPECT_EQ(StatusAfterClose(), 0);
     EXPECT_EQ(Saved(), changed);
     EXPECT_EQ(Shown(), changed);
     EXPECT_FALSE(Timer().IsRunning);
     EXPECT_EQ(Timer().SetMinutes + Timer().CurrentSeconds, 0);
 }
 
-// A message comes once in the life of a process; these two are the only ones here that make theirs.
+// A message comes once in the life of a process; no other test here provokes these two.
 
 TEST_F(TimerSettingsTest, WhereNothingCanBeWrittenItRunsOnTheDefaults) {
     host.preferencesFolder /= "missing";
-    Timer();
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(Timer().Visible());
     EXPECT_EQ(Shown(), kDefaults);
-    EXPECT_EQ(StatusAfter(CloseTimer), 1);
+    EXPECT_TRUE(Timer().Visible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(StatusAfterClose(), 1);
     QCoreApplication::processEvents();
     EXPECT_THAT(host.messages, ElementsAre("Unexpected error: NilObjectException: no TextOutputStream"));
 }
@@ -152,10 +134,10 @@ TEST_F(TimerSettingsTest, WhereNothingCanBeWrittenItRunsOnTheDefaults) {
 TEST_F(TimerSettingsTest, WithoutAFolderForSettingsItRuns) {
     host.preferencesFolder.clear();
     StartFrom(60);
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(Timer().Visible());
     EXPECT_TRUE(Timer().IsRunning);
-    EXPECT_EQ(StatusAfter(CloseTimer), 1);
+    EXPECT_TRUE(Timer().Visible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(StatusAfterClose(), 1);
     QCoreApplication::processEvents();
     EXPECT_THAT(host.messages, ElementsAre("Unexpected error: NilObjectException: no FolderItem"));
 }

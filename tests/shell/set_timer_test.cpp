@@ -1,5 +1,3 @@
-#include "shell/winSet.h"
-
 #include <gmock/gmock.h>
 
 #include <QtCore/QDeadlineTimer>
@@ -11,17 +9,27 @@
 #include <QtWidgets/QPushButton>
 #include <functional>
 #include <limits>
+#include <map>
 #include <string>
 
 #include "platform/Controls.h"
-#include "platform/Text.h"
 #include "platform/qt/RectControlPeer.h"
+#include "shell/winSet.h"
 #include "tests/support/TimerWindowTest.h"
 
 namespace {
 
 constexpr Int32 kHighest = std::numeric_limits<Int32>::max();
 constexpr Int32 kLowest = std::numeric_limits<Int32>::min();
+
+/// A row "05:30 keys 05:31": what the fields show, what is done, what they show then.
+struct Step {
+    explicit Step(const std::string& row)
+        : before(row, 0, row.find(' ')),
+          act(row, before.size() + 1, row.rfind(' ') - before.size() - 1),
+          after(row, row.rfind(' ') + 1) {}
+    std::string before, act, after;
+};
 
 class SetTimerTest : public TimerWindowTest {
   protected:
@@ -35,55 +43,57 @@ class SetTimerTest : public TimerWindowTest {
     static void Open() {
         CloseDialog();
         Dialog().ShowWithin(Timer(), -1);
-        ASSERT_TRUE(Eventually([] { return HasFocus("eMin"); }));
+        ASSERT_TRUE(Eventually([] { return QApplication::focusWidget() == &Minutes(); }));
     }
 
-    static QLineEdit& Field(const std::string& name) { return WidgetOf<QLineEdit>(Dialog().Find<EditField>(name)); }
-    static bool HasFocus(const std::string& name) { return QApplication::focusWidget() == &Field(name); }
-    static void Put(const std::string& minutes, const std::string& seconds) {
-        Field("eMin").setText(QString::fromStdString(minutes));
-        Field("eSec").setText(QString::fromStdString(seconds));
+    template <class Widget, class C>
+    static Widget& WidgetNamed(const std::string& name) {
+        return WidgetOf<Widget>(Dialog().Find<C>(name));
     }
-    static std::string Fields() { return (Field("eMin").text() + ":" + Field("eSec").text()).toStdString(); }
+    static QLineEdit& Minutes() { return WidgetNamed<QLineEdit, EditField>("eMin"); }
+    static QLineEdit& Seconds() { return WidgetNamed<QLineEdit, EditField>("eSec"); }
 
-    /// Puts a text with its caret, "1|2", or selection, "[12]", into a field and gives it the focus.
-    static void Put(QLineEdit& field, const std::string& picture) {
-        const QString marked = QString::fromStdString(picture);
-        const auto caret = static_cast<int>(marked.indexOf('|'));
-        const auto start = static_cast<int>(marked.indexOf('['));
-        field.setFocus();
-        field.setText(QString(marked).remove('|').remove('[').remove(']'));
-        if (caret >= 0) field.setCursorPosition(caret);
-        if (start >= 0) field.setSelection(start, static_cast<int>(marked.indexOf(']')) - start - 1);
+    /// What the fields show, as "05:30".
+    static std::string Shown() { return (Minutes().text() + ":" + Seconds().text()).toStdString(); }
+    /// Makes them show it. A field with a caret, "5|:30", or a selection, "[05]:30", gets the focus; it is returned.
+    static QLineEdit& Put(const std::string& picture) {
+        const QStringList parts = QString::fromStdString(picture).split(':');
+        QLineEdit& marked = parts[1].contains('|') || parts[1].contains('[') ? Seconds() : Minutes();
+        if (picture.find_first_of("|[") != std::string::npos) marked.setFocus();
+        for (QLineEdit* field : {&Minutes(), &Seconds()}) {
+            QString text = parts[field == &Seconds()];
+            const auto caret = static_cast<int>(text.indexOf('|'));
+            const auto start = static_cast<int>(text.indexOf('['));
+            const auto end = static_cast<int>(text.indexOf(']'));
+            field->setText(text.remove('|').remove('[').remove(']'));
+            if (caret >= 0) field->setCursorPosition(caret);
+            if (start >= 0) field->setSelection(start, end - start - 1);
+        }
+        return marked;
     }
 
     /// Types characters; control codes stand for the keys that they come from.
-    static void Type(QWidget& widget, const std::string& characters) {
-        const std::pair<char32_t, int> controls[] = {
+    static void Type(QWidget& widget, const std::string& characters, Qt::KeyboardModifiers held = Qt::NoModifier) {
+        static const std::map<char32_t, int> controls = {
             {'\r', Qt::Key_Return},    {3, Qt::Key_Enter},    {27, Qt::Key_Escape}, {'\t', Qt::Key_Tab},
             {'\b', Qt::Key_Backspace}, {127, Qt::Key_Delete}, {28, Qt::Key_Left},   {29, Qt::Key_Right}};
         for (const char32_t character : QString::fromStdString(characters).toStdU32String()) {
-            int key = QChar::toUpper(character) & 0xFFFF;
-            for (const auto& [code, control] : controls) {
-                if (code == character) key = control;
-            }
-            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString::fromUcs4(&character, 1));
+            const auto control = controls.find(character);
+            const int key = control == controls.end() ? QChar::toUpper(character) & 0xFFFF : control->second;
+            QKeyEvent event(QEvent::KeyPress, key, held, QString::fromUcs4(&character, 1));
             QCoreApplication::sendEvent(&widget, &event);
         }
     }
 
-    static void Mouse(QEvent::Type type, const std::string& arrows, bool up) {
-        auto& widget = WidgetOf<QWidget>(Dialog().Find<UpDownArrows>(arrows));
-        const QPointF at(widget.width() / 2.0, up ? 3 : widget.height() - 3);
+    /// Presses or releases an arrow, named as "aMin+" or "aSec-".
+    static void Mouse(QEvent::Type type, const std::string& arrow) {
+        auto& widget = WidgetNamed<QWidget, UpDownArrows>(arrow.substr(0, 4));
+        const QPointF at(widget.width() / 2.0, arrow.back() == '+' ? 3 : widget.height() - 3);
         const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
         QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
         QCoreApplication::sendEvent(&widget, &event);
     }
-    static void Click(const std::string& arrows, bool up) {
-        Mouse(QEvent::MouseButtonPress, arrows, up);
-        Mouse(QEvent::MouseButtonRelease, arrows, up);
-    }
-    static void Push(const std::string& button) { WidgetOf<QPushButton>(Dialog().Find<PushButton>(button)).click(); }
+    static void Push(const std::string& button) { WidgetNamed<QPushButton, PushButton>(button).click(); }
 
     static bool Eventually(const std::function<bool()>& holds) {
         for (const QDeadlineTimer deadline(20'000); !holds() && !deadline.hasExpired();)
@@ -91,7 +101,7 @@ class SetTimerTest : public TimerWindowTest {
         return holds();
     }
 
-    /// Runs the blocking command as a menu would, with `meanwhile` once the dialog is up.
+    /// Runs the blocking command as a menu would, and `meanwhile` once the dialog is up.
     static void Command(const std::function<void()>& meanwhile) {
         bool hasReturned = false;
         QTimer::singleShot(0, [&] {
@@ -110,152 +120,67 @@ class SetTimerTest : public TimerWindowTest {
 };
 
 TEST_F(SetTimerTest, OpensWithTheSetTimeSelectedForTyping) {
-    for (const auto& [minutes, seconds, fields] :
+    for (const auto& [minutes, seconds, shown] :
          {std::tuple(0, 0, "00:00"), {5, 7, "05:07"}, {60, 30, "60:30"}, {999, 0, "999:00"}, {-1, 0, "-01:00"}}) {
         Timer().SetMinutes = minutes;
         Timer().SetSeconds = seconds;
         Timer().CurrentSeconds = 42;
         Open();
-        EXPECT_EQ(Fields(), fields);
-        EXPECT_EQ(Field("eMin").selectedText(), Field("eMin").text());
-        EXPECT_FALSE(Field("eMin").isReadOnly() || Field("eSec").isReadOnly());
+        EXPECT_EQ(Shown(), shown);
+        EXPECT_EQ(Minutes().selectedText(), Minutes().text());
     }
 }
 
 TEST_F(SetTimerTest, ArrowsCarryAndStop) {
-    struct Row {
-        const char* minutes;
-        const char* seconds;
-        const char* arrows;
-        bool up;
-        const char* after;
-    };
-    const Row rows[] = {
-        {"59", "30", "aMin", true, "60:00"},
-        {"60", "00", "aMin", true, "60:00"},
-        {"60", "30", "aMin", true, "60:00"},
-        {"00", "30", "aMin", true, "01:30"},
-        {"01", "30", "aMin", false, "00:30"},
-        {"00", "30", "aMin", false, "00:00"},
-        {"60", "30", "aMin", false, "59:30"},
-        {"05", "59", "aSec", true, "06:00"},
-        {"59", "59", "aSec", true, "60:00"},
-        {"60", "00", "aSec", true, "60:00"},
-        {"60", "30", "aSec", true, "60:00"},
-        {"05", "00", "aSec", false, "04:59"},
-        {"60", "00", "aSec", false, "59:59"},
-        {"60", "30", "aSec", false, "60:29"},
-        {"00", "00", "aSec", false, "00:00"},
+    const char* const steps[] = {
+        "59:30 aMin+ 60:00", "60:00 aMin+ 60:00", "60:30 aMin+ 60:00", "00:30 aMin+ 01:30", "01:30 aMin- 00:30",
+        "00:30 aMin- 00:00", "60:30 aMin- 59:30", "05:59 aSec+ 06:00", "59:59 aSec+ 60:00", "60:00 aSec+ 60:00",
+        "60:30 aSec+ 60:00", "05:00 aSec- 04:59", "60:00 aSec- 59:59", "60:30 aSec- 60:29", "00:00 aSec- 00:00",
         // What only pasting can bring.
-        {"abc", "", "aMin", true, "01:"},
-        {"", "abc", "aSec", true, "00:01"},
-        {"999", "30", "aMin", true, "60:00"},
-        {"999", "30", "aMin", false, "998:30"},
-        {"-5", "30", "aMin", false, "00:00"},
-        {"91", "99", "aSec", true, "91:00"},
-        {"05", "99", "aSec", true, "06:00"},
-        {"2147483647", "0", "aMin", true, "60:00"},
-        {"-2147483648", "0", "aMin", false, "00:00"},
-        {"00", "2147483647", "aSec", true, "01:00"},
-        {"00", "-2147483648", "aSec", false, "00:00"},
-        {"1e999", "00", "aMin", true, "60:00"},
-    };
+        "abc: aMin+ 01:", ":abc aSec+ 00:01", "-5:30 aMin- 00:00", "999:30 aMin+ 60:00", "999:30 aMin- 998:30",
+        "91:99 aSec+ 91:00", "05:99 aSec+ 06:00", "2147483647:0 aMin+ 60:00", "-2147483648:0 aMin- 00:00",
+        "0:2147483647 aSec+ 01:00", "00:-2147483648 aSec- 00:00", "1e999:00 aMin+ 60:00"};
     Open();
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::string(row.minutes) + ":" + row.seconds + " " + row.arrows);
-        Field("eMin").setFocus();
-        Put(row.minutes, row.seconds);
-        const bool isAtStop = row.arrows == std::string("aSec") && row.up && Val(row.minutes) >= 60;
-        Click(row.arrows, row.up);
-        EXPECT_EQ(Fields(), row.after);
-        EXPECT_TRUE(HasFocus(row.arrows == std::string("aSec") && !isAtStop ? "eSec" : "eMin"));
+    for (const char* text : steps) {
+        SCOPED_TRACE(text);
+        const Step step(text);
+        Minutes().setFocus();
+        Put(step.before);
+        const bool isAtStop = Minutes().text().toDouble() >= 60 && step.act == "aSec+";
+        Mouse(QEvent::MouseButtonPress, step.act);
+        Mouse(QEvent::MouseButtonRelease, step.act);
+        EXPECT_EQ(Shown(), step.after);
+        EXPECT_EQ(QApplication::focusWidget(), step.act[1] == 'S' && !isAtStop ? &Seconds() : &Minutes());
     }
 }
 
-TEST_F(SetTimerTest, KeysInTheMinutes) {
-    struct Row {
-        const char* before;
-        const char* seconds;
-        const char* keys;
-        const char* after;
-    };
-    const Row rows[] = {
-        {"[00]", "30", "45", "45:30"},
-        {"|", "30", "7", "7:30"},
-        {"6|", "30", "1", "6:30"},
-        {"00|", "30", "5", "005:30"},
-        {"05|", "30", "8", "058:30"},
-        {"45|", "30", "7", "45:30"},
+TEST_F(SetTimerTest, KeysAreJudgedBeforeTheFieldGetsThem) {
+    const char* const steps[] = {
+        "[00]:30 45 45:30", "|:30 7 7:30", "6|:30 1 6:30", "00|:30 5 005:30", "05|:30 8 058:30", "45|:30 7 45:30",
+        "999|:30 1 999:30", "-1|:30 5 -1:30", "05:[00] 59 05:59", "05:6| 0 05:6", "05:5| 95 05:59", "05:05| 8 05:058",
+        "99999999999999999999|:30 9 99999999999999999999:30",
         // The digit is judged at the end and inserted at the caret.
-        {"|1", "30", "9", "91:30"},
-        {"|1", "30", "6", "61:30"},
-        {"|9", "30", "1", "9:30"},
+        "|1:30 9 91:30", "|1:30 6 61:30", "|9:30 1 9:30", "05:|1 9 05:91",
         // A selection is replaced, or only dropped when the digit is refused.
-        {"[4]5", "30", "5", "55:30"},
-        {"[6]7", "30", "1", "67:30"},
-        // Past the bound: what completes 60 leaves the seconds alone, the next digit clears them.
-        {"[00]", "30", "60", "60:30"},
-        {"60|", "30", "0", "60:00"},
-        {"[60]", "30", "6", "6:30"},
-        {"060|", "30", "5", "060:30"},
+        "[4]5:30 5 55:30", "[6]7:30 1 67:30", "[60]:30 6 6:30",
+        // What completes 60 leaves the seconds alone; the next digit clears them.
+        "[00]:30 60 60:30", "60|:30 0 60:00", "060|:30 5 060:30",
         // Every other character of plain ASCII is swallowed, and none beyond it.
-        {"5|", "30", " !/:;@AZ[`az{~.,+-eEh&", "5:30"},
-        {"[5]", "30", "x", "5:30"},
-        {"5|", "30", "é", "5é:30"},
-        {"12|", "30", "\b", "1:30"},
-        {"|12", "30", "\x7f", "2:30"},
-        {"12|", "30", "\x1c\x1c\x1d\b", "2:30"},
-        {"60|", "30", "\b", "6:30"},
-        {"999|", "30", "1", "999:30"},
-        {"-1|", "30", "5", "-1:30"},
-        {"99999999999999999999|", "30", "9", "99999999999999999999:30"},
-    };
+        "5|:30  !/:;@AZ[`az{~.,+-eEh& 5:30", "[5]:30 x 5:30", "5|:30 é 5é:30", "05:5| x 05:5",
+        // Keys that type nothing are the field's.
+        "12|:30 \b 1:30", "|12:30 \x7f 2:30", "12|:30 \x1c\x1c\x1d\b 2:30", "60|:30 \b 6:30", "05:12| \b 05:1",
+        // While the minutes read 60, no key reaches the seconds, not even the one that leads out.
+        "60:30| 5 60:00", "60:30| x 60:00", "60:30| é 60:00", "60:30| \b 60:00", "60:|30 \x7f 60:00", "60:30| \t 60:00",
+        "60:30| \r 60:00", "60:30| \x1b 60:00", "61:[00] 5 61:5", "060:[00] 5 060:5"};
     Open();
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::string(row.before) + " " + row.keys);
-        Field("eSec").setText(row.seconds);
-        Put(Field("eMin"), row.before);
-        Type(Field("eMin"), row.keys);
-        EXPECT_EQ(Fields(), row.after);
-        EXPECT_FALSE(Field("eMin").hasSelectedText() && *row.keys == '1');
-    }
-}
-
-TEST_F(SetTimerTest, KeysInTheSeconds) {
-    struct Row {
-        const char* minutes;
-        const char* before;
-        const char* keys;
-        const char* after;
-    };
-    const Row rows[] = {
-        {"05", "[00]", "59", "05:59"},
-        {"05", "6|", "0", "05:6"},
-        {"05", "5|", "95", "05:59"},
-        {"05", "|1", "9", "05:91"},
-        {"05", "5|", "x", "05:5"},
-        {"05", "05|", "8", "05:058"},
-        {"05", "12|", "\b", "05:1"},
-        {"61", "[00]", "5", "61:5"},
-        {"060", "[00]", "5", "060:5"},
-        // While the minutes read 60, no key comes through, not even the way out.
-        {"60", "30|", "5", "60:00"},
-        {"60", "30|", "x", "60:00"},
-        {"60", "30|", "\b", "60:00"},
-        {"60", "|30", "\x7f", "60:00"},
-        {"60", "30|", "\t", "60:00"},
-        {"60", "30|", "\r", "60:00"},
-        {"60", "30|", "\x1b", "60:00"},
-        {"60", "30|", "é", "60:00"},
-    };
-    Open();
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::string(row.minutes) + ":" + row.before + " " + row.keys);
-        Put(Field("eSec"), row.before);
-        Field("eMin").setText(row.minutes);
-        Type(Field("eSec"), row.keys);
-        EXPECT_EQ(Fields(), row.after);
-        EXPECT_TRUE(HasFocus("eSec"));
+    for (const char* text : steps) {
+        SCOPED_TRACE(text);
+        const Step step(text);
+        QLineEdit& field = Put(step.before);
+        Type(field, step.act);
+        EXPECT_EQ(Shown(), step.after);
+        EXPECT_EQ(QApplication::focusWidget(), &field);
+        EXPECT_FALSE(field.hasSelectedText() && step.act != "x");
     }
     EXPECT_TRUE(Dialog().Visible());
 }
@@ -263,64 +188,50 @@ TEST_F(SetTimerTest, KeysInTheSeconds) {
 TEST_F(SetTimerTest, AKeyHeldAsACommandTypesNothing) {
     Open();
     for (const auto held : {Qt::AltModifier, Qt::MetaModifier, Qt::ControlModifier}) {
-        for (const char* character : {"7", "x"}) {
-            Put(Field("eMin"), "55|");
-            QKeyEvent event(QEvent::KeyPress, QChar(*character).toUpper().unicode(), held, character);
-            QCoreApplication::sendEvent(&Field("eMin"), &event);
-            EXPECT_EQ(Fields(), "55:00") << character << " with " << held;
+        for (const char* key : {"7", "x"}) {
+            Type(Put("55|:00"), key, held);
+            EXPECT_EQ(Shown(), "55:00") << key << " with " << held;
         }
     }
 }
 
 TEST_F(SetTimerTest, AFieldThatLosesTheFocusShowsTwoDigits) {
     Open();
-    for (const auto& [before, after] : {std::pair("", "00"),
-                                        {"7", "07"},
-                                        {"058", "58"},
-                                        {"abc", "00"},
-                                        {"999", "999"},
-                                        {"5é", "05"},
-                                        {"99999999999999999999", "100000000000000000000"}}) {
-        Put(before, before);
-        Field("eMin").setFocus();
-        Type(Field("eMin"), "\t");
-        EXPECT_TRUE(HasFocus("eSec"));
-        EXPECT_EQ(Fields(), std::string(after) + ":" + before);
-        Field("eMin").setFocus();
-        EXPECT_EQ(Fields(), std::string(after) + ":" + after);
+    const std::pair<std::string, std::string> rows[] = {{"", "00"},
+                                                        {"7", "07"},
+                                                        {"058", "58"},
+                                                        {"abc", "00"},
+                                                        {"999", "999"},
+                                                        {"5é", "05"},
+                                                        {"1e20", "100000000000000000000"}};
+    for (const auto& [before, after] : rows) {
+        Type(Put("|" + before + ":" + before), "\t");
+        EXPECT_EQ(QApplication::focusWidget(), &Seconds());
+        EXPECT_EQ(Shown(), after + ":" + before);
+        Minutes().setFocus();
+        EXPECT_EQ(Shown(), after + ":" + after);
     }
 }
 
 TEST_F(SetTimerTest, SetTakesWhatTheFieldsHold) {
     struct Row {
-        const char* minutes;
-        const char* seconds;
+        const char* shown;
         Int32 setMinutes, setSeconds, currentSeconds;
     };
-    const Row rows[] = {
-        {"07", "05", 7, 5, 425},
-        {"7", "007", 7, 7, 427},
-        {"00", "00", 0, 0, 0},
-        {"60", "30", 60, 30, 3630},
-        {"91", "", 91, 0, 5460},
-        {"999", "abc", 999, 0, 59940},
-        {"-1", "5", -1, 5, -55},
-        {"99999999999999999999", "59", kHighest, 59, kHighest},
-        {"35791394", "99999999999", 35791394, kHighest, kHighest},
-        {"-99999999999", "-1", kLowest, -1, kLowest},
-        {"1e999", "0", kHighest, 0, kHighest},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.minutes);
+    for (const Row& row :
+         {Row{"07:05", 7, 5, 425}, Row{"7:007", 7, 7, 427}, Row{"00:00", 0, 0, 0}, Row{"60:30", 60, 30, 3630},
+          Row{"91:", 91, 0, 5460}, Row{"999:abc", 999, 0, 59940}, Row{"-1:5", -1, 5, -55},
+          Row{"99999999999999999999:59", kHighest, 59, kHighest}, Row{"1e999:0", kHighest, 0, kHighest},
+          Row{"35791394:99999999999", 35791394, kHighest, kHighest}, Row{"-99999999999:-1", kLowest, -1, kLowest}}) {
+        SCOPED_TRACE(row.shown);
         Open();
-        Put(row.minutes, row.seconds);
+        Put(row.shown);
         Push("btnOK");
         EXPECT_EQ(Timer().SetMinutes, row.setMinutes);
         EXPECT_EQ(Timer().SetSeconds, row.setSeconds);
         EXPECT_EQ(Timer().CurrentSeconds, row.currentSeconds);
-        EXPECT_FALSE(Timer().IsRunning);
         EXPECT_EQ(Timer().StartSeconds, 0);
-        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        EXPECT_FALSE(Timer().IsRunning);
         QCoreApplication::processEvents();  // the clock paints it
     }
     EXPECT_THAT(host.messages, testing::IsEmpty());
@@ -329,25 +240,21 @@ TEST_F(SetTimerTest, SetTakesWhatTheFieldsHold) {
 TEST_F(SetTimerTest, OnlySetAndReturnChangeTheTimer) {
     struct Row {
         const char* name;
-        std::function<void()> act;
         bool closes, sets;
+        std::function<void()> act;
     };
-    const Row rows[] = {
-        {"Set", [] { Push("btnOK"); }, true, true},
-        {"Return", [] { Type(Field("eMin"), "\r"); }, true, true},
-        {"Enter", [] { Type(Field("eSec"), "\x03"); }, true, true},
-        {"Escape", [] { Type(Field("eMin"), "\x1b"); }, false, false},
-        {"Cancel", [] { Push("btnCancel"); }, true, false},
-        {"Return on Cancel", [] { Type(WidgetOf<QPushButton>(Dialog().Find<PushButton>("btnCancel")), "\r"); }, true,
-         false},
-        {"close button", [] { Field("eMin").window()->close(); }, true, false},
-    };
-    for (const Row& row : rows) {
+    for (const Row& row :
+         {Row{"Set", true, true, [] { Push("btnOK"); }}, Row{"Return", true, true, [] { Type(Minutes(), "\r"); }},
+          Row{"Enter", true, true, [] { Type(Seconds(), "\x03"); }},
+          Row{"Escape", false, false, [] { Type(Minutes(), "\x1b"); }},
+          Row{"Cancel", true, false, [] { Push("btnCancel"); }},
+          Row{"Return on Cancel", true, false, [] { Type(WidgetNamed<QWidget, PushButton>("btnCancel"), "\r"); }},
+          Row{"close button", true, false, [] { Minutes().window()->close(); }}}) {
         SCOPED_TRACE(row.name);
         Timer().SetMinutes = Timer().SetSeconds = Timer().CurrentSeconds = 1;
         Open();
-        Put("12", "34");
-        QWidget* const window = Field("eMin").window();
+        Put("12:34");
+        const QWidget* const window = Minutes().window();
         row.act();
         EXPECT_EQ(window->isVisible(), !row.closes);
         EXPECT_EQ(Timer().SetMinutes, row.sets ? 12 : 1);
@@ -356,17 +263,17 @@ TEST_F(SetTimerTest, OnlySetAndReturnChangeTheTimer) {
     }
 }
 
-TEST_F(SetTimerTest, HeldArrowsRepeatUntilTheyAreReleased) {
+TEST_F(SetTimerTest, AHeldArrowRepeatsUntilItIsReleased) {
     Open();
-    Put("10", "10");
-    Mouse(QEvent::MouseButtonPress, "aMin", false);
-    EXPECT_EQ(Fields(), "09:10");
-    EXPECT_TRUE(Eventually([] { return Val(Field("eMin").text().toStdString()) <= 6; }));
-    Mouse(QEvent::MouseButtonRelease, "aMin", false);
-    const QString released = Field("eMin").text();
-    Mouse(QEvent::MouseButtonPress, "aSec", true);  // takes as long as an arrow that were still held
-    EXPECT_TRUE(Eventually([] { return Val(Field("eSec").text().toStdString()) >= 14; }));
-    EXPECT_EQ(Field("eMin").text(), released);
+    Put("10:10");
+    Mouse(QEvent::MouseButtonPress, "aMin-");
+    EXPECT_EQ(Shown(), "09:10");
+    EXPECT_TRUE(Eventually([] { return Minutes().text().toInt() <= 6; }));
+    Mouse(QEvent::MouseButtonRelease, "aMin-");
+    const QString released = Minutes().text();
+    Mouse(QEvent::MouseButtonPress, "aSec+");  // its repeats give one that was still held the time for its own
+    EXPECT_TRUE(Eventually([] { return Seconds().text().toInt() >= 14; }));
+    EXPECT_EQ(Minutes().text(), released);
 }
 
 TEST_F(SetTimerTest, TheCommandWaitsBesideFullscreen) {
@@ -374,13 +281,12 @@ TEST_F(SetTimerTest, TheCommandWaitsBesideFullscreen) {
         Timer().Left(100);
         Timer().Top(60);
         Timer().Width(501);
-        Timer().Height(300);
         if (fullscreen) Timer()._ViewToggleFullscreen_Action();
         Command([] {
             EXPECT_EQ(Dialog().Top(), Timer().Top() + 30);
             EXPECT_EQ(Dialog().Left(), Timer().Left() + (Timer().Width() - 300) / 2);
             EXPECT_FALSE(Timer().FullScreen());
-            Put("01", "00");
+            Put("01:00");
             Push("btnOK");
         });
         EXPECT_EQ(Timer().CurrentSeconds, 60);

@@ -41,6 +41,13 @@ void RecordingHost::ShowURL(const std::string& url) {
     calls.push_back("ShowURL " + url);
 }
 
+std::filesystem::path RecordingHost::SaveFile(const std::string& filter, const std::string& defaultName) {
+    calls.push_back("SaveFile " + filter + ", " + defaultName);
+    return fileToSave;
+}
+
+void RecordingHost::Launch(const std::filesystem::path& file) { calls.push_back("Launch " + file.string()); }
+
 void RecordingHost::InhibitScreenSaver() {
     ++inhibits;
     calls.emplace_back("InhibitScreenSaver");
@@ -54,4 +61,11 @@ void RecordingHost::ReleaseScreenSaver() {
 void RecordingHost::DelayScreenSaver() {
     ++delays;
     calls.emplace_back("DelayScreenSaver");
+}
+
+bool RecordingHost::SelectCompressionSettings(const Ref<Picture>&, CompressionSettings& settings) {
+    calls.emplace_back("SelectCompressionSettings");
+    proposedCompression = settings;
+    if (isCompressionConfirmed) settings = chosenCompression.value_or(settings);
+    return isCompressionConfirmed;
 }
