@@ -24,6 +24,6 @@ struct CodecChoice {
     bool hasQuality;
 };
 
-/// The codecs that this machine can write, in the order in which they are offered, the usual one first. Empty when there
-/// is none. Uncompressed is what a movie is without a choice, so it is no item of the list. Any thread.
+/// The codecs that this machine can write, in the order in which they are offered, the usual one first. Empty when
+/// there is none. Uncompressed is what a movie is without a choice, so it is no item of the list. Any thread.
 std::vector<CodecChoice> InstalledCodecs();

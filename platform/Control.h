@@ -38,13 +38,23 @@ class RectControl : public Control {
     Property<bool> LockRight = false;
     Property<bool> LockBottom = false;
 
+    /// The group that the control lies in, by name; empty for none. A disabled group disables what lies in it.
+    void InitialParent(const std::string& name);
+
+    // These two may be set on any thread.
+    bool Enabled() const;
+    void Enabled(bool on);
+    bool Visible() const;
+    void Visible(bool on);
+
     /// The place in the order in which the Tab key goes through the window.
     Property<Int32> TabIndex = 0;
 
     void SetFocus();
 
-    /// Asks for a repaint, which comes with the next turn of the event loop; several requests make one. Nothing shows
-    /// of an erased background in between, so both values of `eraseBackground` look the same.
+    /// May be called on any thread. Asks for a repaint, which comes with the next turn of the event loop; several
+    /// requests make one. Nothing shows of an erased background in between, so both values of `eraseBackground` look
+    /// the same.
     void Refresh(bool eraseBackground);
 
     /// For the toolkit's own use.

@@ -7,6 +7,8 @@
 
 // Texts are set narrower, then smaller, where they would not fit their control.
 
+enum class TextAlignment { Left = 1, Centre = 2, Right = 3 };
+
 /// A label.
 class StaticText : public RectControl {
   public:
@@ -16,6 +18,7 @@ class StaticText : public RectControl {
     void Text(const std::string& text);
     /// "System" or "SmallSystem".
     void TextFont(const std::string& name);
+    void TextAlign(TextAlignment alignment);
 };
 
 /// A button.
@@ -35,8 +38,6 @@ class PushButton : public RectControl {
     Property<bool> Cancel = false;
 };
 
-enum class TextAlignment { Left = 1, Centre = 2, Right = 3 };
-
 /// A text field of one line.
 class EditField : public RectControl {
   public:
@@ -46,6 +47,8 @@ class EditField : public RectControl {
     /// commands and don't come here, nor does pasted text.
     std::function<bool(const std::string& key)> KeyDown;
     std::function<void()> LostFocus;
+    /// The text has changed, by whomever.
+    std::function<void()> TextChange;
 
     std::string Text() const;
     void Text(const std::string& text);
@@ -61,4 +64,34 @@ class UpDownArrows : public RectControl {
 
     std::function<void()> Up;
     std::function<void()> Down;
+};
+
+/// A box to tick.
+class CheckBox : public RectControl {
+  public:
+    CheckBox();
+
+    void Caption(const std::string& caption);
+    bool Value() const;
+    void Value(bool on);
+};
+
+/// A titled frame around controls.
+class GroupBox : public RectControl {
+  public:
+    GroupBox();
+
+    void Caption(const std::string& caption);
+};
+
+/// A bar that shows how far a job has come. Its properties may be set on any thread.
+class ProgressBar : public RectControl {
+  public:
+    ProgressBar();
+
+    /// 0 makes the bar indeterminate.
+    Int32 Maximum() const;
+    void Maximum(Int32 maximum);
+    Int32 Value() const;
+    void Value(Int32 value);
 };

@@ -17,9 +17,9 @@ class QTVideoTrack {
     /// Frames per second.
     double FrameRate() const;
 
-    /// Adds a frame, which lasts 1 / FrameRate seconds, at the end of the track. The picture is of the track's size (any
-    /// other is left out) and may be drawn on again as soon as the call returns. Waits while the frames before it are
-    /// too far behind with being written. Once a frame could not be written, those that follow are dropped.
+    /// Adds a frame, which lasts 1 / FrameRate seconds, at the end of the track. The picture is of the track's size
+    /// (any other is left out) and may be drawn on again as soon as the call returns. Waits while the frames before it
+    /// are too far behind with being written. Once a frame could not be written, those that follow are dropped.
     void AppendPicture(const Ref<Picture>& picture);
 
     /// Lets the user choose how the frames are encoded, with `testImage` as the preview, and waits; before the first

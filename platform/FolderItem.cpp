@@ -55,6 +55,14 @@ Ref<TextOutputStream> FolderItem::CreateTextFile() {
     return MakeRef<TextOutputStream>(std::move(file));
 }
 
+void FolderItem::Launch(bool) const { Host::Current().Launch(path_); }
+
+Ref<FolderItem> GetSaveFolderItem(const std::string& filter, const std::string& defaultName) {
+    fs::path file = Host::Current().SaveFile(filter, defaultName);
+    if (file.empty()) return nullptr;
+    return MakeRef<FolderItem>(std::move(file));
+}
+
 Ref<FolderItem> SpecialFolder::Preferences() {
     fs::path folder = Host::Current().PreferencesFolder();
     if (folder.empty()) return nullptr;

@@ -40,6 +40,9 @@ class FolderItem {
     /// A new movie with no track in place of what was there; the file exists from here on. Nil when it can't be made.
     Ref<EditableMovie> CreateMovie();
 
+    /// Opens the file with the desktop's program for its type, in front if `activate`; doesn't wait.
+    void Launch(bool activate) const;
+
     /// Four-character codes of owner and type. No file system of Linux keeps them, so nothing is done.
     void MacCreator(const std::string&) {}
     void MacType(const std::string&) {}
@@ -54,3 +57,7 @@ namespace SpecialFolder {
 Ref<FolderItem> Preferences();
 
 }  // namespace SpecialFolder
+
+/// The file that the user chose in the desktop's dialog for saving, which offers `defaultName` and shows the files of
+/// `filter` (a FileType's text form). Nil when the user cancelled.
+Ref<FolderItem> GetSaveFolderItem(const std::string& filter, const std::string& defaultName);

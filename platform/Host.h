@@ -4,6 +4,11 @@
 #include <memory>
 #include <string>
 
+#include "platform/Ref.h"
+
+class Picture;
+struct CompressionSettings;
+
 /// Everything that reaches outside the process and blocks or can't be undone. The program goes through the functions
 /// below (Microseconds, Beep, ...); they go through the host that is installed: the desktop's, or one that records.
 class Host {
@@ -19,6 +24,12 @@ class Host {
     /// Opens an address, already encoded, in the user's browser; doesn't wait. A failure is not told.
     virtual void ShowURL(const std::string& url) = 0;
 
+    /// Asks for the file to save to and waits: `filter` says which files are shown, as FileType's text form. Asks about
+    /// an existing file itself. Empty when the user cancels.
+    virtual std::filesystem::path SaveFile(const std::string& filter, const std::string& defaultName) = 0;
+    /// Opens a file with the desktop's program for its type; doesn't wait. May be called on any thread.
+    virtual void Launch(const std::filesystem::path& file) = 0;
+
     /// Keeps the screen saver away until ReleaseScreenSaver. Each is harmless when repeated.
     virtual void InhibitScreenSaver() = 0;
     virtual void ReleaseScreenSaver() = 0;
@@ -27,6 +38,10 @@ class Host {
 
     /// The user's folder for settings, made when it is missing; empty when it can't be made.
     virtual std::filesystem::path PreferencesFolder() = 0;
+
+    /// Shows the dialog in which the user chooses how a movie is encoded, with `testImage` as the preview, and waits.
+    /// `settings` come in as the proposal and go out as chosen; False when the user cancels. Main thread.
+    virtual bool SelectCompressionSettings(const Ref<Picture>& testImage, CompressionSettings& settings) = 0;
 
     /// The host in use. There is one from RuntimeInit on.
     static Host& Current();

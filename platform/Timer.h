@@ -20,6 +20,7 @@ class Timer : public Control {
     void Period(Int32 milliseconds);
 
     /// The first firing comes one period after the mode was set, also when it is set to what it was.
+    /// May be set on any thread.
     Modes Mode() const;
     void Mode(Modes mode);
 

@@ -36,6 +36,9 @@ class Window : public std::enable_shared_from_this<Window> {
     void MinSize(Int32 width, Int32 height);
     void BackColor(Color color);
     void Frame(Frames frame);
+    /// Whether the user can close the window by the desktop's means, and change its size.
+    void CloseButton(bool on);
+    void Resizeable(bool on);
     bool Visible() const;
 
     Ref<::MenuBar> MenuBar() const;
@@ -56,6 +59,8 @@ class Window : public std::enable_shared_from_this<Window> {
     void ShowModalWithin(Window& parent);
     void Close();
     void Refresh(bool eraseBackground);
+    /// Repaints at once what waits to be repainted.
+    void UpdateNow();
     /// Gives the keyboard focus back to the window itself.
     void SetFocus();
 
@@ -70,11 +75,15 @@ class Window : public std::enable_shared_from_this<Window> {
     /// The handler of a command of the menu bar, which returns True when it has handled it.
     void _AddMenuHandler(const std::string& itemName, MenuHandler handler);
 
-    /// The live window of class W, built, opened and (unless it is a sheet) shown when there is none.
+    /// The live window of class W, on any thread. On the main thread: built, opened and (unless it is a sheet) shown
+    /// when there is none.
     template <class W>
     static W& ImplicitInstance(const std::string& key) {
         if (Window* open = FindOpen(key)) return static_cast<W&>(*open);
-        auto window = std::make_shared<W>();
+        const std::shared_ptr<W> window(new W, [](W* last) {
+            last->EndWorkers();  // they use what a derived window's own end would destroy
+            delete last;
+        });
         Open(key, window);
         return *window;
     }
@@ -113,6 +122,7 @@ class Window : public std::enable_shared_from_this<Window> {
     friend class WindowPeer;
 
     static Window* FindOpen(const std::string& key);
+    void EndWorkers();
     static void Open(const std::string& key, const std::shared_ptr<Window>& window);
     Control* FindControl(const std::string& name) const;
     void Adopt(const std::string& name, std::unique_ptr<Control> control);

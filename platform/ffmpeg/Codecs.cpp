@@ -13,28 +13,85 @@ namespace {
 
 using enum QualityScale::Unit;
 
-constexpr int kAnyRate = 1001000;
-constexpr int kMpeg4Rate = 65535;
+constexpr ColourCoding kRgb{AVCOL_RANGE_JPEG, AVCOL_SPC_RGB};
+constexpr ColourCoding kVideo{AVCOL_RANGE_MPEG, AVCOL_SPC_BT709};
+// Of JPEG itself; its readers look at no tag.
+constexpr ColourCoding kJpeg{AVCOL_RANGE_JPEG, AVCOL_SPC_BT470BG};
 
-// H.264 and H.265 can't halve the colours of an odd side, and no side is ever changed; ProRes with halved colours comes
-// out wrong at odd widths. The muxer writes other layouts of uncompressed frames than this one wrongly, and says nothing.
+constexpr std::uint32_t Tag(const char (&type)[5]) { return MKTAG(type[0], type[1], type[2], type[3]); }
+
 constexpr Codec kCodecs[] = {
-    {MovieCodec::H264, "H.264", "libx264", AV_PIX_FMT_YUV420P, AV_PIX_FMT_YUV444P, AVCOL_RANGE_MPEG, AVCOL_SPC_BT709,
-     false, {RateFactor, 45, 15}, "preset=veryfast", 0, kAnyRate},
-    {MovieCodec::H265, "H.265", "libx265", AV_PIX_FMT_YUV420P, AV_PIX_FMT_YUV444P, AVCOL_RANGE_MPEG, AVCOL_SPC_BT709,
-     false, {RateFactor, 48, 18}, "preset=veryfast,x265-params=log-level=none", MKTAG('h', 'v', 'c', '1'), kAnyRate},
-    {MovieCodec::Mpeg4, "MPEG-4", "mpeg4", AV_PIX_FMT_YUV420P, AV_PIX_FMT_YUV420P, AVCOL_RANGE_MPEG, AVCOL_SPC_BT709,
-     false, {Quantiser, 31, 1}, "", 0, kMpeg4Rate},
-    {MovieCodec::ProRes4444, "Apple ProRes 4444", "prores_ks", AV_PIX_FMT_YUV444P10, AV_PIX_FMT_YUV444P10,
-     AVCOL_RANGE_MPEG, AVCOL_SPC_BT709, true, {}, "profile=4444", 0, kAnyRate},
-    {MovieCodec::PhotoJpeg, "Photo - JPEG", "mjpeg", AV_PIX_FMT_YUV444P, AV_PIX_FMT_YUV444P, AVCOL_RANGE_JPEG,
-     AVCOL_SPC_BT709, true, {Quantiser, 31, 1}, "", 0, kAnyRate},
-    {MovieCodec::Png, "PNG", "png", AV_PIX_FMT_RGB24, AV_PIX_FMT_RGB24, AVCOL_RANGE_JPEG, AVCOL_SPC_RGB, true, {}, "",
-     0, kAnyRate},
-    {MovieCodec::Animation, "Animation", "qtrle", AV_PIX_FMT_RGB24, AV_PIX_FMT_RGB24, AVCOL_RANGE_JPEG, AVCOL_SPC_RGB,
-     false, {}, "", 0, kAnyRate},
-    {MovieCodec::Uncompressed, nullptr, "rawvideo", AV_PIX_FMT_RGB24, AV_PIX_FMT_RGB24, AVCOL_RANGE_JPEG, AVCOL_SPC_RGB,
-     true, {}, "", 0, kAnyRate},
+    // H.264 and H.265 can't halve the colours of an odd side, and no side is ever changed.
+    {.id = MovieCodec::H264,
+     .name = "H.264",
+     .encoder = "libx264",
+     .tag = Tag("avc1"),
+     .format = AV_PIX_FMT_YUV420P,
+     .oddFormat = AV_PIX_FMT_YUV444P,
+     .colours = kVideo,
+     .quality = {RateFactor, 45, 15},
+     .options = "preset=veryfast"},
+    {.id = MovieCodec::H265,
+     .name = "H.265",
+     .encoder = "libx265",
+     .tag = Tag("hvc1"),  // the one form that Apple's players take
+     .format = AV_PIX_FMT_YUV420P,
+     .oddFormat = AV_PIX_FMT_YUV444P,
+     .colours = kVideo,
+     .quality = {RateFactor, 48, 18},
+     .options = "preset=veryfast,x265-params=log-level=none"},
+    {.id = MovieCodec::Mpeg4,
+     .name = "MPEG-4",
+     .encoder = "mpeg4",
+     .tag = Tag("mp4v"),
+     .format = AV_PIX_FMT_YUV420P,
+     .oddFormat = AV_PIX_FMT_YUV420P,
+     .colours = kVideo,
+     .quality = {Quantiser, 31, 1},
+     .rateLimit = 65535},
+    // Halved colours come out wrong at odd widths.
+    {.id = MovieCodec::ProRes4444,
+     .name = "Apple ProRes 4444",
+     .encoder = "prores_ks",
+     .tag = Tag("ap4h"),
+     .format = AV_PIX_FMT_YUV444P10,
+     .oddFormat = AV_PIX_FMT_YUV444P10,
+     .colours = kVideo,
+     .standsAlone = true,
+     .options = "profile=4444"},
+    {.id = MovieCodec::PhotoJpeg,
+     .name = "Photo - JPEG",
+     .encoder = "mjpeg",
+     .tag = Tag("jpeg"),
+     .format = AV_PIX_FMT_YUV444P,
+     .oddFormat = AV_PIX_FMT_YUV444P,
+     .colours = kJpeg,
+     .standsAlone = true,
+     .quality = {Quantiser, 31, 1}},
+    {.id = MovieCodec::Png,
+     .name = "PNG",
+     .encoder = "png",
+     .tag = Tag("png "),
+     .format = AV_PIX_FMT_RGB24,
+     .oddFormat = AV_PIX_FMT_RGB24,
+     .colours = kRgb,
+     .standsAlone = true},
+    {.id = MovieCodec::Animation,
+     .name = "Animation",
+     .encoder = "qtrle",
+     .tag = Tag("rle "),
+     .format = AV_PIX_FMT_RGB24,
+     .oddFormat = AV_PIX_FMT_RGB24,
+     .colours = kRgb},
+    // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing.
+    {.id = MovieCodec::Uncompressed,
+     .name = nullptr,
+     .encoder = "rawvideo",
+     .tag = Tag("raw "),
+     .format = AV_PIX_FMT_RGB24,
+     .oddFormat = AV_PIX_FMT_RGB24,
+     .colours = kRgb,
+     .standsAlone = true},
 };
 
 bool IsInstalled(const Codec& codec) { return avcodec_find_encoder_by_name(codec.encoder) != nullptr; }

@@ -16,26 +16,36 @@ struct QualityScale {
     double best = 0;
 };
 
+/// How the colours of a codec are stored; its pictures look false where a reader takes them for others.
+struct ColourCoding {
+    AVColorRange range;
+    AVColorSpace matrix;
+};
+
 /// All that is particular to a codec.
 struct Codec {
     MovieCodec id;
     /// As the user sees it; null when it isn't offered.
     const char* name;
     const char* encoder;
+    /// The type of the sample entry in the file, four characters.
+    std::uint32_t tag;
     AVPixelFormat format;
     /// The pixel format where a side is odd.
     AVPixelFormat oddFormat;
-    AVColorRange range;
-    AVColorSpace matrix;
+    ColourCoding colours;
     /// Every packet is a whole picture, so it may be written more than once.
-    bool standsAlone;
-    QualityScale quality;
+    bool standsAlone = false;
+    QualityScale quality = {};
     /// The encoder's own options: "name=value,name=value".
-    const char* options;
-    /// The type of the sample entry; 0 where the muxer's choice is the right one.
-    std::uint32_t tag;
+    const char* options = "";
     /// The largest term of a frame rate that the encoder takes.
-    int rateLimit;
+    int rateLimit = 1001000;
 };
 
 const Codec& FindCodec(MovieCodec id);
+
+/// The pixel format in which frames of that size are encoded.
+inline AVPixelFormat FormatFor(const Codec& codec, int width, int height) {
+    return width % 2 == 0 && height % 2 == 0 ? codec.format : codec.oddFormat;
+}

@@ -43,10 +43,10 @@ void SetQuality(AVCodecContext& context, Options& options, const QualityScale& s
     }
 }
 
-void SetColours(AVCodecContext& context, const Codec& codec) {
-    if (codec.matrix == AVCOL_SPC_RGB) return;
-    context.color_range = codec.range;
-    context.colorspace = codec.matrix;
+void SetColours(AVCodecContext& context, const ColourCoding& colours) {
+    if (colours.matrix == AVCOL_SPC_RGB) return;
+    context.color_range = colours.range;
+    context.colorspace = colours.matrix;
     context.color_primaries = AVCOL_PRI_BT709;
     context.color_trc = AVCOL_TRC_BT709;
 }
@@ -80,23 +80,25 @@ bool Encoder::Configure(const CompressionSettings& settings, int width, int heig
     context_->sample_aspect_ratio = {1, 1};
     context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // the container keeps the codec's headers, not each key frame
     context_->thread_count = kThreads;
-    SetColours(*context_, codec_);
+    SetColours(*context_, codec_.colours);
     Options options(codec_.options);
     SetQuality(*context_, options, codec_.quality, settings.quality);
-    return avcodec_open2(context_.get(), encoder, options.Entries()) >= 0;
+    if (avcodec_open2(context_.get(), encoder, options.Entries()) < 0) return false;
+    context_->codec_tag = codec_.tag;  // some encoders put one there that isn't QuickTime's
+    return true;
 }
 
 bool Encoder::Write(const AVFrame& frame) {
     av_frame_unref(frame_.get());
     if (av_frame_ref(frame_.get(), &frame) < 0) return false;
-    repeats_.push_back(0);
+    if (codec_.standsAlone) copies_.push_back(1);
     return Send();
 }
 
 bool Encoder::Repeat() {
     if (!codec_.standsAlone) return Send();
-    if (repeats_.empty()) return Deliver();
-    ++repeats_.back();
+    if (copies_.empty()) return Deliver();
+    ++copies_.back();
     return true;
 }
 
@@ -104,6 +106,7 @@ bool Encoder::Finish() { return avcodec_send_frame(context_.get(), nullptr) >= 0
 
 bool Encoder::Send() {
     frame_->pts = framesSent_++;
+    frame_->quality = context_->global_quality;  // a fixed quantiser is looked for here
     return avcodec_send_frame(context_.get(), frame_.get()) >= 0 && Receive();
 }
 
@@ -114,6 +117,22 @@ bool Encoder::Receive() {
         if (result < 0) return false;
         av_packet_unref(packet_.get());
         av_packet_move_ref(packet_.get(), received_.get());
-        // TODO
+        if (!DeliverCopies()) return false;
     }
+}
+
+bool Encoder::DeliverCopies() {
+    if (!codec_.standsAlone) return Deliver();
+    int copies = copies_.front();
+    copies_.pop_front();
+    while (copies > 0 && Deliver()) {
+        --copies;
+    }
+    return copies == 0;
+}
+
+bool Encoder::Deliver() {
+    if (codec_.standsAlone) packet_->pts = packet_->dts = packetsDelivered_++;
+    packet_->duration = 1;
+    return sink_(*packet_);
 }

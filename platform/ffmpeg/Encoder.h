@@ -34,6 +34,7 @@ class Encoder {
     bool Configure(const CompressionSettings& settings, int width, int height);
     bool Send();
     bool Receive();
+    bool DeliverCopies();
     bool Deliver();
 
     const Codec& codec_;
@@ -41,10 +42,10 @@ class Encoder {
     Owned<AVCodecContext> context_;
     Owned<AVFrame> frame_;
     Owned<AVPacket> received_;
-    /// The newest packet that was delivered.
+    /// The newest packet that has been delivered.
     Owned<AVPacket> packet_;
     std::int64_t framesSent_ = 0;
     std::int64_t packetsDelivered_ = 0;
-    /// How many more times each frame whose packet is yet to come is to be written.
-    std::deque<int> repeats_;
+    /// How often to deliver each of the packets that are still to come, where packets stand alone.
+    std::deque<int> copies_;
 };

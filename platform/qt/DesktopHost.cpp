@@ -1,12 +1,16 @@
 #include "platform/qt/DesktopHost.h"
 
+#include <QtCore/QFileInfo>
+#include <QtCore/QStandardPaths>
 #include <QtCore/QUrl>
 #include <QtGui/QDesktopServices>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
 
 #include "platform/linux/Clock.h"
 #include "platform/linux/PreferencesFolder.h"
+#include "platform/qt/CompressionDialog.h"
 
 DesktopHost::DesktopHost(const std::string& applicationId, const std::string& name)
     : screenSaver_(MakeScreenSaver(applicationId, name)) {}
@@ -27,8 +31,38 @@ void DesktopHost::ShowURL(const std::string& url) {
     QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(url)));
 }
 
+std::filesystem::path DesktopHost::SaveFile(const std::string& filter, const std::string& defaultName) {
+    if (saveFolder_.empty()) {
+        saveFolder_ = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation).toStdString();
+    }
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(QString::fromStdString(filter));
+    dialog.setDirectory(QString::fromStdString(saveFolder_.string()));
+    dialog.selectFile(QString::fromStdString(defaultName));
+    // For a name without an ending; one that has an ending keeps it.
+    dialog.setDefaultSuffix(QFileInfo(QString::fromStdString(defaultName)).suffix());
+    if (dialog.exec() != QDialog::Accepted) return {};
+    const std::filesystem::path chosen = dialog.selectedFiles().constFirst().toStdString();
+    saveFolder_ = chosen.parent_path();
+    return chosen;
+}
+
+void DesktopHost::Launch(const std::filesystem::path& file) {
+    const QUrl url = QUrl::fromLocalFile(QString::fromStdString(file.string()));
+    QMetaObject::invokeMethod(
+        qApp, [url] { QDesktopServices::openUrl(url); }, Qt::QueuedConnection);
+}
+
 void DesktopHost::InhibitScreenSaver() { screenSaver_->Inhibit(); }
 void DesktopHost::ReleaseScreenSaver() { screenSaver_->Release(); }
 void DesktopHost::DelayScreenSaver() { screenSaver_->Delay(); }
 
 std::filesystem::path DesktopHost::PreferencesFolder() { return UserPreferencesFolder(); }
+
+bool DesktopHost::SelectCompressionSettings(const Ref<Picture>& testImage, CompressionSettings& settings) {
+    CompressionDialog dialog(QApplication::activeWindow(), testImage, settings);
+    if (dialog.exec() != QDialog::Accepted) return false;
+    settings = dialog.Settings();
+    return true;
+}

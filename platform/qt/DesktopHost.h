@@ -15,11 +15,16 @@ class DesktopHost final : public Host {
     void Beep() override;
     void MsgBox(const std::string& text) override;
     void ShowURL(const std::string& url) override;
+    std::filesystem::path SaveFile(const std::string& filter, const std::string& defaultName) override;
+    void Launch(const std::filesystem::path& file) override;
     void InhibitScreenSaver() override;
     void ReleaseScreenSaver() override;
     void DelayScreenSaver() override;
     std::filesystem::path PreferencesFolder() override;
+    bool SelectCompressionSettings(const Ref<Picture>& testImage, CompressionSettings& settings) override;
 
   private:
+    /// Where the user saved last in this run; empty before the first time.
+    std::filesystem::path saveFolder_;
     std::unique_ptr<ScreenSaver> screenSaver_;
 };

@@ -3,6 +3,7 @@
 #include <QtWidgets/QStyleOptionFrame>
 
 #include "platform/Controls.h"
+#include "platform/qt/Alignment.h"
 #include "platform/qt/EventBoundary.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/Fonts.h"
@@ -16,6 +17,7 @@ class FieldWidget final : public QLineEdit {
     explicit FieldWidget(EditField& owner) : owner_(owner) {
         // The layouts leave a field just the room that its text needs.
         setTextMargins(-kOwnMargin, 0, -kOwnMargin, 0);
+        connect(this, &QLineEdit::textChanged, this, [this] { Deliver(owner_.TextChange); });
     }
 
     /// A text that is set shows whole; one that is typed may scroll.
@@ -56,6 +58,8 @@ class FieldWidget final : public QLineEdit {
     }
 
     bool Consumes(const QKeyEvent& event) {
+        // The desktop's own modifier; QLineEdit would take the key as typed.
+        if (event.modifiers() & Qt::MetaModifier) return true;
         const std::string key = KeyText(event);
         return !key.empty() && Deliver(owner_.KeyDown, key);
     }
@@ -73,8 +77,5 @@ void EditField::Text(const std::string& text) { WidgetOf<FieldWidget>(*this).Set
 void EditField::SelText(const std::string& text) { WidgetOf<FieldWidget>(*this).insert(QString::fromStdString(text)); }
 
 void EditField::Alignment(TextAlignment alignment) {
-    const auto horizontal = alignment == TextAlignment::Left     ? Qt::AlignLeft
-                            : alignment == TextAlignment::Centre ? Qt::AlignHCenter
-                                                                 : Qt::AlignRight;
-    WidgetOf<FieldWidget>(*this).setAlignment(horizontal | Qt::AlignVCenter);
+    WidgetOf<FieldWidget>(*this).setAlignment(Horizontally(alignment) | Qt::AlignVCenter);
 }

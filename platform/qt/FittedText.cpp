@@ -8,7 +8,7 @@ QFont FittedFont(QFont font, const QString& text, QSizeF box) {
         font.setPixelSize(size);
         for (const int stretch : {100, 90, 80}) {
             font.setStretch(stretch);
-            const QSizeF needed = QFontMetricsF(font).size(Qt::TextShowMnemonic, text);
+            const QSizeF needed = QFontMetricsF(font).size(0, text);
             if (needed.width() <= box.width() && needed.height() <= box.height()) return font;
         }
     }

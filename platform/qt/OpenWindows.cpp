@@ -2,6 +2,8 @@
 
 #include <QtCore/QCoreApplication>
 #include <algorithm>
+#include <mutex>
+#include <utility>
 
 namespace open_windows {
 namespace {
@@ -10,6 +12,8 @@ struct Entry {
     std::string key;
     std::shared_ptr<Window> window;
 };
+/// Workers look windows up as well, so every use is guarded.
+std::mutex mutex;
 std::vector<Entry> entries;
 
 /// Holds a closed window until the event loop that runs now has taken back control.
@@ -20,14 +24,19 @@ struct LastReference final : QObject {
 
 }  // namespace
 
-void Add(const std::string& key, const std::shared_ptr<Window>& window) { entries.push_back({key, window}); }
+void Add(const std::string& key, const std::shared_ptr<Window>& window) {
+    const std::lock_guard lock(mutex);
+    entries.push_back({key, window});
+}
 
 Window* Find(const std::string& key) {
+    const std::lock_guard lock(mutex);
     const auto entry = std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.key == key; });
     return entry == entries.end() ? nullptr : entry->window.get();
 }
 
 void Remove(const Window& window) {
+    const std::lock_guard lock(mutex);
     const auto entry =
         std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.window.get() == &window; });
     if (entry == entries.end()) return;
@@ -36,6 +45,7 @@ void Remove(const Window& window) {
 }
 
 std::vector<std::shared_ptr<Window>> All() {
+    const std::lock_guard lock(mutex);
     std::vector<std::shared_ptr<Window>> windows;
     windows.reserve(entries.size());
     for (const Entry& entry : entries)
@@ -44,7 +54,14 @@ std::vector<std::shared_ptr<Window>> All() {
 }
 
 void Clear() {
-    entries.clear();
+    std::vector<Entry> last;
+    {
+        const std::lock_guard lock(mutex);
+        last.swap(entries);
+    }
+    // Ending a window may wait for a worker that looks for another one here, so it is done unlocked.
+    for (Entry& entry : last)
+        entry.window.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

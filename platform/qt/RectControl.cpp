@@ -1,14 +1,26 @@
+#include "platform/qt/MainThread.h"
 #include "platform/qt/RectControlPeer.h"
+#include "platform/qt/WindowPeer.h"
+
+namespace {
+
+// Positions are the window's, wherever the control's widget lies within it.
+QPoint OriginInWindow(const QWidget& widget) {
+    const QWidget* content = &WindowPeer::Of(widget).Content();
+    return widget.parentWidget() == content ? QPoint() : widget.parentWidget()->mapTo(content, QPoint());
+}
+
+}  // namespace
 
 RectControl::RectControl(std::unique_ptr<Peer> peer) : peer_(std::move(peer)) {}
 
 RectControl::~RectControl() = default;
 
-Int32 RectControl::Left() const { return peer_->widget->x(); }
-void RectControl::Left(Int32 left) { peer_->widget->move(left, Top()); }
+Int32 RectControl::Left() const { return peer_->widget->x() + OriginInWindow(*peer_->widget).x(); }
+void RectControl::Left(Int32 left) { Bounds(left, Top(), Width(), Height()); }
 
-Int32 RectControl::Top() const { return peer_->widget->y(); }
-void RectControl::Top(Int32 top) { peer_->widget->move(Left(), top); }
+Int32 RectControl::Top() const { return peer_->widget->y() + OriginInWindow(*peer_->widget).y(); }
+void RectControl::Top(Int32 top) { Bounds(Left(), top, Width(), Height()); }
 
 Int32 RectControl::Width() const { return peer_->widget->width(); }
 void RectControl::Width(Int32 width) { peer_->widget->resize(width, Height()); }
@@ -17,9 +29,33 @@ Int32 RectControl::Height() const { return peer_->widget->height(); }
 void RectControl::Height(Int32 height) { peer_->widget->resize(Width(), height); }
 
 void RectControl::Bounds(Int32 left, Int32 top, Int32 width, Int32 height) {
-    peer_->widget->setGeometry(left, top, width, height);
+    const QRect place(left, top, width, height);
+    peer_->widget->setGeometry(place.translated(-OriginInWindow(*peer_->widget)));
+}
+
+void RectControl::InitialParent(const std::string& name) {
+    const QRect place(Left(), Top(), Width(), Height());
+    auto* group = WindowPeer::Of(*peer_->widget).Content().findChild<QWidget*>(QString::fromStdString(name));
+    peer_->widget->setParent(group);
+    Bounds(place.left(), place.top(), place.width(), place.height());
+}
+
+bool RectControl::Enabled() const { return peer_->widget->isEnabled(); }
+void RectControl::Enabled(bool on) {
+    QWidget& widget = *peer_->widget;
+    OnMainThread(widget, [&widget, on] { widget.setEnabled(on); });
+}
+
+bool RectControl::Visible() const { return !peer_->widget->isHidden(); }
+void RectControl::Visible(bool on) {
+    QWidget& widget = *peer_->widget;
+    OnMainThread(widget, [&widget, on] { widget.setVisible(on); });
 }
 
 void RectControl::SetFocus() { peer_->widget->setFocus(); }
 
-void RectControl::Refresh(bool) { peer_->widget->update(); }
+void RectControl::Refresh(bool) {
+    QWidget& widget = *peer_->widget;
+    OnMainThread(
+        widget, [&widget] { widget.update(); }, "Refresh");
+}

@@ -1,6 +1,7 @@
 #include <QtWidgets/QLabel>
 
 #include "platform/Controls.h"
+#include "platform/qt/Alignment.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/RectControlPeer.h"
@@ -11,7 +12,7 @@ class LabelWidget final : public QLabel {
   public:
     LabelWidget() {
         setTextFormat(Qt::PlainText);
-        setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     }
 
     void SetText(const QString& text) {
@@ -40,3 +41,7 @@ std::string StaticText::Text() const { return WidgetOf<LabelWidget>(*this).text(
 void StaticText::Text(const std::string& text) { WidgetOf<LabelWidget>(*this).SetText(QString::fromStdString(text)); }
 
 void StaticText::TextFont(const std::string& name) { WidgetOf<LabelWidget>(*this).SetFont(FontNamed(name)); }
+
+void StaticText::TextAlign(TextAlignment alignment) {
+    WidgetOf<LabelWidget>(*this).setAlignment(Horizontally(alignment) | Qt::AlignVCenter);
+}

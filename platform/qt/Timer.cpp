@@ -3,6 +3,7 @@
 #include <QtCore/QTimer>
 
 #include "platform/qt/EventBoundary.h"
+#include "platform/qt/MainThread.h"
 
 struct Timer::Peer {
     QTimer timer;
@@ -26,11 +27,13 @@ void Timer::Period(Int32 milliseconds) { peer_->timer.setInterval(milliseconds);
 Timer::Modes Timer::Mode() const { return peer_->mode; }
 
 void Timer::Mode(Modes mode) {
-    peer_->mode = mode;
-    peer_->timer.setSingleShot(mode == Modes::Single);
-    if (mode == Modes::Off) {
-        peer_->timer.stop();
-    } else {
-        peer_->timer.start();
-    }
+    OnMainThread(peer_->timer, [this, mode] {
+        peer_->mode = mode;
+        peer_->timer.setSingleShot(mode == Modes::Single);
+        if (mode == Modes::Off) {
+            peer_->timer.stop();
+        } else {
+            peer_->timer.start();
+        }
+    });
 }

@@ -29,6 +29,12 @@ void Window::BackColor(Color color) { peer_->SetBackground(QColor(color.Red(), c
 
 void Window::Frame(Frames frame) { peer_->SetFrame(frame); }
 
+void Window::CloseButton(bool on) { peer_->SetCloseable(on); }
+
+void Window::Resizeable(bool on) {
+    if (!on) peer_->setFixedSize(peer_->size());
+}
+
 bool Window::Visible() const { return peer_->isVisible(); }
 
 Ref<MenuBar> Window::MenuBar() const { return peer_->Bar(); }
@@ -63,6 +69,8 @@ void Window::Refresh(bool) {
     peer_->Content().update();
 }
 
+void Window::UpdateNow() { peer_->repaint(); }
+
 void Window::SetFocus() {
     if (QWidget* focused = peer_->focusWidget()) focused->clearFocus();
 }
@@ -78,6 +86,8 @@ void Window::Open(const std::string& key, const std::shared_ptr<Window>& window)
     window->peer_->Build();
     if (!window->peer_->IsSheet()) window->peer_->show();
 }
+
+void Window::EndWorkers() { peer_->EndWorkers(); }
 
 Control* Window::FindControl(const std::string& name) const { return peer_->Find(name); }
 

@@ -9,6 +9,7 @@
 
 #include "platform/Controls.h"
 #include "platform/Text.h"
+#include "platform/Thread.h"
 #include "platform/qt/EditCommands.h"
 #include "platform/qt/EventBoundary.h"
 #include "platform/qt/Keys.h"
@@ -32,6 +33,13 @@ void WindowPeer::Build() {
 void WindowPeer::SetFrame(Window::Frames frame) {
     isSheet_ = frame == Window::Frames::Sheet;
     setWindowFlags(isSheet_ ? Qt::Dialog : Qt::Window);
+}
+
+void WindowPeer::SetCloseable(bool on) {
+    isCloseable_ = on;
+    // Only with these two do window managers look at the third.
+    Qt::WindowFlags flags = windowFlags() | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+    setWindowFlags(flags.setFlag(Qt::WindowCloseButtonHint, on));
 }
 
 void WindowPeer::SetBackground(const QColor& color) {
@@ -74,6 +82,10 @@ Control* WindowPeer::Find(const std::string& name) const {
     return found == controls_.end() ? nullptr : found->second.get();
 }
 
+void WindowPeer::EndWorkers() {
+    std::erase_if(controls_, [](const auto& control) { return dynamic_cast<Thread*>(control.second.get()); });
+}
+
 std::vector<RectControl*> WindowPeer::RectControls() const {
     std::vector<RectControl*> found;
     for (const auto& [name, control] : controls_) {
@@ -84,6 +96,7 @@ std::vector<RectControl*> WindowPeer::RectControls() const {
 
 // Showing an open window again, or closing one that never showed, must do no harm: both come through here.
 void WindowPeer::closeEvent(QCloseEvent* event) {
+    if (event->spontaneous() && !isCloseable_) return event->ignore();
     event->accept();
     if (std::exchange(isClosed_, true)) return;
     try {

@@ -26,6 +26,7 @@ class WindowPeer final : public QWidget {
     void Build();
 
     void SetFrame(Window::Frames frame);
+    void SetCloseable(bool on);
     bool IsSheet() const { return isSheet_; }
     void SetSize(QSize size);
     void SetBackground(const QColor& color);
@@ -40,6 +41,8 @@ class WindowPeer final : public QWidget {
     QWidget& Content() { return content_; }
     void Adopt(const std::string& name, std::unique_ptr<Control> control);
     Control* Find(const std::string& name) const;
+    /// Ends the window's threads, each at its next yield.
+    void EndWorkers();
     void AddHandler(const std::string& itemName, Window::MenuHandler handler) {
         handlers_[itemName] = std::move(handler);
     }
@@ -80,6 +83,7 @@ class WindowPeer final : public QWidget {
     std::vector<std::pair<std::string, std::unique_ptr<Control>>> controls_;
     bool isBuilt_ = false;
     bool isSheet_ = false;
+    bool isCloseable_ = true;
     bool menuBarVisible_ = true;
     bool isClosed_ = false;
     QRect frameBeforeFullScreen_;

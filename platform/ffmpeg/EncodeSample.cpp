@@ -1,0 +1,69 @@
+#include "platform/ffmpeg/EncodeSample.h"
+
+#include <memory>
+#include <vector>
+
+#include "platform/ffmpeg/Codecs.h"
+#include "platform/ffmpeg/Encoder.h"
+#include "platform/ffmpeg/Owned.h"
+#include "platform/ffmpeg/PixelConversion.h"
+
+namespace {
+
+using Packets = std::vector<Owned<AVPacket>>;
+
+Owned<AVCodecContext> OpenDecoder(const AVCodecContext& encoder) {
+    const AVCodec* const codec = avcodec_find_decoder(encoder.codec_id);
+    Owned<AVCodecContext> decoder(codec ? avcodec_alloc_context3(codec) : nullptr);
+    AVCodecParameters* parameters = avcodec_parameters_alloc();
+    const bool isOpen = decoder && parameters && avcodec_parameters_from_context(parameters, &encoder) >= 0 &&
+                        avcodec_parameters_to_context(decoder.get(), parameters) >= 0 &&
+                        avcodec_open2(decoder.get(), codec, nullptr) >= 0;
+    avcodec_parameters_free(&parameters);
+    return isOpen ? std::move(decoder) : nullptr;
+}
+
+std::optional<RgbImage> DecodeFirst(const AVCodecContext& encoder, const Packets& packets) {
+    const Owned<AVCodecContext> decoder = OpenDecoder(encoder);
+    const Owned<AVFrame> frame(av_frame_alloc());
+    if (!decoder || !frame) return std::nullopt;
+    for (const Owned<AVPacket>& packet : packets) {
+        if (avcodec_send_packet(decoder.get(), packet.get()) < 0) return std::nullopt;
+        if (avcodec_receive_frame(decoder.get(), frame.get()) >= 0) return ToRgbImage(*frame);
+    }
+    avcodec_send_packet(decoder.get(), nullptr);
+    if (avcodec_receive_frame(decoder.get(), frame.get()) < 0) return std::nullopt;
+    return ToRgbImage(*frame);
+}
+
+double BytesIn(const Packets& packets) {
+    double sum = 0;
+    for (const Owned<AVPacket>& packet : packets) {
+        sum += packet->size;
+    }
+    return sum;
+}
+
+}  // namespace
+
+std::optional<EncodedSample> EncodeSample(const CompressionSettings& settings, std::span<const Ref<Picture>> pictures,
+                                          const std::stop_token& stop) {
+    if (pictures.empty()) return std::nullopt;
+    const Int32 width = pictures.front()->Width();
+    const Int32 height = pictures.front()->Height();
+    Packets packets;
+    const auto encoder = Encoder::Open(settings, width, height, [&packets](AVPacket& packet) {
+        packets.emplace_back(av_packet_clone(&packet));
+        return packets.back() != nullptr;
+    });
+    FrameMaker frameMaker(FindCodec(settings.codec), width, height);
+    for (const Ref<Picture>& picture : pictures) {
+        if (stop.stop_requested() || !encoder) return std::nullopt;
+        const Owned<AVFrame> frame = frameMaker.Make(picture->Bits());
+        if (!frame || !encoder->Write(*frame)) return std::nullopt;
+    }
+    if (!encoder->Finish()) return std::nullopt;
+    std::optional<RgbImage> first = DecodeFirst(encoder->Context(), packets);
+    if (!first) return std::nullopt;
+    return EncodedSample{std::move(*first), BytesIn(packets) / static_cast<double>(pictures.size())};
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "platform/CompressionSettings.h"
+#include "platform/ffmpeg/Owned.h"
+#include "platform/ffmpeg/PictReader.h"
+
+struct Codec;
+
+/// Makes frames for one codec from the pixels of pictures of one size.
+class FrameMaker {
+  public:
+    FrameMaker(const Codec& codec, int width, int height) : codec_(codec), width_(width), height_(height) {}
+
+    /// A new frame of these pixels (0xFFRRGGBB, row by row without padding). Nil when there is no memory for it.
+    Owned<AVFrame> Make(std::span<const std::uint32_t> pixels);
+
+  private:
+    const Codec& codec_;
+    int width_;
+    int height_;
+    Owned<SwsContext> converter_;
+};
+
+/// A decoded frame as an image. Nothing when there is no memory for it.
+std::optional<RgbImage> ToRgbImage(const AVFrame& frame);

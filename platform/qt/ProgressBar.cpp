@@ -1,0 +1,23 @@
+#include <QtWidgets/QProgressBar>
+
+#include "platform/Controls.h"
+#include "platform/qt/MainThread.h"
+#include "platform/qt/RectControlPeer.h"
+
+ProgressBar::ProgressBar() : RectControl(std::make_unique<Peer>(new QProgressBar)) {
+    WidgetOf<QProgressBar>(*this).setTextVisible(false);
+}
+
+Int32 ProgressBar::Maximum() const { return WidgetOf<QProgressBar>(*this).maximum(); }
+void ProgressBar::Maximum(Int32 maximum) {
+    auto& bar = WidgetOf<QProgressBar>(*this);
+    OnMainThread(
+        bar, [&bar, maximum] { bar.setMaximum(maximum); }, "Maximum");
+}
+
+Int32 ProgressBar::Value() const { return WidgetOf<QProgressBar>(*this).value(); }
+void ProgressBar::Value(Int32 value) {
+    auto& bar = WidgetOf<QProgressBar>(*this);
+    OnMainThread(
+        bar, [&bar, value] { bar.setValue(value); }, "Value");
+}
