@@ -81,11 +81,13 @@ class winMain final : public Window {
     void ReadPrefs();
     void WritePrefs();
 
+    // Create Movie (movie/winMain_movie.cpp).
+    bool _FileCreateMovie_Action();
+
     // Commands of the menu bar (shell/winMain_commands.cpp).
     void Event_EnableMenuItems() override;
     bool _HelpAbout_Action();
     bool _HelpHelp_Action();
-    bool _FileCreateMovie_Action();
     bool _TimerSet_Action();
     bool _TimerStart_Action();
     bool _FilePreferences_Action();

@@ -44,8 +44,6 @@ bool winMain::_TimerStart_Action() {
 
 bool winMain::_FilePreferences_Action() { return true; }
 
-bool winMain::_FileCreateMovie_Action() { return true; }
-
 bool winMain::_HelpHelp_Action() { return true; }
 
 bool winMain::_HelpAbout_Action() { return true; }

@@ -1,0 +1,121 @@
+#include "movie/winMakeMovie.h"
+
+#include "platform/Controls.h"
+#include "platform/Text.h"
+#include "platform/Thread.h"
+#include "platform/Timer.h"
+
+winMakeMovie& winMakeMovie::Instance() { return ImplicitInstance<winMakeMovie>("winMakeMovie.winMakeMovie"); }
+
+void winMakeMovie::Layout() {
+    Title("Create Movie");
+    Frame(Frames::Sheet);
+    MinSize(64, 64);
+    Width(400);
+    Height(320);
+    CloseButton(false);
+    Resizeable(false);
+}
+
+void winMakeMovie::CreateControls() { _CreateControls0(); }
+
+void winMakeMovie::_CreateControls0() {
+    auto& group = AddControl<GroupBox>("GroupBox1", 20, 14, 360, 254, 0);
+    group.Caption("Create Movie - Settings");
+
+    const auto label = [this](const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
+                              Int32 tabIndex) -> StaticText& {
+        auto& added = AddControl<StaticText>(name, left, top, width, 20, tabIndex);
+        added.InitialParent("GroupBox1");
+        added.Text(text);
+        return added;
+    };
+    const auto field = [this](const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
+                              Int32 tabIndex, void (winMakeMovie::*textChange)()) -> EditField& {
+        auto& added = AddControl<EditField>(name, left, top, width, 22, tabIndex);
+        added.InitialParent("GroupBox1");
+        added.Text(text);
+        added.Alignment(TextAlignment::Centre);
+        added.TextChange = [this, textChange] { (this->*textChange)(); };
+        return added;
+    };
+    const auto box = [this](const std::string& name, const std::string& caption, Int32 top, Int32 tabIndex, bool on) {
+        auto& added = AddControl<CheckBox>(name, 34, top, 246, 20, tabIndex);
+        added.InitialParent("GroupBox1");
+        added.Caption(caption);
+        added.Value(on);
+    };
+
+    label("StaticText1", "Start Time:", 34, 46, 79, 0);
+    field("eStart", "3600", 125, 45, 44, 2, &winMakeMovie::eStart_TextChange).KeyDown = [this](const std::string& key) {
+        return eStart_KeyDown(key);
+    };
+    label("StaticText2", "Seconds (1 - 3600)", 176, 46, 128, 3);
+    label("StaticText3", "Frame Size:", 34, 78, 79, 4);
+    field("eSizeX", "320", 125, 77, 44, 5, &winMakeMovie::eSizeX_TextChange);
+    label("StaticText4", "x", 173, 77, 18, 6).TextAlign(TextAlignment::Centre);
+    field("eSizeY", "240", 195, 77, 42, 7, &winMakeMovie::eSizeY_TextChange);
+    label("StaticText7", "Pixels", 244, 78, 57, 8);
+    label("StaticText8", "Clock Size:", 34, 112, 79, 9);
+    field("eScale", "90", 125, 110, 44, 10, &winMakeMovie::eScale_TextChange);
+    label("StaticText9", "% of Frame Size (10 - 100)", 176, 111, 192, 11);
+    label("StaticText5", "Frame Rate:", 34, 146, 79, 12);
+    field("eFrameRate", "1", 125, 144, 44, 13, &winMakeMovie::eFrameRate_TextChange);
+    label("StaticText6", "Frames per second (0.1 - 30)", 176, 145, 192, 14);
+    box("CheckBox1", "Show Compression Settings", 177, 15, true);
+    box("CheckBox2", "Open Movie upon Completion", 209, 16, false);
+    auto& size = label("lSize", "Uncompressed movie file size: ", 34, 241, 334, 17);
+    size.TextFont("SmallSystem");
+    size.TextAlign(TextAlignment::Right);
+
+    auto& progress = AddControl<ProgressBar>("ProgressBar1", 20, 280, 173, 20, 1);
+    progress.Maximum(3600);
+    progress.Visible(false);
+
+    auto& cancel = AddControl<PushButton>("bCancel", 203, 280, 80, 20, 1);
+    cancel.Caption("Cancel");
+    cancel.Cancel(true);
+    cancel.Action = [this] { bCancel_Action(); };
+
+    auto& start = AddControl<PushButton>("bStart", 296, 280, 80, 20, 2);
+    start.Caption("Start");
+    start.Default(true);
+    start.Action = [this] { bStart_Action(); };
+
+    AddControl<Thread>("thr").RunEvent = [this] { thr_Run(); };
+
+    auto& settled = AddControl<Timer>("Timer1");
+    settled.Period(100);
+    settled.Action = [this] { Timer1_Action(); };
+}
+
+void winMakeMovie::Event_Open() { CalculateSize(); }
+
+// The digit is judged by the value of the whole text with the digit put at its end, wherever the caret is.
+bool winMakeMovie::eStart_KeyDown(const std::string& key) {
+    constexpr double kHighest = 3600;
+    if (key < " " || key > "~") return false;
+    if (key < "0" || key > "9") return true;
+    auto& field = Find<EditField>("eStart");
+    const std::string saved = field.Text();
+    field.SelText("");
+    const double value = Val(field.Text() + key);
+    if (value >= 0 && value <= kHighest) return false;
+    field.Text(saved);
+    return true;
+}
+
+void winMakeMovie::eStart_TextChange() { CalculateSize(); }
+void winMakeMovie::eSizeX_TextChange() { CalculateSize(); }
+void winMakeMovie::eSizeY_TextChange() { CalculateSize(); }
+void winMakeMovie::eFrameRate_TextChange() { CalculateSize(); }
+void winMakeMovie::eScale_TextChange() { CalculateSize(); }
+
+// As the fields stand: none of the bounds that Start applies. The frame that a movie has beyond its seconds times its
+// rate isn't counted.
+void winMakeMovie::CalculateSize() {
+    const auto number = [this](const std::string& name) { return Val(Find<EditField>(name).Text()); };
+    const double megabytes =
+        3 * number("eStart") * number("eSizeX") * number("eSizeY") * number("eFrameRate") / 1024 / 1024;
+    Find<StaticText>("lSize").Text("Uncompressed movie file size: " + Format(megabytes, "###,##0.0") + "MB");
+}

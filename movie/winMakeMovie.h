@@ -1,0 +1,67 @@
+#pragma once
+
+#include <atomic>
+#include <string>
+
+#include "platform/EditableMovie.h"
+#include "platform/FolderItem.h"
+#include "platform/Numbers.h"
+#include "platform/Ref.h"
+#include "platform/Window.h"
+
+/// The Create Movie dialog and the job that renders a count-down into a movie. The settings stand in the dialog's
+/// controls and are read when Start is pressed.
+///
+/// The job runs on the worker `thr`. From its start to its end the main thread doesn't touch the fields below but for
+/// Cancel; the movie is closed, and so saved, by dropping the last reference to it, on the worker.
+class winMakeMovie final : public Window {
+  public:
+    static winMakeMovie& Instance();
+
+    /// The clock's size as a part of the smaller side of the frame.
+    double Scale = 0.9;
+    bool OpenMovie = false;
+    /// The file being written; nil while there is none.
+    Ref<FolderItem> f;
+
+    // The dialog (movie/winMakeMovie.cpp).
+    bool eStart_KeyDown(const std::string& key);
+    void eStart_TextChange();
+    void eSizeX_TextChange();
+    void eSizeY_TextChange();
+    void eFrameRate_TextChange();
+    void eScale_TextChange();
+    void Event_Open() override;
+    /// Shows how large the movie would be without compression.
+    void CalculateSize();
+
+    // The job (movie/winMakeMovie_job.cpp).
+    /// Reads the settings, asks for the file and the compression, and starts the worker. Whatever fails or is cancelled
+    /// on the way ends it without a word.
+    void bStart_Action();
+    /// Stops a job that runs; closes the dialog when none does.
+    void bCancel_Action();
+    void thr_Run();
+    /// Brings the dialog back after a job.
+    void Timer1_Action();
+
+  private:
+    void Layout() override;
+    void CreateControls() override;
+    void _CreateControls0();
+
+    void ReadSettings();
+    bool CreateMovieFile();
+    bool ChooseCompression();
+    void DiscardMovie();
+    void RenderFrames();
+
+    Ref<QTVideoTrack> t;
+    Ref<EditableMovie> m;
+    std::atomic<bool> Cancel = false;
+    Int32 SizeX = 0;
+    Int32 SizeY = 0;
+    double FrameRate = 0;
+    Int32 StartTime = 0;
+    bool Compress = false;
+};

@@ -1,0 +1,121 @@
+#include <algorithm>
+#include <cmath>
+
+#include "core/winMain.h"
+#include "movie/FileTypes.h"
+#include "movie/winMakeMovie.h"
+#include "platform/Controls.h"
+#include "platform/Picture.h"
+#include "platform/Text.h"
+#include "platform/Thread.h"
+#include "platform/Timer.h"
+
+void winMakeMovie::bStart_Action() {
+    ReadSettings();
+    UpdateNow();
+    if (!CreateMovieFile()) return;
+    if (Compress && !ChooseCompression()) return;
+    Find<Thread>("thr").Run();
+}
+
+// The bounds are not those that the labels speak of; what lies beyond them is raised, and the dialog shows it.
+void winMakeMovie::ReadSettings() {
+    constexpr double kSmallestSide = 32;
+    constexpr double kLowestRate = 0.016666666666666;
+    const auto number = [this](const std::string& name) { return Val(Find<EditField>(name).Text()); };
+    SizeX = ToInt32(std::max(number("eSizeX"), kSmallestSide));
+    SizeY = ToInt32(std::max(number("eSizeY"), kSmallestSide));
+    FrameRate = std::max(number("eFrameRate"), kLowestRate);
+    StartTime = ToInt32(number("eStart"));
+    Compress = Find<CheckBox>("CheckBox1").Value();
+    OpenMovie = Find<CheckBox>("CheckBox2").Value();
+    Scale = std::max(number("eScale"), 1.0) / 100;
+
+    Find<EditField>("eSizeX").Text(Str(SizeX));
+    Find<EditField>("eSizeY").Text(Str(SizeY));
+    Find<EditField>("eFrameRate").Text(Str(FrameRate));
+    Find<EditField>("eScale").Text(Format(Scale * 100, "0"));
+}
+
+bool winMakeMovie::CreateMovieFile() {
+    f = GetSaveFolderItem(FileTypes::Quicktime()->ToString(), "Dwindledial.mov");
+    if (!f) return false;
+    m = f->CreateMovie();
+    if (!m) return false;
+    m->SaveOnClose(true);
+    t = m->NewVideoTrack(SizeX, SizeY, FrameRate);
+    if (!t) DiscardMovie();
+    return static_cast<bool>(t);
+}
+
+bool winMakeMovie::ChooseCompression() {
+    const Ref<Picture> testImage = NewPicture(SizeX, SizeY, 32);
+    winMain::Instance().Redraw(testImage->Graphics(), StartTime, Scale, true, false);
+    if (!t->SelectCompressionSettings(testImage)) {
+        DiscardMovie();
+        return false;
+    }
+    FrameRate = t->FrameRate();
+    return true;
+}
+
+void winMakeMovie::DiscardMovie() {
+    m = nullptr;
+    t = nullptr;
+    f->Delete();
+    f = nullptr;
+}
+
+void winMakeMovie::bCancel_Action() {
+    if (Find<Thread>("thr").State() == Thread::States::Running) {
+        Cancel = true;
+    } else {
+        Close();
+    }
+}
+
+void winMakeMovie::thr_Run() {
+    auto& progress = Find<ProgressBar>("ProgressBar1");
+    Cancel = false;
+    Find<GroupBox>("GroupBox1").Enabled(false);
+    Find<PushButton>("bStart").Enabled(false);
+    progress.Maximum(0);
+    progress.Visible(true);
+    progress.Refresh(true);
+
+    RenderFrames();
+
+    progress.Maximum(0);
+    progress.Refresh(true);
+    m = nullptr;
+    t = nullptr;
+    if (OpenMovie && !Cancel) f->Launch(true);
+    f = nullptr;
+    Find<Timer>("Timer1").Mode(Timer::Modes::Single);
+}
+
+// From the full time down to 0, a frame for each step of the rate and one more: the last one says that time is up.
+void winMakeMovie::RenderFrames() {
+    constexpr double kFullClock = 3600;
+    const Ref<Picture> picture = NewPicture(SizeX, SizeY, 32);
+    const Ref<Graphics> graphics = picture->Graphics();
+    auto& progress = Find<ProgressBar>("ProgressBar1");
+    const Int32 n = ToInt32(std::ceil(StartTime * FrameRate));
+    progress.Maximum(n);
+    for (Int32 i = n; i >= 0 && !Cancel; --i) {
+        const double remaining = std::min(kFullClock, i / FrameRate);
+        progress.Value(n - i);
+        progress.Refresh(true);
+        winMain::Instance().Redraw(graphics, ToInt32(remaining), Scale, true, i == 0);
+        t->AppendPicture(picture);
+        Thread::Yield();
+    }
+}
+
+void winMakeMovie::Timer1_Action() {
+    Find<GroupBox>("GroupBox1").Enabled(true);
+    Find<PushButton>("bStart").Enabled(true);
+    Find<ProgressBar>("ProgressBar1").Visible(false);
+    Find<ProgressBar>("ProgressBar1").Refresh(true);
+    UpdateNow();
+}
