@@ -58,8 +58,8 @@ class FieldWidget final : public QLineEdit {
     }
 
     bool Consumes(const QKeyEvent& event) {
-        // The desktop's own modifier; QLineEdit would take the key as typed.
-        if (event.modifiers() & Qt::MetaModifier) return true;
+        // Commands to somebody else; QLineEdit would take the key as typed.
+        if (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) return true;
         const std::string key = KeyText(event);
         return !key.empty() && Deliver(owner_.KeyDown, key);
     }

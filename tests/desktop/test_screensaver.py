@@ -1,5 +1,6 @@
 """The X server's screen saver and the timer."""
 
+from Xlib import X
 from Xlib.ext import screensaver
 
 from desktop import DesktopTest, main, wait_until
@@ -9,12 +10,16 @@ class ScreenSaverTest(DesktopTest):
     def is_on(self):
         return self.desktop.root.screensaver_query_info().state == screensaver.StateOn
 
-    def test_it_keeps_away_for_as_long_as_the_timer_runs(self):
+    def launch_running(self, minutes, seconds, patience):
         timer = self.launch()
-        timer.set_time(0, 8)
+        timer.set_time(minutes, seconds)
         self.desktop.key("space")
         timer.wait_for("running")
-        self.desktop.display.set_screen_saver(2, 0, 1, 1)
+        self.desktop.display.set_screen_saver(patience, 0, X.DefaultBlanking, X.DefaultExposures)
+        return timer
+
+    def test_it_keeps_away_for_as_long_as_the_timer_runs(self):
+        timer = self.launch_running(0, 10, patience=3)
 
         def has_ended():
             self.assertFalse(self.is_on(), "the saver comes on during the run")
@@ -22,6 +27,13 @@ class ScreenSaverTest(DesktopTest):
 
         wait_until(has_ended, "the run ends")
         wait_until(self.is_on, "the saver comes on by itself")
+
+    def test_it_comes_on_once_the_timer_is_stopped_or_gone(self):
+        for key in ("space", "ctrl+q"):
+            with self.subTest(key):
+                self.launch_running(50, 0, patience=1)
+                self.desktop.key(key)
+                wait_until(self.is_on, "the saver comes on by itself")
 
 
 if __name__ == "__main__":

@@ -1,10 +1,13 @@
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+
 #include "platform/Application.h"
 #include "tests/support/RecordingHost.h"
 
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
     RuntimeInit(argc, argv, "Dwindledial", "org.example.dwindledial");
     RecordingHost::InstallNew();
     const int result = RUN_ALL_TESTS();
