@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <cmath>
 
 #include "core/winMain.h"
 #include "movie/FileTypes.h"
+#include "movie/FrameSequence.h"
 #include "movie/winMakeMovie.h"
 #include "platform/Controls.h"
 #include "platform/Picture.h"
@@ -94,19 +94,16 @@ void winMakeMovie::thr_Run() {
     Find<Timer>("Timer1").Mode(Timer::Modes::Single);
 }
 
-// From the full time down to 0, a frame for each step of the rate and one more: the last one says that time is up.
 void winMakeMovie::RenderFrames() {
-    constexpr double kFullClock = 3600;
     const Ref<Picture> picture = NewPicture(SizeX, SizeY, 32);
     const Ref<Graphics> graphics = picture->Graphics();
     auto& progress = Find<ProgressBar>("ProgressBar1");
-    const Int32 n = ToInt32(std::ceil(StartTime * FrameRate));
-    progress.Maximum(n);
-    for (Int32 i = n; i >= 0 && !Cancel; --i) {
-        const double remaining = std::min(kFullClock, i / FrameRate);
-        progress.Value(n - i);
+    const FrameSequence frames(StartTime, FrameRate);
+    progress.Maximum(frames.Count());
+    for (Int32 i = frames.Count(); i >= 0 && !Cancel; --i) {
+        progress.Value(frames.Count() - i);
         progress.Refresh(true);
-        winMain::Instance().Redraw(graphics, ToInt32(remaining), Scale, true, i == 0);
+        winMain::Instance().Redraw(graphics, frames.Seconds(i), Scale, true, FrameSequence::ShowsTimeUp(i));
         t->AppendPicture(picture);
         Thread::Yield();
     }

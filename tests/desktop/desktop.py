@@ -193,6 +193,12 @@ class Desktop:
         self.press(x, y)
         self.release()
 
+    def let_go_of_all(self):
+        self.release()
+        for code, down in enumerate(byte >> bit & 1 for byte in self.display.query_keymap() for bit in range(8)):
+            if down:
+                self.send(X.KeyRelease, code)
+
     def settle(self):
         """The window manager holds up each press to have a look at it, and loses what comes too soon after."""
         self.probe.delete_property(self.display.intern_atom("_NET_FRAME_EXTENTS"))
@@ -348,6 +354,7 @@ class DesktopTest(unittest.TestCase):
     def setUp(self):
         self.stack = contextlib.ExitStack()
         self.addCleanup(self.stack.close)
+        self.addCleanup(self.desktop.let_go_of_all)
         self.addCleanup(self.keep_screen)
 
     def keep_screen(self):

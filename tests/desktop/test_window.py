@@ -14,9 +14,10 @@ class WindowTest(DesktopTest):
         left, top, width, height = self.desktop.place(timer.window)
         x, y = left + width - 2, top + height + 2
         self.desktop.press(x, y)
-        for step in range(1, 26):
+        self.desktop.move(x + right // 25, y + down // 25)  # this only begins the drag
+        self.desktop.settle()
+        for step in range(2, 26):
             dx, dy = right * step // 25, down * step // 25
-            self.desktop.move(x + dx - 1, y + dy - 1)  # the first move of a drag only begins it
             self.desktop.move(x + dx, y + dy)
             size = (max(width + dx, 400), max(height + dy, 150 + timer.bar))
             wait_until(lambda: looks_right() and self.desktop.place(timer.window)[2:] == size, f"it is {size}")

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Numbers.h"
+
+/// The frames of the movie of a count-down. They are numbered backwards: frame Count() comes first, frame 0 last, so
+/// there is one more than Count() says. Pure arithmetic.
+class FrameSequence {
+  public:
+    /// `startTime` in seconds, `frameRate` in frames per second.
+    FrameSequence(Int32 startTime, double frameRate);
+
+    /// Negative, and then there is no frame at all, for a negative time.
+    Int32 Count() const { return count_; }
+
+    /// The remaining time that frame i shows, in seconds.
+    Int32 Seconds(Int32 i) const;
+    /// Whether frame i says that time is up.
+    static bool ShowsTimeUp(Int32 i) { return i == 0; }
+
+  private:
+    double frameRate_;
+    Int32 count_;
+};
