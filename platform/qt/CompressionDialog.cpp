@@ -80,7 +80,11 @@ QWidget* CompressionDialog::MakeSettingsSide() {
     quality_.setTickInterval(25);
     quality_.setTickPosition(QSlider::TicksBelow);
     form->addRow(Label(QStringLiteral("&Quality:"), quality_), &quality_);
-    qualityEnds_.setText(QStringLiteral("from least to best"));
+    auto* ends = new QHBoxLayout(&qualityEnds_);
+    ends->setContentsMargins(0, 0, 0, 0);
+    ends->addWidget(new QLabel(QStringLiteral("Least")));
+    ends->addStretch();
+    ends->addWidget(new QLabel(QStringLiteral("Best")));
     form->addRow(QString(), &qualityEnds_);
     form->addRow(Label(QStringLiteral("&Frames per second:"), frameRate_), &frameRate_);
     size_.setMinimumWidth(size_.fontMetrics().horizontalAdvance(SizeText(1e12)));

@@ -38,7 +38,7 @@ class CompressionDialog final : public QDialog {
 
     QComboBox codec_;
     QSlider quality_{Qt::Horizontal};
-    QLabel qualityEnds_;
+    QWidget qualityEnds_;
     QLineEdit frameRate_;
     QLabel size_;
     QScrollArea previewArea_;
