@@ -10,10 +10,15 @@ namespace {
 
 using Command = std::function<void(QLineEdit&)>;
 
+// QLineEdit's own del() goes on to the character behind the caret.
+void DeleteSelection(QLineEdit& field) {
+    if (field.hasSelectedText()) field.del();
+}
+
 Command CommandOf(const std::string& itemName) {
     static const std::map<std::string, Command> commands = {
         {"EditUndo", &QLineEdit::undo},   {"EditCut", &QLineEdit::cut},   {"EditCopy", &QLineEdit::copy},
-        {"EditPaste", &QLineEdit::paste}, {"EditClear", &QLineEdit::del}, {"EditSelectAll", &QLineEdit::selectAll},
+        {"EditPaste", &QLineEdit::paste}, {"EditClear", DeleteSelection}, {"EditSelectAll", &QLineEdit::selectAll},
     };
     const auto command = commands.find(itemName);
     return command == commands.end() ? nullptr : command->second;

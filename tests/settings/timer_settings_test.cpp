@@ -131,8 +131,9 @@ TEST_F(TimerSettingsTest, WhereNothingCanBeWrittenItRunsOnTheDefaults) {
     EXPECT_THAT(host.messages, ElementsAre("Unexpected error: NilObjectException: no TextOutputStream"));
 }
 
-TEST_F(TimerSettingsTest, WithoutAFolderForSettingsItRuns) {
+TEST_F(TimerSettingsTest, WithoutAFolderForSettingsItRunsOnTheDefaultsToo) {
     host.preferencesFolder.clear();
+    EXPECT_EQ(Shown(), kDefaults);
     StartFrom(60);
     EXPECT_TRUE(Timer().IsRunning);
     EXPECT_TRUE(Timer().Visible());
