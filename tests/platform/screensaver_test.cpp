@@ -1,7 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -304,53 +301,18 @@ TEST_F(ScreenSaverTest, WhatIsGrantedAfterDestructionIsGivenBack) {
 
 // What follows runs in a process of its own, whose session bus is at an address where none answers.
 
-class ScreenSaverDeathTest : public testing::Test {
-  protected:
-    void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
-    ~ScreenSaverDeathTest() override { qputenv("DBUS_SESSION_BUS_ADDRESS", address_); }
-
-    /// Ends with 0 when nothing was waited for and nothing printed; never hangs.
-    static void RunAndExit(const std::function<void()>& wait) {
-        alarm(30);
+TEST(ScreenSaverDeathTest, WithoutABusNothingHappensAndNothingIsTold) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere/at/all");
+    const auto runWithoutBus = [] {
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) { std::_Exit(2); });
         DBusInhibitor inhibitor{"timer", "counting down"};
-        const QDeadlineTimer deadline(5s);
         inhibitor.Inhibit();
+        QCoreApplication::processEvents();
         inhibitor.Release();
-        inhibitor.Inhibit();
-        if (deadline.hasExpired()) std::_Exit(3);
-        wait();
-        inhibitor.Release();
-        std::_Exit(0);
-    }
-
-  private:
-    const QByteArray address_ = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-};
-
-TEST_F(ScreenSaverDeathTest, WithoutABusNothingHappensAndNothingIsTold) {
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere/at/all");
-    const auto opened = [] {
-        if (QDBusConnection::sessionBus().isConnected()) std::_Exit(4);
-        for (int i = 0; i < 100; ++i) {
-            QCoreApplication::processEvents();
-            QThread::msleep(1);
-        }
+        std::_Exit(QDBusConnection::sessionBus().isConnected() ? 3 : 0);
     };
-    EXPECT_EXIT(RunAndExit(opened), testing::ExitedWithCode(0), "");
-}
-
-TEST_F(ScreenSaverDeathTest, ABusThatNeverAnswersIsNotWaitedFor) {
-    // Listens, but nobody ever accepts: to connect succeeds, and the greeting stays without an answer.
-    const QByteArray name = "dwindledial-test-" + QByteArray::number(getpid());
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::copy(name.begin(), name.end(), address.sun_path + 1);
-    const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + static_cast<size_t>(name.size()));
-    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), length), 0);
-    ASSERT_EQ(listen(listener, 8), 0);
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:abstract=" + name);
-    EXPECT_EXIT(RunAndExit([] {}), testing::ExitedWithCode(0), "");
-    close(listener);
+    EXPECT_EXIT(runWithoutBus(), testing::ExitedWithCode(0), "");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
 }

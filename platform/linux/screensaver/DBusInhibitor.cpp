@@ -6,7 +6,6 @@
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
-#include <QThread>
 #include <QTimer>
 #include <QVariantMap>
 #include <array>
@@ -112,7 +111,7 @@ class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
                          [this](const QString& name, const QString& former) { OwnerLeft(name, former); });
     }
 
-    /// Once, when the session bus is open.
+    /// Once. Without a bus, nothing happens.
     void Begin(const QDBusConnection& bus) {
         if (!bus.isConnected()) return;
         bus_ = bus;
@@ -179,46 +178,19 @@ class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
     std::optional<Hold> hold_;
 };
 
-/// Opening the bus waits for its answer, so it is done on a thread; from then on Qt has it at hand.
-struct DBusInhibitor::SessionBus {
-    ~SessionBus() {
-        if (opening) opening->wait();
-    }
-
-    bool open = false;
-    std::unique_ptr<QThread> opening;
-};
-
 DBusInhibitor::DBusInhibitor(std::string applicationId, std::string reason, std::chrono::milliseconds patience)
-    : applicationId_(std::move(applicationId)),
-      reason_(std::move(reason)),
-      patience_(patience),
-      bus_(std::make_unique<SessionBus>()) {}
+    : applicationId_(std::move(applicationId)), reason_(std::move(reason)), patience_(patience) {}
 
 DBusInhibitor::~DBusInhibitor() { Release(); }
 
 void DBusInhibitor::Inhibit() {
     if (run_) return;
     run_ = std::make_shared<Run>(applicationId_, reason_, patience_);
-    if (bus_->open) {
-        run_->Begin(QDBusConnection::sessionBus());
-    } else if (!bus_->opening) {
-        OpenBus();
-    }
+    run_->Begin(QDBusConnection::sessionBus());
 }
 
 void DBusInhibitor::Release() {
     if (!run_) return;
     run_->End();
     run_.reset();
-}
-
-void DBusInhibitor::OpenBus() {
-    bus_->opening.reset(QThread::create([] { QDBusConnection::sessionBus(); }));
-    QThread* opening = bus_->opening.get();
-    QObject::connect(opening, &QThread::finished, opening, [this] {
-        bus_->open = true;
-        if (run_) run_->Begin(QDBusConnection::sessionBus());
-    });
-    opening->start();
 }

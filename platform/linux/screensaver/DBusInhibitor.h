@@ -16,7 +16,6 @@ class DBusInhibitor final : public ScreenSaver {
     /// A service that has not answered within `patience` is passed over; the next one is asked.
     DBusInhibitor(std::string applicationId, std::string reason,
                   std::chrono::milliseconds patience = std::chrono::seconds(2));
-    /// Waits for the bus while it is being opened, as the end of the process would as well.
     ~DBusInhibitor() override;
 
     void Inhibit() override;
@@ -26,13 +25,9 @@ class DBusInhibitor final : public ScreenSaver {
 
   private:
     class Run;
-    struct SessionBus;
-
-    void OpenBus();
 
     std::string applicationId_;
     std::string reason_;
     std::chrono::milliseconds patience_;
     std::shared_ptr<Run> run_;
-    std::unique_ptr<SessionBus> bus_;
 };
