@@ -22,10 +22,7 @@ void winMain::Layout() {
     BackColor(RGB(0x9F, 0x9F, 0x9F));
 }
 
-void winMain::CreateControls() {
-    _CreateControls0();
-    AddMenuHandlers(*this);
-}
+void winMain::CreateControls() { _CreateControls0(); }
 
 void winMain::_CreateControls0() {
     auto& timerRun = AddControl<Timer>("TimerRun");

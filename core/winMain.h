@@ -125,6 +125,7 @@ class winMain final : public Window {
     void Layout() override;
     void CreateControls() override;
     void _CreateControls0();
+    void AddMenuHandlers(Window& window) override;
     void DrawTimeUp(Graphics& g, double diameter);
     void ShowDialog(Window& dialog);
 
@@ -134,6 +135,3 @@ class winMain final : public Window {
     Int32 mWidth = 0;
     Int32 mHeight = 0;
 };
-
-/// Makes the commands of `window`, the timer window, the menu bar's.
-void AddMenuHandlers(Window& window);

@@ -1,23 +1,17 @@
+#include "core/StatusIcon.h"
 #include "core/winMain.h"
 #include "platform/Application.h"
 #include "platform/Text.h"
 #include "shell/App.h"
 
-namespace {
-
-// The square of the status icon, its edges included. It is fixed, whatever the size of the picture drawn there.
-bool WithinStatusIcon(Int32 x, Int32 y) { return x >= 10 && x <= 26 && y >= 10 && y <= 26; }
-
-}  // namespace
-
 // False: a press is all that counts, no drag or release need follow.
 bool winMain::cvTime_MouseDown(Int32 x, Int32 y) {
-    if (WithinStatusIcon(x, y)) ToggleTimer();
+    if (StatusIcon::Contains(x, y)) ToggleTimer();
     return false;
 }
 
 void winMain::cvTime_MouseMove(Int32 x, Int32 y) {
-    App::Instance().MouseCursor(WithinStatusIcon(x, y) ? FingerPointer : StandardPointer);
+    App::Instance().MouseCursor(StatusIcon::Contains(x, y) ? FingerPointer : StandardPointer);
 }
 
 // The colours come first, so that the first paint has them.

@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/StatusIcon.h"
 #include "core/winMain.h"
 #include "platform/Canvas.h"
 #include "platform/Shapes.h"
+#include "platform/Thread.h"
 #include "platform/targets.h"
 #include "shell/images.h"
 
@@ -16,7 +18,6 @@ constexpr double kTop = 4.7122935;
 
 constexpr Int32 kSecondsPerTurn = 3600;
 constexpr Int32 kMarks = 60;
-constexpr Int32 kOwnSize = -10000;
 const std::string kTimeUp = "Time is Up!";
 
 /// Where the clock lies on a surface. The centre keeps its half pixel here; shapes are placed without it.
@@ -91,13 +92,15 @@ void DrawMark(Graphics& g, const Face& face, Color color, Int32 i) {
 }
 
 void DrawMarks(Graphics& g, const Face& face, Color color) {
-    for (Int32 i = 0; i < kMarks; ++i)
+    for (Int32 i = 0; i < kMarks; ++i) {
         DrawMark(g, face, color, i);
+        Thread::Yield();
+    }
 }
 
 void DrawStatusIcon(Graphics& g, bool isDone, bool isRunning) {
     const Ref<Picture> icon = isDone ? Alert_Icon() : isRunning ? Run_Icon() : Pause_Icon();
-    g.DrawPicture(icon, 10, 10, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+    g.DrawPicture(icon, StatusIcon::kLeft, StatusIcon::kTop, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
 }
 
 }  // namespace

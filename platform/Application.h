@@ -32,8 +32,8 @@ class Application {
 
 /// Brings the toolkit up. `name` and `desktopId` tell the desktop which program this is.
 void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId);
-/// Runs the start-up code. What it throws ends the program with status 1.
-void RunFrameworkInitialization(const std::function<void()>& startUp);
+/// Runs the start-up code, whose result doesn't matter. What it throws ends the program with status 1.
+void RunFrameworkInitialization(const std::function<int()>& startUp);
 /// Makes `application` the program's one application object, owned by the toolkit.
 void RuntimeRegisterAppObject(std::unique_ptr<Application> application);
 /// Runs the event loop until Quit; not at all when the start-up code has thrown.
@@ -41,5 +41,5 @@ void RuntimeRun();
 /// Releases the windows, the application object, the host and the toolkit. Gives the exit status.
 int RuntimeExit();
 
-/// Ends the event loop with a status.
+/// Ends all workers, each at its next yield, then the event loop, with a status.
 void Quit(int status);

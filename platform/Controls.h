@@ -31,7 +31,7 @@ class PushButton : public RectControl {
     std::string Caption() const;
     void Caption(const std::string& caption);
 
-    /// The button that Return and Enter press from anywhere in the window.
+    /// The button that Return and Enter press wherever the focus is, unless it is on another button.
     bool Default() const;
     void Default(bool on);
     /// The button that Escape presses.

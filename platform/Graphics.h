@@ -12,6 +12,9 @@ class OvalShape;
 class ArcShape;
 class CurveShape;
 
+/// As a width or height in DrawPicture: that of the picture.
+constexpr Int32 kOwnSize = -10000;
+
 /// A drawing surface with antialiased edges. Coordinates are logical pixels from its top left corner; what is drawn is
 /// as fine as the surface under it.
 class Graphics {
@@ -38,8 +41,8 @@ class Graphics {
     virtual void DrawObject(const ArcShape& arc, Int32 x, Int32 y) = 0;
     virtual void DrawObject(const CurveShape& line, Int32 x, Int32 y) = 0;
 
-    /// Draws a part of a picture, through its mask if it has one, scaled to the destination's size. A width or height
-    /// of -10000 is that of the picture. A nil picture draws nothing.
+    /// Draws a part of a picture, through its mask if it has one, scaled to the destination's size. A nil picture draws
+    /// nothing.
     virtual void DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight,
                              Int32 sourceX, Int32 sourceY, Int32 sourceWidth, Int32 sourceHeight) = 0;
 

@@ -12,7 +12,7 @@ class Thread : public Control {
     enum class States { Running = 0, NotRunning = 4 };
 
     Thread();
-    /// Ends the worker at its next yield and waits for that.
+    /// As End.
     ~Thread() override;
 
     /// What the worker does. An exception that leaves it is reported, and the worker has ended.
@@ -21,6 +21,8 @@ class Thread : public Control {
     /// Starts RunEvent on a thread of its own and returns. Does nothing while one runs.
     void Run();
     States State() const;
+    /// Ends the worker at its next yield and waits for that.
+    void End();
 
     /// Called by a worker where it may be ended: it doesn't return when that is wanted. Does nothing on other threads.
     static void Yield();

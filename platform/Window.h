@@ -38,6 +38,7 @@ class Window : public std::enable_shared_from_this<Window> {
     void Frame(Frames frame);
     /// Whether the user can close the window by the desktop's means, and change its size.
     void CloseButton(bool on);
+    void MaximizeButton(bool on);
     void Resizeable(bool on);
     bool Visible() const;
 
@@ -80,6 +81,7 @@ class Window : public std::enable_shared_from_this<Window> {
     template <class W>
     static W& ImplicitInstance(const std::string& key) {
         if (Window* open = FindOpen(key)) return static_cast<W&>(*open);
+        if (!IsMainThread()) throw NilObjectException(key);
         const std::shared_ptr<W> window(new W, [](W* last) {
             last->EndWorkers();  // they use what a derived window's own end would destroy
             delete last;
@@ -107,6 +109,8 @@ class Window : public std::enable_shared_from_this<Window> {
     // What a window class says of itself, called once in this order when it is built.
     virtual void Layout() {}
     virtual void CreateControls() {}
+    /// Registers the handlers of the menu bar's commands with `window`, which is this one.
+    virtual void AddMenuHandlers(Window&) {}
 
     // Events. Coordinates are those of the controls.
     virtual void Event_Open() {}
@@ -122,6 +126,7 @@ class Window : public std::enable_shared_from_this<Window> {
     friend class WindowPeer;
 
     static Window* FindOpen(const std::string& key);
+    static bool IsMainThread();
     void EndWorkers();
     static void Open(const std::string& key, const std::shared_ptr<Window>& window);
     Control* FindControl(const std::string& name) const;

@@ -24,7 +24,6 @@ Ref<Picture> Plain(Slot& slot, const std::string& fileName) {
 }
 
 Ref<Picture> Masked(Slot& slot, const std::string& fileName, Ref<Picture> (*mask)()) {
-    constexpr Int32 kOwnSize = -10000;
     if (slot) return slot;
     if (Plain(slot, fileName)) {
         slot->Mask(true)->Graphics()->DrawPicture(mask(), 0, 0, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);

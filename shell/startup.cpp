@@ -13,12 +13,17 @@ void _InitFileTypes() { FileTypes::_Initialize(); }
 
 void _NewAppInstance() { RuntimeRegisterAppObject(std::make_unique<App>()); }
 
+// Every handler belongs to the timer window.
+void _ApplicationAddMenuHandlers() {}
+
 void _MakeDefaultView() { winMain::Instance(); }
 
-void _Startup() {
+int _Startup() {
     _InitFileTypes();
     _NewAppInstance();
+    _ApplicationAddMenuHandlers();
     _MakeDefaultView();
+    return 0;
 }
 
 }  // namespace

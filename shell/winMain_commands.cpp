@@ -58,7 +58,7 @@ bool winMain::_HelpDonate_Action() {
     return true;
 }
 
-void AddMenuHandlers(Window& window) {
+void winMain::AddMenuHandlers(Window& window) {
     auto& timer = dynamic_cast<winMain&>(window);
     const auto handle = [&timer](const std::string& itemName, bool (winMain::*action)()) {
         timer._AddMenuHandler(itemName, [&timer, action] { return (timer.*action)(); });

@@ -49,6 +49,7 @@ void winSet::Layout() {
     MinSize(64, 64);
     Width(300);
     Height(74);
+    MaximizeButton(false);
 }
 
 void winSet::CreateControls() { _CreateControls0(); }

@@ -46,7 +46,7 @@ void RuntimeInit(int& argc, char** argv, const std::string& name, const std::str
     Host::Install(std::make_unique<DesktopHost>(desktopId, name));
 }
 
-void RunFrameworkInitialization(const std::function<void()>& startUp) {
+void RunFrameworkInitialization(const std::function<int()>& startUp) {
     try {
         startUp();
     } catch (...) {
@@ -74,6 +74,10 @@ int RuntimeExit() {
 }
 
 void Quit(int status) {
+    // While every window that they look for is still there.
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* window = dynamic_cast<WindowPeer*>(widget)) window->EndWorkers();
+    }
     runtime.status = status;
     QCoreApplication::exit(status);
 }

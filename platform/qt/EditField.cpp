@@ -17,13 +17,10 @@ class FieldWidget final : public QLineEdit {
     explicit FieldWidget(EditField& owner) : owner_(owner) {
         // The layouts leave a field just the room that its text needs.
         setTextMargins(-kOwnMargin, 0, -kOwnMargin, 0);
-        connect(this, &QLineEdit::textChanged, this, [this] { Deliver(owner_.TextChange); });
-    }
-
-    /// A text that is set shows whole; one that is typed may scroll.
-    void SetText(const QString& text) {
-        setText(text);
-        Fit();
+        connect(this, &QLineEdit::textChanged, this, [this] {
+            Fit();
+            Deliver(owner_.TextChange);
+        });
     }
 
   protected:
@@ -72,7 +69,7 @@ class FieldWidget final : public QLineEdit {
 EditField::EditField() : RectControl(std::make_unique<Peer>(new FieldWidget(*this))) {}
 
 std::string EditField::Text() const { return WidgetOf<FieldWidget>(*this).text().toStdString(); }
-void EditField::Text(const std::string& text) { WidgetOf<FieldWidget>(*this).SetText(QString::fromStdString(text)); }
+void EditField::Text(const std::string& text) { WidgetOf<FieldWidget>(*this).setText(QString::fromStdString(text)); }
 
 void EditField::SelText(const std::string& text) { WidgetOf<FieldWidget>(*this).insert(QString::fromStdString(text)); }
 

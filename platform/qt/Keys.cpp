@@ -32,7 +32,20 @@ Int32 ControlCode(int key) {
     }
 }
 
+struct Release {
+    int key = 0;
+    quint64 timestamp = 0;  // 0 for events that come from no device
+};
+Release lastRelease;
+
 }  // namespace
+
+bool IsRepeat(const QKeyEvent& press) {
+    const bool isSameMoment = press.timestamp() != 0 && press.timestamp() == lastRelease.timestamp;
+    return press.isAutoRepeat() || (isSameMoment && press.key() == lastRelease.key);
+}
+
+void RememberRelease(const QKeyEvent& release) { lastRelease = {release.key(), release.timestamp()}; }
 
 std::string KeyText(const QKeyEvent& event) {
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return "";

@@ -1,14 +1,14 @@
 #include "platform/qt/MenuBinding.h"
 
-#include "platform/Text.h"
+#include <utility>
 
-MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, std::function<void()> enable,
-                         std::function<void(const MenuItem&)> choose)
-    : bar_(std::move(bar)),
-      window_(window),
-      widget_(new QMenuBar(&window)),
-      enable_(std::move(enable)),
-      choose_(std::move(choose)) {
+#include "platform/Text.h"
+#include "platform/qt/EditCommands.h"
+#include "platform/qt/EventBoundary.h"
+#include "platform/qt/OpenWindows.h"
+
+MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, std::function<void()> enableItems)
+    : bar_(std::move(bar)), window_(window), widget_(new QMenuBar(&window)), enableItems_(std::move(enableItems)) {
     widget_->setNativeMenuBar(false);
     widget_->setAutoFillBackground(true);  // in fullscreen it lies over the controls
     widget_->setCursor(Qt::ArrowCursor);
@@ -17,9 +17,13 @@ MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, std::function<void()
     Sync();
 }
 
+void MenuBinding::AddHandler(const std::string& itemName, Window::MenuHandler handler) {
+    handlers_[itemName] = std::move(handler);
+}
+
 void MenuBinding::AddMenu(const MenuItem& menu) {
     QMenu* widget = widget_->addMenu(QString::fromStdString(menu.Text()));
-    QObject::connect(widget, &QMenu::aboutToShow, widget, enable_);
+    QObject::connect(widget, &QMenu::aboutToShow, widget, [this] { PassEnabling(); });
     for (const Ref<MenuItem>& item : menu.Children())
         AddItem(*widget, item);
 }
@@ -32,10 +36,36 @@ void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
     QAction* action = menu.addAction(QString());
     action->setMenuRole(QAction::NoRole);
     action->setShortcut(QKeySequence(QString::fromStdString(Replace(item->KeyboardShortcut(), "Cmd+", "Ctrl+"))));
-    QObject::connect(action, &QAction::triggered, action, [this, item] { choose_(*item); });
+    action->setAutoRepeat(false);
+    QObject::connect(action, &QAction::triggered, action, [this, item] { Choose(*item); });
     // Of the window too: the shortcuts of a hidden menu bar are dead.
     window_.addAction(action);
     rows_.push_back({item, action});
+}
+
+void MenuBinding::PassEnabling() {
+    for (const Row& row : rows_) {
+        row.item->Disable();
+        if (row.item->AutoEnable() && IsTaken(*row.item)) row.item->Enable();
+    }
+    Deliver(enableItems_);
+    Sync();
+}
+
+bool MenuBinding::IsTaken(const MenuItem& item) const {
+    return handlers_.contains(item.Name()) || dynamic_cast<const QuitMenuItem*>(&item) ||
+           edit_commands::IsAvailable(item.Name());
+}
+
+void MenuBinding::Choose(const MenuItem& item) {
+    if (const auto handler = handlers_.find(item.Name()); handler != handlers_.end()) {
+        Deliver(handler->second);
+    } else if (dynamic_cast<const QuitMenuItem*>(&item)) {
+        for (const auto& window : open_windows::All())
+            window->Close();
+    } else {
+        edit_commands::Run(item.Name());
+    }
 }
 
 void MenuBinding::Sync() {

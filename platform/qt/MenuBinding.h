@@ -4,27 +4,35 @@
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <functional>
+#include <map>
+#include <string>
 #include <vector>
 
 #include "platform/Menu.h"
+#include "platform/Window.h"
 
-/// Shows a MenuBar in a window.
+/// Shows a MenuBar in a window and routes its commands: to the handler registered under the item's name, or to the
+/// toolkit itself, which quits and edits.
 class MenuBinding {
   public:
-    /// `enable` is called before a menu opens, and is to end with Sync(); `choose` when an item is chosen. The widgets
-    /// belong to `window`.
-    MenuBinding(Ref<MenuBar> bar, QWidget& window, std::function<void()> enable,
-                std::function<void(const MenuItem&)> choose);
+    /// `enableItems` is the window's part in each enabling pass. The widgets belong to `window`.
+    MenuBinding(Ref<MenuBar> bar, QWidget& window, std::function<void()> enableItems);
 
     const Ref<MenuBar>& Bar() const { return bar_; }
     QMenuBar& Widget() { return *widget_; }
 
-    /// Brings captions and enabled states in line with the items.
-    void Sync();
+    void AddHandler(const std::string& itemName, Window::MenuHandler handler);
+
+    /// Settles anew which items are enabled and how they read. To be called before a shortcut is looked up; before a
+    /// menu opens, it is done here.
+    void PassEnabling();
 
   private:
     void AddMenu(const MenuItem& menu);
     void AddItem(QMenu& menu, const Ref<MenuItem>& item);
+    bool IsTaken(const MenuItem& item) const;
+    void Choose(const MenuItem& item);
+    void Sync();
 
     struct Row {
         Ref<MenuItem> item;
@@ -34,7 +42,7 @@ class MenuBinding {
     Ref<MenuBar> bar_;
     QWidget& window_;
     QMenuBar* widget_;
-    std::function<void()> enable_;
-    std::function<void(const MenuItem&)> choose_;
+    std::function<void()> enableItems_;
+    std::map<std::string, Window::MenuHandler> handlers_;
     std::vector<Row> rows_;
 };

@@ -87,7 +87,6 @@ void PainterGraphics::DrawObject(const CurveShape& line, Int32 x, Int32 y) {
 void PainterGraphics::DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight,
                                   Int32 sourceX, Int32 sourceY, Int32 sourceWidth, Int32 sourceHeight) {
     if (!picture) return;
-    constexpr Int32 kOwnSize = -10000;
     const auto extent = [](Int32 given, Int32 own) { return given == kOwnSize ? own : given; };
     const QRect destination(x, y, extent(destWidth, picture->Width()), extent(destHeight, picture->Height()));
     const QRect source(sourceX, sourceY, extent(sourceWidth, picture->Width()),

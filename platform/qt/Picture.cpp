@@ -1,6 +1,6 @@
 #include "platform/Picture.h"
 
-#include <QtGui/QImageReader>
+#include <QtCore/QFile>
 #include <new>
 #include <optional>
 
@@ -65,7 +65,7 @@ Ref<Picture> NewPicture(Int32 width, Int32 height, Int32) {
 }
 
 Ref<Picture> FolderItem::OpenAsPicture() const {
-    QImage image(QString::fromStdString(Path().string()));
+    QImage image(QFile::decodeName(Path().c_str()));
     if (image.isNull()) {
         const std::optional<RgbImage> pict = ReadPict(Path());
         if (!pict) return nullptr;

@@ -41,6 +41,11 @@ void Thread::Run() {
 
 Thread::States Thread::State() const { return peer_->isRunning ? States::Running : States::NotRunning; }
 
+void Thread::End() {
+    peer_->worker.request_stop();
+    if (peer_->worker.joinable()) peer_->worker.join();
+}
+
 void Thread::Yield() {
     if (stopToken.stop_requested()) throw Ended();
 }

@@ -1,5 +1,8 @@
 #include "platform/Window.h"
 
+#include <QtCore/QThread>
+#include <QtWidgets/QApplication>
+
 #include "platform/qt/OpenWindows.h"
 #include "platform/qt/WindowPeer.h"
 
@@ -11,16 +14,16 @@ std::string Window::Title() const { return peer_->windowTitle().toStdString(); }
 void Window::Title(const std::string& title) { peer_->setWindowTitle(QString::fromStdString(title)); }
 
 // geometry() is the window's inside; its frame belongs to the window manager.
-Int32 Window::Left() const { return peer_->geometry().left(); }
+Int32 Window::Left() const { return peer_->Frame().left(); }
 void Window::Left(Int32 left) { peer_->setGeometry(QRect(QPoint(left, Top()), peer_->size())); }
 
-Int32 Window::Top() const { return peer_->geometry().top(); }
+Int32 Window::Top() const { return peer_->Frame().top(); }
 void Window::Top(Int32 top) { peer_->setGeometry(QRect(QPoint(Left(), top), peer_->size())); }
 
-Int32 Window::Width() const { return peer_->width(); }
+Int32 Window::Width() const { return peer_->Frame().width(); }
 void Window::Width(Int32 width) { peer_->SetSize({width, peer_->height()}); }
 
-Int32 Window::Height() const { return peer_->Content().height(); }
+Int32 Window::Height() const { return peer_->Frame().height() - (peer_->IsFullScreen() ? 0 : peer_->BarHeight()); }
 void Window::Height(Int32 height) { peer_->SetSize({peer_->width(), height + peer_->BarHeight()}); }
 
 void Window::MinSize(Int32 width, Int32 height) { peer_->setMinimumSize(width, height + peer_->BarHeight()); }
@@ -30,6 +33,8 @@ void Window::BackColor(Color color) { peer_->SetBackground(QColor(color.Red(), c
 void Window::Frame(Frames frame) { peer_->SetFrame(frame); }
 
 void Window::CloseButton(bool on) { peer_->SetCloseable(on); }
+
+void Window::MaximizeButton(bool on) { peer_->SetTitleButton(Qt::WindowMaximizeButtonHint, on); }
 
 void Window::Resizeable(bool on) {
     if (!on) peer_->setFixedSize(peer_->size());
@@ -43,7 +48,7 @@ void Window::MenuBar(const Ref<::MenuBar>& bar) { peer_->SetMenuBar(bar); }
 bool Window::MenuBarVisible() const { return peer_->MenuBarVisible(); }
 void Window::MenuBarVisible(bool on) { peer_->SetMenuBarVisible(on); }
 
-bool Window::FullScreen() const { return peer_->isFullScreen(); }
+bool Window::FullScreen() const { return peer_->IsFullScreen(); }
 void Window::FullScreen(bool on) { peer_->SetFullScreen(on); }
 
 void Window::Maximize() { peer_->Zoom(); }
@@ -86,6 +91,8 @@ void Window::Open(const std::string& key, const std::shared_ptr<Window>& window)
     window->peer_->Build();
     if (!window->peer_->IsSheet()) window->peer_->show();
 }
+
+bool Window::IsMainThread() { return QThread::currentThread() == qApp->thread(); }
 
 void Window::EndWorkers() { peer_->EndWorkers(); }
 

@@ -10,7 +10,6 @@
 #include "platform/Controls.h"
 #include "platform/Text.h"
 #include "platform/Thread.h"
-#include "platform/qt/EditCommands.h"
 #include "platform/qt/EventBoundary.h"
 #include "platform/qt/Keys.h"
 #include "platform/qt/OpenWindows.h"
@@ -25,6 +24,7 @@ WindowPeer& WindowPeer::Of(const QWidget& control) { return static_cast<WindowPe
 void WindowPeer::Build() {
     owner_.Layout();
     owner_.CreateControls();
+    owner_.AddMenuHandlers(owner_);
     SetTabOrder();
     isBuilt_ = true;
     Deliver([this] { owner_.Event_Open(); });
@@ -37,9 +37,13 @@ void WindowPeer::SetFrame(Window::Frames frame) {
 
 void WindowPeer::SetCloseable(bool on) {
     isCloseable_ = on;
-    // Only with these two do window managers look at the third.
+    SetTitleButton(Qt::WindowCloseButtonHint, on);
+}
+
+// Only with these two do window managers look at the buttons.
+void WindowPeer::SetTitleButton(Qt::WindowType button, bool on) {
     Qt::WindowFlags flags = windowFlags() | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
-    setWindowFlags(flags.setFlag(Qt::WindowCloseButtonHint, on));
+    setWindowFlags(flags.setFlag(button, on));
 }
 
 void WindowPeer::SetBackground(const QColor& color) {
@@ -56,9 +60,12 @@ void WindowPeer::SetSize(QSize size) {
 }
 
 void WindowPeer::SetMenuBar(const Ref<MenuBar>& bar) {
-    menu_ = std::make_unique<MenuBinding>(
-        bar, *this, [this] { PassEnabling(); }, [this](const MenuItem& item) { Choose(item); });
+    menu_ = std::make_unique<MenuBinding>(bar, *this, [this] { owner_.Event_EnableMenuItems(); });
     Arrange();
+}
+
+void WindowPeer::AddHandler(const std::string& itemName, Window::MenuHandler handler) {
+    if (menu_) menu_->AddHandler(itemName, std::move(handler));
 }
 
 void WindowPeer::SetMenuBarVisible(bool on) {
@@ -83,7 +90,9 @@ Control* WindowPeer::Find(const std::string& name) const {
 }
 
 void WindowPeer::EndWorkers() {
-    std::erase_if(controls_, [](const auto& control) { return dynamic_cast<Thread*>(control.second.get()); });
+    for (const auto& [name, control] : controls_) {
+        if (auto* thread = dynamic_cast<Thread*>(control.get())) thread->End();
+    }
 }
 
 std::vector<RectControl*> WindowPeer::RectControls() const {
@@ -104,12 +113,16 @@ void WindowPeer::closeEvent(QCloseEvent* event) {
     } catch (...) {
         QuitOnUncaught();
     }
+    if (blocked_) blocked_->setEnabled(true);
     if (closed_) closed_();
     open_windows::Remove(owner_);
 }
 
+// Not modal in Qt's sense, which would take away more than the input: that the window below can still be closed.
 void WindowPeer::ShowOver(WindowPeer& parent) {
-    setWindowModality(Qt::WindowModal);
+    blocked_ = &parent;
+    parent.blocker_ = this;
+    parent.setEnabled(false);
     winId();  // makes the window handle
     windowHandle()->setTransientParent(parent.windowHandle());
     show();
@@ -134,16 +147,21 @@ void WindowPeer::Zoom() {
         Qt::QueuedConnection);
 }
 
-// The window manager takes its time to bring the old frame back. Asked for at once, it can be built upon at once.
+QRect WindowPeer::Frame() const { return isFullScreen() && !wantsFullScreen_ ? normalGeometry() : geometry(); }
+
 void WindowPeer::SetFullScreen(bool on) {
-    if (on == isFullScreen()) return;
-    const QRect frame = std::exchange(frameBeforeFullScreen_, geometry());
+    if (on == IsFullScreen()) return;
+    if (on) frameBeforeFullScreen_ = Frame();
+    wantsFullScreen_ = on;
     setWindowState(windowState().setFlag(Qt::WindowFullScreen, on));
-    if (!on && frame.isValid()) setGeometry(frame);
+    // The window manager takes its time to bring the old frame back. Asked for at once, it can be built upon at once.
+    if (!on) setGeometry(frameBeforeFullScreen_);
+    Arrange();
 }
 
 void WindowPeer::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange) Arrange();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && blocker_) blocker_->activateWindow();
     QWidget::changeEvent(event);
 }
 
@@ -151,10 +169,10 @@ void WindowPeer::resizeEvent(QResizeEvent*) { Arrange(); }
 
 void WindowPeer::Arrange() {
     const int barHeight = BarHeight();
-    const int top = isFullScreen() ? 0 : barHeight;
+    const int top = IsFullScreen() ? 0 : barHeight;
     if (menu_) {
         menu_->Widget().setGeometry(0, 0, width(), barHeight);
-        menu_->Widget().setVisible(!isFullScreen() || menuBarVisible_);
+        menu_->Widget().setVisible(!IsFullScreen() || menuBarVisible_);
         menu_->Widget().raise();
     }
     const QSize before = content_.size();
@@ -205,15 +223,22 @@ void WindowPeer::MouseMoved(Int32 x, Int32 y) {
     Deliver([&] { owner_.Event_MouseMove(x, y); });
 }
 
-// The toolkit asks here, before it looks at its table of shortcuts, whether someone wants the key for itself.
 bool WindowPeer::event(QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride) PassEnabling();
+    if (event->type() == QEvent::KeyRelease) RememberRelease(static_cast<QKeyEvent&>(*event));
+    // The toolkit asks here, before it looks at its table of shortcuts, whether someone wants the key for itself.
+    if (event->type() == QEvent::ShortcutOverride) {
+        if (IsRepeat(static_cast<QKeyEvent&>(*event))) {
+            event->accept();  // a held key is no new command
+            return true;
+        }
+        if (menu_) menu_->PassEnabling();
+    }
     return QWidget::event(event);
 }
 
 void WindowPeer::keyPressEvent(QKeyEvent* event) {
     const std::string key = KeyText(*event);
-    if (key.empty() || event->isAutoRepeat()) return event->ignore();
+    if (key.empty() || IsRepeat(*event)) return event->ignore();
     const bool isTaken = Deliver([&] { return owner_.Event_KeyDown(key); }) || PressButton(key);
     event->setAccepted(isTaken);
 }
@@ -229,32 +254,4 @@ bool WindowPeer::PressButton(const std::string& key) {
         return true;
     }
     return false;
-}
-
-void WindowPeer::PassEnabling() {
-    if (!menu_) return;
-    for (const Ref<MenuItem>& menu : menu_->Bar()->Children()) {
-        for (const Ref<MenuItem>& item : menu->Children()) {
-            item->Disable();
-            if (item->AutoEnable() && IsTaken(*item)) item->Enable();
-        }
-    }
-    Deliver([this] { owner_.Event_EnableMenuItems(); });
-    menu_->Sync();
-}
-
-bool WindowPeer::IsTaken(const MenuItem& item) const {
-    return handlers_.contains(item.Name()) || dynamic_cast<const QuitMenuItem*>(&item) ||
-           edit_commands::IsAvailable(item.Name());
-}
-
-void WindowPeer::Choose(const MenuItem& item) {
-    if (const auto handler = handlers_.find(item.Name()); handler != handlers_.end()) {
-        Deliver(handler->second);
-    } else if (dynamic_cast<const QuitMenuItem*>(&item)) {
-        for (const auto& window : open_windows::All())
-            window->Close();
-    } else {
-        edit_commands::Run(item.Name());
-    }
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,6 +27,8 @@ class WindowPeer final : public QWidget {
 
     void SetFrame(Window::Frames frame);
     void SetCloseable(bool on);
+    /// Shows or takes away one of the title bar's buttons.
+    void SetTitleButton(Qt::WindowType button, bool on);
     bool IsSheet() const { return isSheet_; }
     void SetSize(QSize size);
     void SetBackground(const QColor& color);
@@ -43,10 +45,12 @@ class WindowPeer final : public QWidget {
     Control* Find(const std::string& name) const;
     /// Ends the window's threads, each at its next yield.
     void EndWorkers();
-    void AddHandler(const std::string& itemName, Window::MenuHandler handler) {
-        handlers_[itemName] = std::move(handler);
-    }
+    void AddHandler(const std::string& itemName, Window::MenuHandler handler);
 
+    /// The window's inside on the screen: its controls and a menu bar that takes room.
+    QRect Frame() const;
+    /// Fullscreen as the program asked for it. One that the window manager has made of itself is a large window.
+    bool IsFullScreen() const { return wantsFullScreen_ && isFullScreen(); }
     void SetFullScreen(bool on);
     void Zoom();
     /// Shows the window over `parent`, which takes no input until it closes.
@@ -71,21 +75,21 @@ class WindowPeer final : public QWidget {
     std::vector<RectControl*> RectControls() const;
     void SetTabOrder();
     void FocusFirstField();
-    void PassEnabling();
-    bool IsTaken(const MenuItem& item) const;
-    void Choose(const MenuItem& item);
     bool PressButton(const std::string& key);
 
     Window& owner_;
     QWidget content_{this};
     std::unique_ptr<MenuBinding> menu_;
-    std::map<std::string, Window::MenuHandler> handlers_;
     std::vector<std::pair<std::string, std::unique_ptr<Control>>> controls_;
     bool isBuilt_ = false;
     bool isSheet_ = false;
     bool isCloseable_ = true;
     bool menuBarVisible_ = true;
     bool isClosed_ = false;
+    bool wantsFullScreen_ = false;
     QRect frameBeforeFullScreen_;
+    /// The window that lies over this one and takes its input, and the one that this lies over.
+    QPointer<WindowPeer> blocker_;
+    QPointer<WindowPeer> blocked_;
     std::function<void()> closed_;
 };
