@@ -168,6 +168,7 @@ class Desktop:
     def let_go(self, chord):
         for name in reversed(chord.split("+")):
             self.send(X.KeyRelease, self.code(name))
+        time.sleep(0.002)  # a press in the same millisecond would be the key's own repeat
 
     def code(self, name):
         keysym = ord(name) if len(name) == 1 else XK.string_to_keysym(MODIFIERS.get(name, name))
@@ -255,6 +256,7 @@ class Timer:
             self.file.write_text("".join(f"<key>{k}</key><string>#{v:06X}</string>" for k, v in settings.items()))
         self.errors = stack.enter_context(tempfile.TemporaryFile("w+"))
         desktop.move(*(side - 1 for side in desktop.size))
+        wait_until(lambda: not desktop.windows(), "nothing of the program before is left")
         self.process = start(stack, [path], env=environment, stderr=self.errors)
         self.window = wait_until(lambda: desktop.windows().get("Dwindledial"), "the timer is there")
         wait_until(lambda: desktop.has_keys(self.window), "the timer has the keyboard")

@@ -30,10 +30,12 @@ class SetTimerTest(DesktopTest):
     def test_the_arrows_stop_and_carry(self):
         for before, arrow, after in STOPS:
             with self.subTest(before=before, arrow=arrow):
+                clicks = [arrow]
+                if after == "60:00":  # the full disc would hide what is beyond it
+                    clicks, after = [arrow, Dialog.MINUTES_DOWN], "59:00"
                 dialog = self.timer.open_dialog()
                 dialog.enter(*before.split(":"))
-                dialog.click(arrow)
-                dialog.close(Dialog.SET)
+                dialog.close(*clicks, Dialog.SET)
                 self.wait_for_time(after)
 
     def test_a_held_arrow_repeats(self):

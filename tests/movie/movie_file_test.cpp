@@ -1,0 +1,389 @@
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <cmath>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <map>
+#include <random>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/CompressionSettings.h"
+#include "platform/EditableMovie.h"
+#include "platform/FolderItem.h"
+#include "platform/Graphics.h"
+#include "platform/Picture.h"
+#include "platform/System.h"
+#include "platform/ffmpeg/EncodeSample.h"
+#include "tests/support/RecordingHost.h"
+
+// Movies are read back by ffprobe, ffmpeg and mediainfo, each in a process of its own.
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::FieldsAre;
+
+namespace {
+
+struct Form {
+    MovieCodec codec;
+    const char* tag;
+    bool isLossless;
+};
+constexpr Form kForms[] = {
+    {MovieCodec::Uncompressed, "raw ", true}, {MovieCodec::H264, "avc1", false},
+    {MovieCodec::H265, "hvc1", false},        {MovieCodec::Mpeg4, "mp4v", false},
+    {MovieCodec::ProRes4444, "ap4h", false},  {MovieCodec::PhotoJpeg, "jpeg", false},
+    {MovieCodec::Png, "png ", true},          {MovieCodec::Animation, "rle ", true},
+};
+
+std::string Output(const std::string& command) {
+    FILE* const pipe = popen(command.c_str(), "r");
+    std::string output;
+    char buffer[1 << 16];
+    while (const std::size_t length = fread(buffer, 1, sizeof buffer, pipe)) {
+        output.append(buffer, length);
+    }
+    EXPECT_EQ(pclose(pipe), 0) << command;
+    return output;
+}
+
+/// What ffprobe tells of a movie: of its one video track, and how many tracks there are ("nb_streams").
+std::map<std::string, std::string> Probe(const fs::path& movie, const std::string& options = "-count_frames") {
+    std::istringstream lines(Output("ffprobe -v error -show_entries stream:format=nb_streams -of default=nw=1 " +
+                                    options + " " + movie.string()));
+    std::map<std::string, std::string> values;
+    for (std::string line; std::getline(lines, line);) {
+        values[line.substr(0, line.find('='))] = line.substr(line.find('=') + 1);
+    }
+    return values;
+}
+
+std::string MediaInfo(const fs::path& movie, const std::string& fields) {
+    return Output("mediainfo --Output='" + fields + "' " + movie.string());
+}
+
+/// All frames of a movie, three bytes a pixel.
+std::string Decoded(const fs::path& movie) {
+    return Output("ffmpeg -v error -i " + movie.string() + " -fps_mode passthrough -f rawvideo -pix_fmt rgb24 -");
+}
+
+/// Three stripes, red, white and grey, with a black box low in the one of that number.
+void Draw(Picture& picture, Int32 number) {
+    const Color colors[] = {RGB(255, 0, 0), RGB(255, 255, 255), RGB(0x9F, 0x9F, 0x9F)};
+    const Int32 width = picture.Width() / 3;
+    for (Int32 stripe = 0; stripe < 3; ++stripe) {
+        picture.Graphics()->ForeColor(colors[stripe]);
+        picture.Graphics()->FillRect(stripe * width, 0, picture.Width(), picture.Height());
+    }
+    picture.Graphics()->ForeColor(RGB(0, 0, 0));
+    picture.Graphics()->FillRect(number * width, picture.Height() / 2, width, picture.Height());
+}
+
+std::string Bytes(const Picture& picture) {
+    std::string bytes;
+    for (const std::uint32_t pixel : picture.Bits()) {
+        for (const int shift : {16, 8, 0}) {
+            bytes.push_back(static_cast<char>(pixel >> shift & 0xFF));
+        }
+    }
+    return bytes;
+}
+
+/// The largest difference of two pictures in the middle of the stripes, above and below.
+int Difference(const std::string& one, const std::string& other, Int32 width, Int32 height) {
+    int largest = 0;
+    for (const Int32 sixth : {1, 3, 5}) {
+        for (const Int32 quarter : {1, 3}) {
+            const Int32 pixel = height * quarter / 4 * width + width * sixth / 6;
+            for (std::size_t i = static_cast<std::size_t>(pixel) * 3, end = i + 3; i < end; ++i) {
+                largest = std::max(largest, std::abs(std::uint8_t(one[i]) - std::uint8_t(other[i])));
+            }
+        }
+    }
+    return largest;
+}
+
+class MovieFileTest : public testing::Test {
+  protected:
+    // Nothing is ever told, by the program or by a reader of its movies.
+    MovieFileTest() { testing::internal::CaptureStderr(); }
+    ~MovieFileTest() override {
+        Host::Install(nullptr);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    }
+
+    Ref<QTVideoTrack> NewTrack(const Ref<EditableMovie>& movie, Int32 width, Int32 height,
+                               CompressionSettings settings) {
+        movie->SaveOnClose(true);
+        Ref<QTVideoTrack> track = movie->NewVideoTrack(width, height, settings.frameRate);
+        host.chosenCompression = settings;
+        if (settings.codec != MovieCodec::Uncompressed) {
+            EXPECT_TRUE(track->SelectCompressionSettings(nullptr));
+        }
+        return track;
+    }
+
+    /// Writes a movie as the program does: prepared here, written and closed on a worker. A frame for each number.
+    void Write(Int32 width, Int32 height, CompressionSettings settings, const std::vector<Int32>& numbers) {
+        Ref<EditableMovie> movie = FolderItem(path).CreateMovie();
+        Ref<QTVideoTrack> track = NewTrack(movie, width, height, settings);
+        std::thread worker([&, movie = std::move(movie), track = std::move(track)]() mutable {
+            const Ref<Picture> picture = NewPicture(width, height, 32);
+            for (std::size_t i = 0; i < numbers.size(); ++i) {
+                if (i == 0 || numbers[i] != numbers[i - 1]) Draw(*picture, numbers[i]);
+                track->AppendPicture(picture);
+            }
+            movie = nullptr;
+            track = nullptr;
+        });
+        worker.join();
+    }
+
+    RecordingHost& host = RecordingHost::InstallNew();
+    const fs::path path = host.preferencesFolder / "movie.mov";
+};
+
+TEST_F(MovieFileTest, ProposesH264FirstAndThenTheChoiceBefore) {
+    const Ref<EditableMovie> movie = FolderItem(path).CreateMovie();
+    const Ref<QTVideoTrack> track = movie->NewVideoTrack(32, 32, 2.5);
+    EXPECT_TRUE(track->SelectCompressionSettings(NewPicture(32, 32, 32)));
+    EXPECT_EQ(host.proposedCompression, (CompressionSettings{MovieCodec::H264, 75, 2.5}));
+    EXPECT_THAT(host.calls, ElementsAre("SelectCompressionSettings"));
+
+    host.chosenCompression = CompressionSettings{MovieCodec::PhotoJpeg, 30, 12};
+    host.isCompressionConfirmed = false;
+    EXPECT_FALSE(track->SelectCompressionSettings(nullptr));
+    EXPECT_EQ(track->FrameRate(), 2.5);
+    host.isCompressionConfirmed = true;
+    EXPECT_TRUE(track->SelectCompressionSettings(nullptr));
+    EXPECT_EQ(host.proposedCompression.codec, MovieCodec::H264);
+    EXPECT_EQ(track->FrameRate(), 12);
+
+    FolderItem(path).CreateMovie()->NewVideoTrack(32, 32, 1)->SelectCompressionSettings(nullptr);
+    EXPECT_EQ(host.proposedCompression, (CompressionSettings{MovieCodec::PhotoJpeg, 30, 1}));
+}
+
+TEST_F(MovieFileTest, OffersTheCodecsOfThisMachine) {
+    EXPECT_TRUE(System::Quicktime::Installed());
+    EXPECT_THAT(
+        InstalledCodecs(),
+        ElementsAre(FieldsAre(MovieCodec::H264, "H.264", true), FieldsAre(MovieCodec::H265, "H.265", true),
+                    FieldsAre(MovieCodec::Mpeg4, "MPEG-4", true),
+                    FieldsAre(MovieCodec::ProRes4444, "Apple ProRes 4444", false),
+                    FieldsAre(MovieCodec::PhotoJpeg, "Photo - JPEG", true), FieldsAre(MovieCodec::Png, "PNG", false),
+                    FieldsAre(MovieCodec::Animation, "Animation", false)));
+}
+
+TEST_F(MovieFileTest, EveryCodecKeepsEveryFrameAtEverySize) {
+    const std::vector<Int32> numbers = {0, 0, 0, 1, 2, 2, 0};
+    for (const auto& [width, height] : {std::pair{320, 240}, {321, 241}, {33, 33}, {1920, 1080}}) {
+        const Ref<Picture> picture = NewPicture(width, height, 32);
+        std::string drawn[3];
+        for (Int32 number = 0; number < 3; ++number) {
+            Draw(*picture, number);
+            drawn[number] = Bytes(*picture);
+        }
+        for (const Form& form : kForms) {
+            SCOPED_TRACE(std::string(form.tag) + ", " + std::to_string(width) + " wide");
+            Write(width, height, {.codec = form.codec, .frameRate = 2.5}, numbers);
+            auto probed = Probe(path);
+            EXPECT_EQ(probed["nb_streams"], "1");
+            EXPECT_EQ(probed["codec_tag_string"], form.tag);
+            EXPECT_EQ(probed["width"] + "x" + probed["height"], std::to_string(width) + "x" + std::to_string(height));
+            EXPECT_EQ(probed["nb_read_frames"], "7");
+            EXPECT_EQ(probed["duration"], "2.800000");
+            EXPECT_EQ(MediaInfo(path, "Video;%Width%x%Height% %FrameCount% %Duration%"),
+                      std::to_string(width) + "x" + std::to_string(height) + " 7 2800\n");
+            const std::string decoded = Decoded(path);
+            ASSERT_EQ(decoded.size(), numbers.size() * drawn[0].size());
+            for (std::size_t i = 0; i < numbers.size(); ++i) {
+                const std::string frame = decoded.substr(i * drawn[0].size(), drawn[0].size());
+                if (form.isLossless) {
+                    EXPECT_TRUE(frame == drawn[numbers[i]]) << i;
+                }
+                EXPECT_LE(Difference(frame, drawn[numbers[i]], width, height), 2) << i;
+            }
+        }
+    }
+}
+
+TEST_F(MovieFileTest, DurationsAreExactToTheTick) {
+    constexpr Int64 kHour = 60 * 60 * 30 + 1;
+    const struct {
+        MovieCodec codec;
+        double rate;
+        Int64 numerator;
+        Int64 denominator;
+        Int64 frames;
+    } movies[] = {
+        {MovieCodec::Png, 29.97, 2997, 100, kHour},
+        {MovieCodec::Png, 0.016666666666666, 1, 60, kHour},
+        {MovieCodec::Png, 0.07, 7, 100, kHour},
+        {MovieCodec::H264, 0.016666666666666, 1, 60, 61},
+        {MovieCodec::H264, 1, 1, 1, 301},
+        {MovieCodec::H264, 23.976, 2997, 125, 301},
+        {MovieCodec::H265, 0.1, 1, 10, 11},
+        {MovieCodec::H265, 1.1, 11, 10, 100},
+        {MovieCodec::Mpeg4, 0.3, 3, 10, 4},
+        {MovieCodec::Mpeg4, 12.3457, 123457, 10000, 100},
+        {MovieCodec::Animation, 30, 30, 1, 301},
+        {MovieCodec::ProRes4444, 2.5, 5, 2, 26},
+        {MovieCodec::PhotoJpeg, 1e6, 1000000, 1, 9},
+        {MovieCodec::Mpeg4, 1e6, 1000000, 1, 9},
+    };
+    for (const auto& [codec, rate, numerator, denominator, frames] : movies) {
+        SCOPED_TRACE(std::to_string(rate) + ", codec " + std::to_string(static_cast<int>(codec)));
+        Write(32, 32, {.codec = codec, .frameRate = rate}, std::vector<Int32>(static_cast<std::size_t>(frames)));
+        auto probed = Probe(path, "");
+        long perSecond = 0;
+        EXPECT_EQ(std::sscanf(probed["time_base"].c_str(), "1/%ld", &perSecond), 1);
+        EXPECT_EQ(probed["nb_frames"], std::to_string(frames));
+        const Int64 ticks = std::stoll(probed["duration_ts"]);
+        EXPECT_EQ(ticks * numerator, frames * denominator * perSecond);
+        EXPECT_LE(ticks, std::numeric_limits<Int32>::max());
+    }
+}
+
+TEST_F(MovieFileTest, OneFrameOrNoneStillMakesATrack) {
+    for (const Form& form : kForms) {
+        for (const std::size_t frames : {0, 1}) {
+            SCOPED_TRACE(std::string(form.tag) + " " + std::to_string(frames));
+            Write(64, 48, {.codec = form.codec, .frameRate = 0.5}, std::vector<Int32>(frames));
+            auto probed = Probe(path);
+            EXPECT_EQ(probed["nb_streams"] + probed["codec_tag_string"], std::string("1") + form.tag);
+            EXPECT_EQ(probed["nb_read_frames"], frames == 0 ? "N/A" : "1");
+            EXPECT_EQ(probed["duration"], frames == 0 ? "0.000000" : "2.000000");
+            EXPECT_EQ(MediaInfo(path, "Video;%Width%x%Height%,"), "64x48,\n");
+        }
+    }
+}
+
+TEST_F(MovieFileTest, TheFileExistsFromTheStartAndIsAMovieOnlyWhenSaved) {
+    std::ofstream(path) << "what was there";
+    Ref<EditableMovie> movie = FolderItem(path).CreateMovie();
+    EXPECT_TRUE(fs::is_empty(path));
+    EXPECT_FALSE(movie->SaveOnClose());
+    Ref<QTVideoTrack> track = movie->NewVideoTrack(32, 32, 1);
+    track->AppendPicture(NewPicture(32, 32, 32));
+    movie = nullptr;
+    track = nullptr;
+    EXPECT_EQ(MediaInfo(path, "General;%VideoCount%"), "\n");
+}
+
+TEST_F(MovieFileTest, ImpossibleMoviesAndTracksAreNil) {
+    const fs::path pipe = path.parent_path() / "pipe";
+    mkfifo(pipe.c_str(), 0600);
+    for (const fs::path& where : {path.parent_path(), path / "within", pipe}) {
+        EXPECT_FALSE(FolderItem(where).CreateMovie()) << where;
+    }
+    const Ref<EditableMovie> movie = FolderItem(path).CreateMovie();
+    for (const double rate : {0.0, -1.0, 1e300, std::numeric_limits<double>::infinity(), std::nan("")}) {
+        EXPECT_FALSE(movie->NewVideoTrack(32, 32, rate)) << rate;
+    }
+    EXPECT_FALSE(movie->NewVideoTrack(0, 32, 1));
+    EXPECT_FALSE(movie->NewVideoTrack(32, 65536, 1));
+    EXPECT_FALSE(movie->NewVideoTrack(60000, 60000, 1));
+    EXPECT_TRUE(movie->NewVideoTrack(32, 32, 1));
+    EXPECT_FALSE(movie->NewVideoTrack(32, 32, 1));
+}
+
+TEST_F(MovieFileTest, APictureOfAnotherSizeIsLeftOut) {
+    {
+        const Ref<EditableMovie> movie = FolderItem(path).CreateMovie();
+        const Ref<QTVideoTrack> track = NewTrack(movie, 64, 48, {.frameRate = 1});
+        for (const Int32 width : {64, 63, 65, 48}) {
+            track->AppendPicture(NewPicture(width, 64 * 48 / width, 32));
+        }
+        EXPECT_THROW(track->AppendPicture(nullptr), NilObjectException);
+    }
+    EXPECT_EQ(Probe(path)["nb_read_frames"], "1");
+}
+
+/// No file of this process grows beyond so many bytes, as if the disk were full.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+  private:
+    rlimit before_{};
+};
+
+TEST_F(MovieFileTest, AFullDiskEndsNothingButTheMovie) {
+    for (const Form& form : kForms) {
+        for (const rlim_t room : {0, 40, 3000, 50000}) {
+            for (const std::size_t frames : {0, 1, 60}) {
+                const FileSizeLimit limit(room);
+                std::vector<Int32> numbers(frames);
+                for (std::size_t i = 0; i < frames; ++i) {
+                    numbers[i] = static_cast<Int32>(i / 2 % 3);
+                }
+                Write(160, 120, {.codec = form.codec, .frameRate = 30}, numbers);
+                EXPECT_LE(fs::file_size(path), room);
+            }
+        }
+    }
+}
+
+TEST_F(MovieFileTest, AFileThatIsDeletedMeanwhileStaysAway) {
+    Ref<EditableMovie> movie = FolderItem(path).CreateMovie();
+    Ref<QTVideoTrack> track = NewTrack(movie, 64, 48, {.codec = MovieCodec::H264, .frameRate = 1});
+    FolderItem(path).Delete();
+    track->AppendPicture(NewPicture(64, 48, 32));
+    movie = nullptr;
+    track = nullptr;
+    EXPECT_FALSE(fs::exists(path));
+}
+
+TEST_F(MovieFileTest, ASampleShowsWhatTheCodecMakesOfAPicture) {
+    for (const auto& [width, height] : {std::pair{320, 240}, {33, 33}}) {
+        const std::vector<Ref<Picture>> pictures = {NewPicture(width, height, 32), NewPicture(width, height, 32)};
+        Draw(*pictures[0], 1);
+        Draw(*pictures[1], 2);
+        for (const Form& form : kForms) {
+            SCOPED_TRACE(form.tag);
+            const auto sample = EncodeSample({.codec = form.codec}, pictures, {});
+            ASSERT_TRUE(sample);
+            const std::string decoded(sample->firstFrame.bytes.begin(), sample->firstFrame.bytes.end());
+            EXPECT_LE(Difference(decoded, Bytes(*pictures[0]), width, height), 2);
+            EXPECT_GT(sample->bytesPerFrame, 20);
+            EXPECT_LE(sample->bytesPerFrame, width * height * 3);
+        }
+    }
+    std::stop_source source;
+    source.request_stop();
+    EXPECT_FALSE(EncodeSample({}, std::vector{NewPicture(32, 32, 32)}, source.get_token()));
+}
+
+TEST_F(MovieFileTest, ABetterQualityTakesMoreBytes) {
+    const Ref<Picture> picture = NewPicture(160, 120, 32);
+    std::minstd_rand random;
+    for (Int32 i = 0; i < 2000; ++i) {
+        picture->Graphics()->ForeColor(Color{static_cast<Int32>(random() & 0xFFFFFF)});
+        picture->Graphics()->FillRect(static_cast<Int32>(random() % 160), static_cast<Int32>(random() % 120), 9, 5);
+    }
+    for (const CodecChoice& choice : InstalledCodecs()) {
+        double before = 0;
+        for (const int quality : {0, 25, 50, 75, 100}) {
+            const auto sample = EncodeSample({choice.codec, quality, 1}, std::vector{picture}, {});
+            const double bytes = sample.value().bytesPerFrame;
+            EXPECT_TRUE(before == 0 || (choice.hasQuality ? bytes > before : bytes == before)) << choice.name << bytes;
+            before = bytes;
+        }
+    }
+}
+
+}  // namespace
