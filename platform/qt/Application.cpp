@@ -7,6 +7,7 @@
 #include "platform/qt/DesktopHost.h"
 #include "platform/qt/EventBoundary.h"
 #include "platform/qt/OpenWindows.h"
+#include "platform/qt/Signals.h"
 #include "platform/qt/WindowPeer.h"
 
 namespace {
@@ -14,6 +15,7 @@ namespace {
 /// What lives from RuntimeInit to RuntimeExit.
 struct Runtime {
     std::unique_ptr<QApplication> toolkit;
+    std::unique_ptr<EndSignals> signals;
     std::unique_ptr<Application> application;
     bool hasFailed = false;
     int status = 0;
@@ -43,6 +45,7 @@ void RuntimeInit(int& argc, char** argv, const std::string& name, const std::str
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(desktopId));
     QApplication::setQuitOnLastWindowClosed(false);
+    runtime.signals = std::make_unique<EndSignals>(open_windows::CloseAll);
     Host::Install(std::make_unique<DesktopHost>(desktopId, name));
 }
 
@@ -69,6 +72,7 @@ int RuntimeExit() {
     open_windows::Clear();
     runtime.application.reset();
     Host::Install(nullptr);
+    runtime.signals.reset();
     runtime.toolkit.reset();
     return runtime.status;
 }

@@ -51,7 +51,8 @@ class FieldWidget final : public QLineEdit {
         constexpr int kCaretWidth = 1;
         QSize inside = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).size();
         inside.rwidth() -= kCaretWidth;
-        setFont(FittedFont(FontNamed("System"), text(), inside));
+        constexpr int kSmallestSize = 10;  // a longer text scrolls
+        setFont(FittedFont(FontNamed("System"), text(), inside, kSmallestSize));
     }
 
     bool Consumes(const QKeyEvent& event) {

@@ -2,9 +2,8 @@
 
 #include <QtGui/QFontMetricsF>
 
-QFont FittedFont(QFont font, const QString& text, QSizeF box) {
-    constexpr int kSmallestSize = 6;
-    for (int size = font.pixelSize(); size >= kSmallestSize; --size) {
+QFont FittedFont(QFont font, const QString& text, QSizeF box, int smallestSize) {
+    for (int size = font.pixelSize(); size >= smallestSize; --size) {
         font.setPixelSize(size);
         for (const int stretch : {100, 90, 80}) {
             font.setStretch(stretch);

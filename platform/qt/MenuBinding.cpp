@@ -61,8 +61,7 @@ void MenuBinding::Choose(const MenuItem& item) {
     if (const auto handler = handlers_.find(item.Name()); handler != handlers_.end()) {
         Deliver(handler->second);
     } else if (dynamic_cast<const QuitMenuItem*>(&item)) {
-        for (const auto& window : open_windows::All())
-            window->Close();
+        open_windows::CloseAll();
     } else {
         edit_commands::Run(item.Name());
     }

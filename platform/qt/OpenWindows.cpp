@@ -53,6 +53,10 @@ std::vector<std::shared_ptr<Window>> All() {
     return windows;
 }
 
+void CloseAll() {
+    for (const auto& window : All()) window->Close();
+}
+
 void Clear() {
     std::vector<Entry> last;
     {

@@ -15,6 +15,8 @@ Window* Find(const std::string& key);
 /// The window no longer counts; it is destroyed once the event under way is over.
 void Remove(const Window& window);
 std::vector<std::shared_ptr<Window>> All();
+/// Closes each as its user would.
+void CloseAll();
 /// Destroys all windows at once.
 void Clear();
 

@@ -195,10 +195,15 @@ void WindowPeer::FollowEdges(RectControl& control, QSize before, QSize after) co
     control.peer().widget->setGeometry(place);
 }
 
+// Controls of a group come where the group stands, in an order of their own.
 void WindowPeer::SetTabOrder() {
+    const auto place = [this](const RectControl* control) {
+        const std::string parent = control->peer().widget->parentWidget()->objectName().toStdString();
+        const auto* group = dynamic_cast<GroupBox*>(Find(parent));
+        return group ? std::pair(group->TabIndex(), control->TabIndex()) : std::pair(control->TabIndex(), -1);
+    };
     std::vector<RectControl*> order = RectControls();
-    std::stable_sort(order.begin(), order.end(),
-                     [](const RectControl* a, const RectControl* b) { return a->TabIndex() < b->TabIndex(); });
+    std::stable_sort(order.begin(), order.end(), [&place](auto* a, auto* b) { return place(a) < place(b); });
     for (std::size_t i = 1; i < order.size(); ++i) {
         setTabOrder(order[i - 1]->peer().widget, order[i]->peer().widget);
     }
