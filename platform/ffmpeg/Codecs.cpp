@@ -13,7 +13,6 @@ namespace {
 
 using enum QualityScale::Unit;
 
-constexpr ColourCoding kRgb{AVCOL_RANGE_JPEG, AVCOL_SPC_RGB};
 constexpr ColourCoding kVideo{AVCOL_RANGE_MPEG, AVCOL_SPC_BT709};
 // Of JPEG itself; its readers look at no tag.
 constexpr ColourCoding kJpeg{AVCOL_RANGE_JPEG, AVCOL_SPC_BT470BG};
@@ -21,76 +20,82 @@ constexpr ColourCoding kJpeg{AVCOL_RANGE_JPEG, AVCOL_SPC_BT470BG};
 constexpr std::uint32_t Tag(const char (&type)[5]) { return MKTAG(type[0], type[1], type[2], type[3]); }
 
 constexpr Codec kCodecs[] = {
-    // H.264 and H.265 can't halve the colours of an odd side, and no side is ever changed.
+    // H.264 and H.265 can't halve the colours of an odd side, and no side is ever changed. To look far ahead would take
+    // a lot of memory and make the movies of a clock no smaller.
     {.id = MovieCodec::H264,
+     .tag = Tag("avc1"),
      .name = "H.264",
      .encoder = "libx264",
-     .tag = Tag("avc1"),
      .format = AV_PIX_FMT_YUV420P,
      .oddFormat = AV_PIX_FMT_YUV444P,
      .colours = kVideo,
-     .quality = {RateFactor, 45, 15},
-     .options = "preset=veryfast"},
+     .quality = {RateFactor, 40, 8},
+     .options = "preset=veryfast,rc-lookahead=5,x264-params=sliced-threads=1"},
     {.id = MovieCodec::H265,
+     .tag = Tag("hvc1"),  // the one form that Apple's players take
      .name = "H.265",
      .encoder = "libx265",
-     .tag = Tag("hvc1"),  // the one form that Apple's players take
      .format = AV_PIX_FMT_YUV420P,
      .oddFormat = AV_PIX_FMT_YUV444P,
      .colours = kVideo,
-     .quality = {RateFactor, 48, 18},
-     .options = "preset=veryfast,x265-params=log-level=none"},
+     .quality = {RateFactor, 42, 10},
+     // Without "cutree=0" libx265 writes beyond its memory when a picture is as small as 33 pixels.
+     .options = "preset=superfast,x265-params=log-level=none:frame-threads=1:rc-lookahead=5:bframes=0:cutree=0"},
     {.id = MovieCodec::Mpeg4,
+     .tag = Tag("mp4v"),
      .name = "MPEG-4",
      .encoder = "mpeg4",
-     .tag = Tag("mp4v"),
      .format = AV_PIX_FMT_YUV420P,
      .oddFormat = AV_PIX_FMT_YUV420P,
      .colours = kVideo,
      .quality = {Quantiser, 31, 1},
      .rateLimit = 65535},
-    // Halved colours come out wrong at odd widths.
+    // Halved colours come out wrong at odd widths. The fixed quantiser is as exact as the usual search for one, which
+    // takes five times as long.
     {.id = MovieCodec::ProRes4444,
+     .tag = Tag("ap4h"),
      .name = "Apple ProRes 4444",
      .encoder = "prores_ks",
-     .tag = Tag("ap4h"),
      .format = AV_PIX_FMT_YUV444P10,
      .oddFormat = AV_PIX_FMT_YUV444P10,
      .colours = kVideo,
-     .standsAlone = true,
-     .options = "profile=4444"},
+     .options = "profile=4444,flags=+qscale,global_quality=236",
+     .standsAlone = true},
     {.id = MovieCodec::PhotoJpeg,
+     .tag = Tag("jpeg"),
      .name = "Photo - JPEG",
      .encoder = "mjpeg",
-     .tag = Tag("jpeg"),
      .format = AV_PIX_FMT_YUV444P,
      .oddFormat = AV_PIX_FMT_YUV444P,
      .colours = kJpeg,
-     .standsAlone = true,
-     .quality = {Quantiser, 31, 1}},
+     .quality = {Quantiser, 31, 1},
+     .standsAlone = true},
     {.id = MovieCodec::Png,
+     .tag = Tag("png "),
      .name = "PNG",
      .encoder = "png",
-     .tag = Tag("png "),
      .format = AV_PIX_FMT_RGB24,
      .oddFormat = AV_PIX_FMT_RGB24,
      .colours = kRgb,
+     .options = "compression_level=1",
      .standsAlone = true},
     {.id = MovieCodec::Animation,
+     .tag = Tag("rle "),
      .name = "Animation",
      .encoder = "qtrle",
-     .tag = Tag("rle "),
      .format = AV_PIX_FMT_RGB24,
      .oddFormat = AV_PIX_FMT_RGB24,
      .colours = kRgb},
-    // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing.
+    // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing. There is nothing to compute
+    // that a second thread could help with.
     {.id = MovieCodec::Uncompressed,
+     .tag = Tag("raw "),
      .name = nullptr,
      .encoder = "rawvideo",
-     .tag = Tag("raw "),
      .format = AV_PIX_FMT_RGB24,
      .oddFormat = AV_PIX_FMT_RGB24,
      .colours = kRgb,
+     .options = "threads=1",
      .standsAlone = true},
 };
 

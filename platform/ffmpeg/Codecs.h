@@ -21,26 +21,27 @@ struct ColourCoding {
     AVColorRange range;
     AVColorSpace matrix;
 };
+inline constexpr ColourCoding kRgb{AVCOL_RANGE_JPEG, AVCOL_SPC_RGB};
 
 /// All that is particular to a codec.
 struct Codec {
     MovieCodec id;
+    /// The type of the sample entry in the file, four characters.
+    std::uint32_t tag;
     /// As the user sees it; null when it isn't offered.
     const char* name;
     const char* encoder;
-    /// The type of the sample entry in the file, four characters.
-    std::uint32_t tag;
     AVPixelFormat format;
     /// The pixel format where a side is odd.
     AVPixelFormat oddFormat;
     ColourCoding colours;
-    /// Every packet is a whole picture, so it may be written more than once.
-    bool standsAlone = false;
     QualityScale quality = {};
     /// The encoder's own options: "name=value,name=value".
     const char* options = "";
     /// The largest term of a frame rate that the encoder takes.
     int rateLimit = 1001000;
+    /// Every packet is a whole picture, so it may be written more than once.
+    bool standsAlone = false;
 };
 
 const Codec& FindCodec(MovieCodec id);

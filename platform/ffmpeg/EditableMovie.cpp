@@ -25,7 +25,7 @@ class MovieWriter {
     ~MovieWriter() {
         if (!saveOnClose) return;
         if (track) track->Finish();
-        file->Finish();
+        file->Finish();  // nobody is left who could be told of a failure
     }
 
     std::unique_ptr<MovieFile> file;

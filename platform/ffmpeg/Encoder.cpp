@@ -1,7 +1,6 @@
 #include "platform/ffmpeg/Encoder.h"
 
 #include <cmath>
-#include <string>
 #include <utility>
 
 #include "platform/ffmpeg/Codecs.h"
@@ -9,6 +8,7 @@
 
 extern "C" {
 #include <libavutil/dict.h>
+#include <libavutil/opt.h>
 }
 
 namespace {
@@ -24,16 +24,17 @@ class Options {
     Options(const Options&) = delete;
     Options& operator=(const Options&) = delete;
 
-    void Set(const char* name, double value) { av_dict_set(&entries_, name, std::to_string(value).c_str(), 0); }
     AVDictionary** Entries() { return &entries_; }
 
   private:
     AVDictionary* entries_ = nullptr;
 };
 
-void SetQuality(AVCodecContext& context, Options& options, const QualityScale& scale, int quality) {
+void SetQuality(AVCodecContext& context, const QualityScale& scale, int quality) {
     const double part = quality / 100.0;
-    if (scale.unit == QualityScale::Unit::RateFactor) options.Set("crf", std::lerp(scale.least, scale.best, part));
+    if (scale.unit == QualityScale::Unit::RateFactor) {
+        av_opt_set_double(context.priv_data, "crf", std::lerp(scale.least, scale.best, part), 0);
+    }
     if (scale.unit == QualityScale::Unit::Quantiser) {
         // Equal steps of quality are equal ratios of the quantiser.
         const double quantiser = scale.least * std::pow(scale.best / scale.least, part);
@@ -61,6 +62,7 @@ Encoder::Encoder(const Codec& codec, Sink sink)
       packet_(av_packet_alloc()) {}
 
 std::unique_ptr<Encoder> Encoder::Open(const CompressionSettings& settings, int width, int height, Sink sink) {
+    av_log_set_level(AV_LOG_QUIET);  // what an encoder has to say is of no use to whoever started the program
     std::unique_ptr<Encoder> encoder(new Encoder(FindCodec(settings.codec), std::move(sink)));
     if (!encoder->frame_ || !encoder->received_ || !encoder->packet_) return nullptr;
     return encoder->Configure(settings, width, height) ? std::move(encoder) : nullptr;
@@ -77,12 +79,11 @@ bool Encoder::Configure(const CompressionSettings& settings, int width, int heig
     context_->pix_fmt = FormatFor(codec_, width, height);
     context_->framerate = rate;
     context_->time_base = av_inv_q(rate);
-    context_->sample_aspect_ratio = {1, 1};
     context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // the container keeps the codec's headers, not each key frame
     context_->thread_count = kThreads;
     SetColours(*context_, codec_.colours);
+    SetQuality(*context_, codec_.quality, settings.quality);
     Options options(codec_.options);
-    SetQuality(*context_, options, codec_.quality, settings.quality);
     if (avcodec_open2(context_.get(), encoder, options.Entries()) < 0) return false;
     context_->codec_tag = codec_.tag;  // some encoders put one there that isn't QuickTime's
     return true;

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-// Enough to keep either side busy while the other is late; a frame of a film has up to 12 megabytes.
+// Enough to keep either side busy while the other is late; a frame of 1920 x 1080 pixels has up to 12 megabytes.
 static constexpr std::size_t kCapacity = 4;
 
 void FrameQueue::Push(Owned<AVFrame> frame) {

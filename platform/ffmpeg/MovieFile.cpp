@@ -11,7 +11,7 @@ extern "C" {
 }
 
 std::unique_ptr<MovieFile> MovieFile::Create(const std::filesystem::path& path) {
-    av_log_set_level(AV_LOG_QUIET);  // a full disk is not the terminal's matter
+    av_log_set_level(AV_LOG_QUIET);  // a full disk isn't the terminal's matter
     AVFormatContext* context = nullptr;
     if (avformat_alloc_output_context2(&context, nullptr, "mov", nullptr) < 0) return nullptr;
     std::unique_ptr<MovieFile> file(new MovieFile(context));

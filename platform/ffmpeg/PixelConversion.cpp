@@ -1,10 +1,10 @@
 #include "platform/ffmpeg/PixelConversion.h"
 
+#include <utility>
+
 #include "platform/ffmpeg/Codecs.h"
 
 namespace {
-
-constexpr ColourCoding kRgb{AVCOL_RANGE_JPEG, AVCOL_SPC_RGB};
 
 /// The layout of a frame or a picture in memory.
 struct Layout {
@@ -34,24 +34,35 @@ Owned<SwsContext> MakeConverter(const Layout& from, const Layout& to) {
 }  // namespace
 
 Owned<AVFrame> FrameMaker::Make(std::span<const std::uint32_t> pixels) {
-    const AVPixelFormat format = FormatFor(codec_, width_, height_);
     if (!converter_) {
-        converter_ =
-            MakeConverter({width_, height_, AV_PIX_FMT_0RGB32, kRgb}, {width_, height_, format, codec_.colours});
+        converter_ = MakeConverter({width_, height_, AV_PIX_FMT_0RGB32, kRgb},
+                                   {width_, height_, FormatFor(codec_, width_, height_), codec_.colours});
     }
-    Owned<AVFrame> frame(av_frame_alloc());
+    AVFrame* const frame = FreeFrame();
     if (!converter_ || !frame) return nullptr;
-    frame->width = width_;
-    frame->height = height_;
-    frame->format = format;
-    frame->color_range = codec_.colours.range;
-    frame->colorspace = codec_.colours.matrix;
-    if (av_frame_get_buffer(frame.get(), 0) < 0) return nullptr;
-
     const std::uint8_t* const rows[] = {reinterpret_cast<const std::uint8_t*>(pixels.data())};
     const int strides[] = {width_ * static_cast<int>(sizeof pixels.front())};
     sws_scale(converter_.get(), rows, strides, 0, height_, frame->data, frame->linesize);
-    return frame;
+    return Owned<AVFrame>(av_frame_clone(frame));
+}
+
+AVFrame* FrameMaker::FreeFrame() {
+    for (const Owned<AVFrame>& frame : frames_) {
+        if (av_frame_is_writable(frame.get()) > 0) return frame.get();
+    }
+    Owned<AVFrame> frame = NewFrame();
+    return frame ? frames_.emplace_back(std::move(frame)).get() : nullptr;
+}
+
+Owned<AVFrame> FrameMaker::NewFrame() const {
+    Owned<AVFrame> frame(av_frame_alloc());
+    if (!frame) return nullptr;
+    frame->width = width_;
+    frame->height = height_;
+    frame->format = FormatFor(codec_, width_, height_);
+    frame->color_range = codec_.colours.range;
+    frame->colorspace = codec_.colours.matrix;
+    return av_frame_get_buffer(frame.get(), 0) >= 0 ? std::move(frame) : nullptr;
 }
 
 std::optional<RgbImage> ToRgbImage(const AVFrame& frame) {

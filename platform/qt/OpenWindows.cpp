@@ -54,7 +54,8 @@ std::vector<std::shared_ptr<Window>> All() {
 }
 
 void CloseAll() {
-    for (const auto& window : All()) window->Close();
+    for (const auto& window : All())
+        window->Close();
 }
 
 void Clear() {

@@ -2,7 +2,8 @@
 
 import re
 
-from desktop import COLOURS, DesktopTest, main, wait_until
+from desktop import wait_until
+from timer import COLOURS, DesktopTest, main
 
 CHANGED = {
     "Color_Window_Background": 0x204060,
@@ -78,7 +79,7 @@ class EndingTest(DesktopTest):
 
     def close_in_fullscreen(self, timer):
         self.desktop.key("ctrl+f")
-        wait_until(lambda: timer.place() == (0, 0, *self.desktop.size), "the canvas fills the screen")
+        wait_until(timer.fills_the_screen, "the canvas fills the screen")
         self.desktop.key("alt+F4")
 
 

@@ -2,7 +2,8 @@
 
 import time
 
-from desktop import DesktopTest, Dialog, main, wait_until
+from desktop import wait_until
+from timer import DesktopTest, Dialog, main
 
 
 class FullscreenTest(DesktopTest):
@@ -12,12 +13,9 @@ class FullscreenTest(DesktopTest):
         self.timer.arrange(150, 170, 600, 350)
         self.timer.set_time(50, 0)
 
-    def fills_the_screen(self):
-        return self.desktop.place(self.timer.window) == (0, 0, *self.desktop.size)
-
     def enter(self):
         self.desktop.key("ctrl+f")
-        wait_until(lambda: self.fills_the_screen() and not self.has_bar(), "the canvas alone fills the screen")
+        wait_until(lambda: self.timer.fills_the_screen() and not self.has_bar(), "the canvas alone fills the screen")
 
     def has_bar(self):
         return self.timer.pixel(1000, 5) != self.timer.colours["Color_Window_Background"]
@@ -48,8 +46,7 @@ class FullscreenTest(DesktopTest):
             self.desktop.settle()
             self.toggle(following)
             self.assertEqual(self.desktop.place(self.timer.window), before)
-        passed = lambda: time.monotonic() - began
-        wait_until(lambda: 0 < 50 * 60 - self.timer.seconds() < passed() + 1, "the run goes on")
+        wait_until(lambda: 0 < 50 * 60 - self.timer.seconds() < time.monotonic() - began + 1, "the run goes on")
 
     def test_commands_work_without_the_bar(self):
         self.enter()
@@ -59,15 +56,15 @@ class FullscreenTest(DesktopTest):
         self.timer.wait_for("running")
         self.desktop.key("Escape", "space")
         self.timer.wait_for("stopped")
-        self.assertTrue(self.fills_the_screen())
+        self.assertTrue(self.timer.fills_the_screen())
         self.assertFalse(self.has_bar())
 
     def test_set_timer_leaves_fullscreen_for_as_long_as_it_is_open(self):
         self.enter()
         dialog = self.timer.open_dialog()
-        wait_until(lambda: not self.fills_the_screen(), "the window leaves fullscreen")
+        wait_until(lambda: not self.timer.fills_the_screen(), "the window leaves fullscreen")
         dialog.close(Dialog.SET)
-        wait_until(self.fills_the_screen, "the window is back in fullscreen")
+        wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
 
     def test_the_top_rows_call_the_bar(self):
         self.enter()

@@ -2,24 +2,29 @@
 
 from Xlib import X
 
-from desktop import DesktopTest, main, wait_until
+from desktop import wait_until
+from timer import DesktopTest, main
 
 KEYS = ("Return", "KP_Enter", "space")
 INSIDE = ((10, 10), (26, 26), (10, 26), (26, 10))
 OUTSIDE = ((9, 10), (27, 10), (10, 9), (10, 27), (220, 114))
+ON_THE_BAR = (18, -3)
 
 
 class InputTest(DesktopTest):
+    def launch(self, **options):
+        timer = super().launch(**options)
+        timer.set_time(50, 0)
+        return timer
+
     def test_a_click_within_the_icon_starts_and_stops(self):
         timer = self.launch()
-        timer.set_time(50, 0)
         for state, place in zip(("running", "stopped") * 2, INSIDE):
             timer.click(*place)
             timer.wait_for(state)
 
     def test_a_click_outside_of_the_icon_does_nothing(self):
         timer = self.launch()
-        timer.set_time(50, 0)
         for place in OUTSIDE:
             with self.subTest(place):
                 timer.click(*place)
@@ -27,7 +32,6 @@ class InputTest(DesktopTest):
 
     def test_the_icon_is_the_same_square_on_a_dense_screen(self):
         timer = self.launch(scale=2)
-        timer.set_time(50, 0)
         timer.click(27, 26)
         self.assert_stopped(timer)
         timer.click(26, 26)
@@ -39,16 +43,15 @@ class InputTest(DesktopTest):
         timer.move(18, 18)
         wait_until(lambda: self.desktop.cursor() != arrow, "the pointer is a hand")
         hand = self.desktop.cursor()
-        for place in OUTSIDE + ((18, -3),):
-            timer.move(*place)
-            wait_until(lambda: self.desktop.cursor() == arrow, f"the pointer is an arrow at {place}")
-            for place in INSIDE:
-                timer.move(*place)
-                wait_until(lambda: self.desktop.cursor() == hand, f"the pointer is a hand at {place}")
+        for outside in (*OUTSIDE, ON_THE_BAR):
+            for inside in INSIDE:
+                timer.move(*outside)
+                wait_until(lambda: self.desktop.cursor() == arrow, f"the pointer is an arrow at {outside}")
+                timer.move(*inside)
+                wait_until(lambda: self.desktop.cursor() == hand, f"the pointer is a hand at {inside}")
 
     def test_each_key_starts_and_stops(self):
         timer = self.launch()
-        timer.set_time(50, 0)
         for key in KEYS:
             for state in ("running", "stopped"):
                 self.desktop.key(key)
@@ -56,7 +59,6 @@ class InputTest(DesktopTest):
 
     def test_other_keys_do_nothing(self):
         timer = self.launch()
-        timer.set_time(50, 0)
         for key in ("x", "Escape", "Tab", "Down", "ctrl+space", "ctrl+Return"):
             with self.subTest(key):
                 self.desktop.key(key)
@@ -64,58 +66,56 @@ class InputTest(DesktopTest):
 
     def test_a_held_key_counts_once(self):
         timer = self.launch()
-        timer.set_time(50, 0)
         timer.window.change_attributes(event_mask=X.KeyPressMask)
         self.desktop.hold("space")
         timer.wait_for("running")
         for _ in range(10):
-            wait_until(self.was_key_pressed, "the server repeats the key")
+            wait_until(self.is_a_key_pressed, "the server repeats the key")
             self.assertEqual(timer.state(), "running")
         self.desktop.let_go("space")
         self.desktop.key("ctrl+r")
         self.assert_stopped(timer)
 
-    def was_key_pressed(self):
+    def is_a_key_pressed(self):
         display = self.desktop.display
         return display.pending_events() and display.next_event().type == X.KeyPress
 
-    def test_an_empty_timer_does_not_start(self):
-        timer = self.launch()
-        for command in ("space", "ctrl+r"):
-            self.desktop.key(command)
-        timer.click(18, 18)
-        self.assert_stopped(timer)
-
     def test_the_menu_starts_and_stops(self):
         timer = self.launch()
-        timer.set_time(50, 0)
         for state in ("running", "stopped"):
             timer.choose("t", "Up", "Return")
             timer.wait_for(state)
 
+    def test_an_empty_timer_does_not_start(self):
+        timer = self.launch()
+        timer.set_time(0, 0)
+        self.desktop.key("space", "ctrl+r")
+        timer.click(18, 18)
+        self.assert_stopped(timer)
+
     def test_the_alert_is_dismissed_and_the_timer_not_started_again(self):
         timer = self.launch()
-        exits = {key: lambda key=key: self.desktop.key(key) for key in KEYS + ("ctrl+r",)}
-        exits["click"] = lambda: timer.click(18, 18)
-        exits["menu"] = lambda: timer.choose("t", "Up", "Return")
-        for name, leave in exits.items():
+        ways = {key: lambda key=key: self.desktop.key(key) for key in (*KEYS, "ctrl+r")}
+        ways["click"] = lambda: timer.click(18, 18)
+        ways["menu"] = lambda: timer.choose("t", "Up", "Return")
+        for name, dismiss in ways.items():
             with self.subTest(name):
                 timer.set_time(0, 1)
                 self.desktop.key("space")
                 timer.wait_for("alert")
-                leave()
+                dismiss()
                 timer.wait_for("stopped")
-                leave()
+                dismiss()
                 self.assert_stopped(timer)
 
     def test_set_timer_opens_in_the_stopped_state_only(self):
         timer = self.launch()
         timer.set_time(0, 2)
-        for state, following in (("running", "stopped"), ("alert", "stopped")):
+        for state in ("running", "alert"):
             self.desktop.key("space")
             timer.wait_for(state)
             self.desktop.key("ctrl+t", "space")
-            timer.wait_for(following)
+            timer.wait_for("stopped")
             self.assertNotIn("Set Timer", self.desktop.windows())
         self.assert_stopped(timer)
 

@@ -3,7 +3,8 @@
 from Xlib import X
 from Xlib.ext import screensaver
 
-from desktop import DesktopTest, main, wait_until
+from desktop import wait_until
+from timer import DesktopTest, main
 
 
 class ScreenSaverTest(DesktopTest):

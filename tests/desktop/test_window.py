@@ -3,25 +3,27 @@
 import pathlib
 import tempfile
 
-from desktop import COLOURS, PROGRAM, DesktopTest, main, wait_until
+from desktop import wait_until
+from timer import COLOURS, PROGRAM, DesktopTest, main
 
 FACE = 0xFFFFFF
 
 
 class WindowTest(DesktopTest):
-    def drag_corner(self, timer, right, down, looks_right=lambda: True):
+    def drag_corner(self, timer, right, down, looks_right=lambda: True, steps=25):
         """Pulls the frame by its corner, step by step."""
         left, top, width, height = self.desktop.place(timer.window)
         x, y = left + width - 2, top + height + 2
         self.desktop.press(x, y)
-        self.desktop.move(x + right // 25, y + down // 25)  # this only begins the drag
+        self.desktop.move(x + right // steps, y + down // steps)  # this only begins the drag
         self.desktop.settle()
-        for step in range(2, 26):
-            dx, dy = right * step // 25, down * step // 25
+        for step in range(2, steps + 1):
+            dx, dy = right * step // steps, down * step // steps
             self.desktop.move(x + dx, y + dy)
-            size = (max(width + dx, 400), max(height + dy, 150 + timer.bar))
+            size = max(width + dx, 400), max(height + dy, 150 + timer.bar)
             wait_until(lambda: looks_right() and self.desktop.place(timer.window)[2:] == size, f"it is {size}")
         self.desktop.release()
+        self.desktop.settle()
 
     def test_a_resize_never_shows_the_canvas_without_a_clock(self):
         timer = self.launch(settings={"Color_Window_Background": 0x204060})

@@ -9,12 +9,10 @@
 #include "platform/Host.h"
 
 /// A host that does nothing but write down what it was asked for.
-class RecordingHost : public Host {
+class RecordingHost final : public Host {
   public:
     RecordingHost();
     ~RecordingHost() override;
-    RecordingHost(const RecordingHost&) = delete;
-    RecordingHost& operator=(const RecordingHost&) = delete;
 
     /// Makes a new one the host in use, which owns it.
     static RecordingHost& InstallNew();
@@ -23,10 +21,8 @@ class RecordingHost : public Host {
     double microseconds = 0;
     /// A new empty folder, removed together with the host; or any path that a test puts here.
     std::filesystem::path preferencesFolder;
-
     /// The answer to each question for a file to save to; empty stands for a cancel.
     std::filesystem::path fileToSave;
-
     /// What the user does in the compression dialog: whether it is confirmed, and with what instead of the proposal.
     bool isCompressionConfirmed = true;
     std::optional<CompressionSettings> chosenCompression;
@@ -34,25 +30,28 @@ class RecordingHost : public Host {
     CompressionSettings proposedCompression;
 
     std::vector<std::string> messages;
-    std::vector<std::string> urls;
-    int beeps = 0;
-    int inhibits = 0;
-    int releases = 0;
-    int delays = 0;
-    /// All of these in their order: the operation's name, for a text followed by a blank and the text.
+    /// All other operations in their order: the name, for a text followed by a blank and the text.
     std::vector<std::string> calls;
 
     double Microseconds() override { return microseconds; }
-    void Beep() override;
-    void MsgBox(const std::string& text) override;
-    void ShowURL(const std::string& url) override;
-    std::filesystem::path SaveFile(const std::string& filter, const std::string& defaultName) override;
-    void Launch(const std::filesystem::path& file) override;
-    void InhibitScreenSaver() override;
-    void ReleaseScreenSaver() override;
-    void DelayScreenSaver() override;
+    void Beep() override { calls.emplace_back("Beep"); }
+    void MsgBox(const std::string& text) override { messages.push_back(text); }
+    void ShowURL(const std::string& url) override { calls.push_back("ShowURL " + url); }
+    std::filesystem::path SaveFile(const std::string& filter, const std::string& defaultName) override {
+        calls.push_back("SaveFile " + filter + ", " + defaultName);
+        return fileToSave;
+    }
+    void Launch(const std::filesystem::path& file) override { calls.push_back("Launch " + file.string()); }
+    void InhibitScreenSaver() override { calls.emplace_back("InhibitScreenSaver"); }
+    void ReleaseScreenSaver() override { calls.emplace_back("ReleaseScreenSaver"); }
+    void DelayScreenSaver() override { calls.emplace_back("DelayScreenSaver"); }
     std::filesystem::path PreferencesFolder() override { return preferencesFolder; }
-    bool SelectCompressionSettings(const Ref<Picture>& testImage, CompressionSettings& settings) override;
+    bool SelectCompressionSettings(const Ref<Picture>&, CompressionSettings& settings) override {
+        calls.emplace_back("SelectCompressionSettings");
+        proposedCompression = settings;
+        if (isCompressionConfirmed) settings = chosenCompression.value_or(settings);
+        return isCompressionConfirmed;
+    }
 
   private:
     std::filesystem::path temporaryFolder_;

@@ -2,22 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QCoreApplication>
 #include <memory>
 
 #include "core/winMain.h"
 #include "shell/App.h"
+#include "tests/support/Input.h"
 #include "tests/support/RecordingHost.h"
 
 /// A fresh timer window over a fresh host for each test. The window is opened by the first use of Timer().
 class TimerWindowTest : public testing::Test {
   protected:
-    TimerWindowTest() : host(RecordingHost::InstallNew()) { RuntimeRegisterAppObject(std::make_unique<App>()); }
-
-    ~TimerWindowTest() override {
-        Timer().Close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    TimerWindowTest() { RuntimeRegisterAppObject(std::make_unique<App>()); }
+    ~TimerWindowTest() override { End(Timer()); }
 
     static winMain& Timer() { return winMain::Instance(); }
 
@@ -26,12 +22,11 @@ class TimerWindowTest : public testing::Test {
         Timer().CurrentSeconds = seconds;
         Timer().ToggleTimer();
     }
-
     /// Lets the clock go on and the tick come.
     void TickAfter(double seconds) {
         host.microseconds += seconds * 1e6;
         Timer().TimerRun_Action();
     }
 
-    RecordingHost& host;
+    RecordingHost& host = RecordingHost::InstallNew();
 };

@@ -1,0 +1,195 @@
+"""The program on a desktop, as somebody who sits before it knows it, and the base of its tests."""
+
+import contextlib
+import math
+import os
+import pathlib
+import shutil
+import signal
+import struct
+import sys
+import tempfile
+import unittest
+
+from desktop import Desktop, start, wait_until
+
+PROGRAM = pathlib.Path(os.environ["DWINDLEDIAL"]).resolve()
+COLOURS = {
+    "Color_Window_Background": 0x9F9F9F,
+    "Color_Clock_Wedge": 0xFF0000,
+    "Color_Clock_Face": 0xFFFFFF,
+    "Color_Clock_Frame": 0x000000,
+}
+STATES = {"stopped": "Pause", "running": "Run", "alert": "Alert"}
+
+
+def bitmap(name):
+    """A status picture among the program's resources, its pixels as the screen holds them."""
+    data = (PROGRAM.parent.parent / "Resources" / name).read_bytes()[54:]
+    rows = (data[52 * y :][:51] for y in reversed(range(17)))
+    return b"".join(pixel + b"\0" for row in rows for (pixel,) in struct.iter_unpack("3s", row))
+
+
+class Timer:
+    """The program, running. Positions are those of its canvas, in its own pixels."""
+
+    def __init__(self, stack, desktop, path=PROGRAM, settings=None, scale=1):
+        self.desktop, self.scale = desktop, scale
+        self.colours = COLOURS | (settings or {})
+        home = stack.enter_context(tempfile.TemporaryDirectory(prefix="timer-"))
+        environment = desktop.environment(home, QT_SCALE_FACTOR=f"{scale}")
+        self.file = pathlib.Path(home, "config", "DwindledialPrefs.plist")
+        if settings:
+            self.file.write_text("".join(f"<key>{k}</key><string>#{v:06X}</string>" for k, v in settings.items()))
+        self.errors = stack.enter_context(tempfile.TemporaryFile("w+"))
+        wait_until(lambda: not desktop.windows(), "nothing of the program before is left")
+        self.process = start(stack, [path], env=environment, stderr=self.errors)
+        self.window = wait_until(self.find_window, "the timer is there")
+        wait_until(lambda: desktop.has_keys(self.window), "the timer has the keyboard")
+        self.bar = desktop.place(self.window)[3] - 229 * scale
+        self.icons = {state: self.icon(name) for state, name in STATES.items()}
+        self.wait_for("stopped")
+
+    def find_window(self):
+        for process in (self.process, self.desktop.manager):
+            if process.poll() is not None:
+                raise AssertionError(f"{process.args} has ended with {process.returncode}")
+        return self.desktop.windows().get("Dwindledial")
+
+    def icon(self, name):
+        background = self.colours["Color_Window_Background"].to_bytes(4, "little") * 17 * 17
+        parts = zip(bitmap(f"{name}_Icon.bmp"), bitmap(f"{name}_Mask.bmp"), background)
+        return bytes(p + (b - p) * m // 255 for p, m, b in parts)
+
+    def place(self):
+        """The canvas on the screen: left, top, width, height."""
+        left, top, width, height = self.desktop.place(self.window)
+        bar = 0 if (width, height) == self.desktop.size else self.bar
+        return left, top + bar, width, height - bar
+
+    def fills_the_screen(self):
+        return self.desktop.place(self.window) == (0, 0, *self.desktop.size)
+
+    def picture(self):
+        with self.desktop.standing_still():
+            return self.desktop.picture(*self.place())
+
+    def pixel(self, x, y):
+        return self.picture().at(x * self.scale, y * self.scale)
+
+    def state(self):
+        """What the status icon tells; None if it looks like none of the three."""
+        picture, places = self.picture(), range(10 * self.scale, 27 * self.scale, self.scale)
+        shown = b"".join(picture.rows[y][4 * x : 4 * x + 4] for y in places for x in places)
+        differences = {state: sum(abs(a - b) for a, b in zip(shown, known)) for state, known in self.icons.items()}
+        nearest = min(differences, key=differences.get)
+        return nearest if differences[nearest] < 20 * len(shown) else None
+
+    def wait_for(self, state):
+        wait_until(lambda: self.state() == state, f"the timer is {state}")
+
+    def seconds(self):
+        """The time that the wedge shows, from its share of the disc inside of the marks. Wants the default colours."""
+        picture = self.picture()
+        x, y = picture.width // 2, picture.height // 2
+        radius = int(0.35 * min(picture.width, picture.height))
+        white = total = 0
+        for dy in range(-radius, radius):
+            reach = round(math.sqrt(radius**2 - (dy + 0.5) ** 2))
+            white += sum(picture.rows[y + dy][4 * (x - reach) + 1 : 4 * (x + reach) : 4]) / 255
+            total += 2 * reach
+        return round(3600 * (1 - white / total))
+
+    def move(self, x, y):
+        left, top, *_ = self.place()
+        self.desktop.move(left + x * self.scale, top + y * self.scale)
+
+    def click(self, x, y):
+        left, top, *_ = self.place()
+        self.desktop.click(left + x * self.scale, top + y * self.scale)
+
+    def arrange(self, left, top, width, height):
+        """Moves the window and gives its canvas a size."""
+        size = width, height + self.bar
+        self.window.configure(x=left, y=top, width=size[0], height=size[1])
+        wait_until(lambda: self.desktop.place(self.window)[2:] == size, f"the window is {size}")
+
+    def open_dialog(self):
+        self.desktop.key("ctrl+t")
+        return Dialog(self)
+
+    def set_time(self, minutes, seconds):
+        dialog = self.open_dialog()
+        dialog.enter(f"{minutes}", f"{seconds}")
+        dialog.close(Dialog.SET)
+
+    def choose(self, menu, *keys):
+        """By the keyboard alone: Alt and the menu's letter, then keys within it."""
+        self.desktop.key(f"alt+{menu}")
+        wait_until(self.desktop.menus, "the menu opens")
+        self.desktop.key(*keys)
+        wait_until(lambda: not self.desktop.menus(), "the menu closes")
+
+    def end(self):
+        """Waits for the program to end; its exit status and what it has written to standard error."""
+        status = self.process.wait(20)
+        self.errors.seek(0)
+        return status, self.errors.read()
+
+
+class Dialog:
+    """The Set Timer dialog, open."""
+
+    MINUTES_UP, MINUTES_DOWN = (57, 36), (57, 49)
+    SECONDS_UP, SECONDS_DOWN = (110, 36), (110, 49)
+    CANCEL, SET = (178, 41), (250, 41)
+
+    def __init__(self, timer):
+        self.timer, self.desktop = timer, timer.desktop
+        self.window = wait_until(lambda: self.desktop.windows().get("Set Timer"), "Set Timer opens")
+        wait_until(lambda: self.desktop.has_keys(self.window), "Set Timer has the keyboard")
+
+    def enter(self, minutes, seconds):
+        """The seconds first: while the minutes read 60, no key reaches them."""
+        self.desktop.key("ctrl+a", "0", "Tab", "ctrl+a", *seconds, "shift+Tab", "ctrl+a", *minutes)
+
+    def close(self, *places):
+        """By clicks, the last of which closes it."""
+        (left, top, *_), scale = self.desktop.place(self.window), self.timer.scale
+        for x, y in places:
+            self.desktop.click(left + x * scale, top + y * scale)
+        self.wait_closed()
+
+    def wait_closed(self):
+        wait_until(lambda: "Set Timer" not in self.desktop.windows(), "Set Timer closes")
+        wait_until(lambda: self.desktop.has_keys(self.timer.window), "the timer has the keyboard again")
+
+
+class DesktopTest(unittest.TestCase):
+    def setUp(self):
+        self.stack = contextlib.ExitStack()
+        self.addCleanup(self.stack.close)
+        self.desktop = Desktop(self.stack)
+        self.addCleanup(self.keep_screen, self.failures())
+
+    def failures(self):
+        result = self._outcome.result
+        return len(result.failures) + len(result.errors)
+
+    def keep_screen(self, failures_before):
+        folder = os.environ.get("DWINDLEDIAL_SCREENSHOTS")
+        if folder and self.failures() > failures_before:
+            shutil.copy(self.desktop.home / "Xvfb_screen0", pathlib.Path(folder, f"{self.id()}.xwd"))
+
+    def launch(self, **options):
+        return Timer(self.stack, self.desktop, **options)
+
+    def assert_stopped(self, timer):
+        """That no input before has started the timer: only a stopped one opens Set Timer."""
+        timer.open_dialog().close(Dialog.CANCEL)
+        self.assertEqual(timer.state(), "stopped")
+
+
+def main():
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("ended from outside"))  # by way of all clean-up
+    unittest.main()
