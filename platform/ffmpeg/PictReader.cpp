@@ -1,24 +1,9 @@
 #include "platform/ffmpeg/PictReader.h"
 
-#include <memory>
-
-extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
-#include <libswscale/swscale.h>
-}
+#include "platform/ffmpeg/Owned.h"
+#include "platform/ffmpeg/PixelConversion.h"
 
 namespace {
-
-struct Closer {
-    void operator()(AVFormatContext* context) const { avformat_close_input(&context); }
-    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
-    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
-    void operator()(AVFrame* frame) const { av_frame_free(&frame); }
-    void operator()(SwsContext* context) const { sws_freeContext(context); }
-};
-template <class T>
-using Owned = std::unique_ptr<T, Closer>;
 
 Owned<AVFormatContext> Open(const std::filesystem::path& file) {
     av_log_set_level(AV_LOG_QUIET);  // a damaged file is the caller's matter, not the terminal's
@@ -40,26 +25,11 @@ Owned<AVFrame> Decode(AVFormatContext& input) {
     return frame;
 }
 
-std::optional<RgbImage> ToRgb(const AVFrame& frame) {
-    constexpr int kBytesPerPixel = 3;
-    const int width = frame.width;
-    const int height = frame.height;
-    Owned<SwsContext> converter(sws_getContext(width, height, static_cast<AVPixelFormat>(frame.format), width, height,
-                                               AV_PIX_FMT_RGB24, SWS_POINT, nullptr, nullptr, nullptr));
-    if (!converter) return std::nullopt;
-    const auto size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kBytesPerPixel;
-    RgbImage image{width, height, std::vector<std::uint8_t>(size)};
-    std::uint8_t* const rows[] = {image.bytes.data()};
-    const int strides[] = {width * kBytesPerPixel};
-    sws_scale(converter.get(), frame.data, frame.linesize, 0, height, rows, strides);
-    return image;
-}
-
 }  // namespace
 
 std::optional<RgbImage> ReadPict(const std::filesystem::path& file) {
     const Owned<AVFormatContext> input = Open(file);
     if (!input) return std::nullopt;
     const Owned<AVFrame> frame = Decode(*input);
-    return frame ? ToRgb(*frame) : std::nullopt;
+    return frame ? ToRgbImage(*frame) : std::nullopt;
 }
