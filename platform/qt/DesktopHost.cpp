@@ -43,7 +43,7 @@ std::filesystem::path DesktopHost::SaveFile(const std::string& filter, const std
     // For a name without an ending; one that has an ending keeps it.
     dialog.setDefaultSuffix(QFileInfo(QString::fromStdString(defaultName)).suffix());
     if (dialog.exec() != QDialog::Accepted) return {};
-    const std::filesystem::path chosen = dialog.selectedFiles().constFirst().toStdString();
+    std::filesystem::path chosen = dialog.selectedFiles().constFirst().toStdString();
     saveFolder_ = chosen.parent_path();
     return chosen;
 }
