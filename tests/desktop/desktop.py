@@ -16,15 +16,6 @@ from Xlib.ext import xtest
 MODIFIERS = {"ctrl": "Control_L", "alt": "Alt_L", "shift": "Shift_L"}
 
 
-def wait_until(condition, what, timeout=20):
-    deadline = time.monotonic() + timeout
-    while not (result := condition()):
-        if time.monotonic() > deadline:
-            raise AssertionError(f"not within {timeout} s: {what}")
-        time.sleep(0.01)
-    return result
-
-
 def start(stack, command, end_by=signal.SIGKILL, **options):
     """A process that has ended by the time `stack` is closed."""
     process = stack.enter_context(subprocess.Popen(command, stdin=subprocess.DEVNULL, **options))
@@ -62,9 +53,9 @@ class Desktop:
         self.root.xfixes_hide_cursor()  # which the server would draw over the pixels
         silent = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
         self.manager = start(stack, ["openbox"], env=self.environment(self.home), **silent)
-        wait_until(lambda: self.property("_NET_SUPPORTING_WM_CHECK"), "there is a window manager")
+        self.bystander = self.new_window()
+        self.wait_until(lambda: self.property("_NET_SUPPORTING_WM_CHECK"), "there is a window manager")
         self.move(size[0] - 1, size[1] - 1)
-        self.probe = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
 
     def start_server(self, stack):
         reader, writer = os.pipe()
@@ -85,6 +76,32 @@ class Desktop:
             os.makedirs(folder, mode=0o700, exist_ok=True)
         return inherited | private | {
             "DISPLAY": self.name, "DBUS_SESSION_BUS_ADDRESS": f"unix:path={home}/no-bus", "LANG": "C.UTF-8", **more}
+
+    # The window manager sleeps over events now and then, until the next one wakes it; it also stops the pointer at each
+    # press to have a look, and loses what comes too soon after.
+
+    def wait_until(self, condition, what, timeout=20):
+        deadline = time.monotonic() + timeout
+        while not (result := condition()):
+            if time.monotonic() > deadline:
+                raise AssertionError(f"not within {timeout} s: {what}")
+            self.nudge(self.bystander)
+            time.sleep(0.01)
+        return result
+
+    def nudge(self, window):
+        request = self.display.intern_atom("_NET_REQUEST_FRAME_EXTENTS")
+        message = protocol.event.ClientMessage(window=window, client_type=request, data=(32, [0] * 5))
+        self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+
+    def settle(self):
+        window = self.new_window()
+        self.nudge(window)
+        self.wait_until(lambda: self.property("_NET_FRAME_EXTENTS", window), "the window manager has caught up")
+        window.destroy()
+
+    def new_window(self):
+        return self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
 
     # Windows
 
@@ -181,11 +198,3 @@ class Desktop:
     def click(self, x, y):
         self.press(x, y)
         self.release()
-
-    def settle(self):
-        """The window manager stops the pointer at each press to have a look, and loses what comes too soon after."""
-        self.probe.delete_property(self.display.intern_atom("_NET_FRAME_EXTENTS"))
-        request = self.display.intern_atom("_NET_REQUEST_FRAME_EXTENTS")
-        message = protocol.event.ClientMessage(window=self.probe, client_type=request, data=(32, [0] * 5))
-        self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
-        wait_until(lambda: self.property("_NET_FRAME_EXTENTS", self.probe), "the window manager has caught up")

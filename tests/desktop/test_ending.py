@@ -2,7 +2,6 @@
 
 import re
 
-from desktop import wait_until
 from timer import COLOURS, DesktopTest, main
 
 CHANGED = {
@@ -40,12 +39,12 @@ class EndingTest(DesktopTest):
         timer = self.launch()
         self.assertEqual(self.saved(timer), COLOURS)
         timer.set_time(15, 0)
-        wait_until(lambda: self.shown(timer) == COLOURS, "the default colours show")
+        self.wait_until(lambda: self.shown(timer) == COLOURS, "the default colours show")
 
     def test_one_colour_in_the_file_leaves_the_others_as_they_are(self):
         timer = self.launch(settings={"Color_Clock_Wedge": 0x00C040})
         timer.set_time(15, 0)
-        wait_until(lambda: self.shown(timer) == timer.colours, "one colour shows among default ones")
+        self.wait_until(lambda: self.shown(timer) == timer.colours, "one colour shows among default ones")
         self.desktop.key("alt+F4")
         self.assert_ends_well(timer)
         self.assertEqual(self.saved(timer), timer.colours)
@@ -79,7 +78,7 @@ class EndingTest(DesktopTest):
 
     def close_in_fullscreen(self, timer):
         self.desktop.key("ctrl+f")
-        wait_until(timer.fills_the_screen, "the canvas fills the screen")
+        self.wait_until(timer.fills_the_screen, "the canvas fills the screen")
         self.desktop.key("alt+F4")
 
 

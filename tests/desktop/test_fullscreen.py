@@ -2,7 +2,6 @@
 
 import time
 
-from desktop import wait_until
 from timer import DesktopTest, Dialog, main
 
 
@@ -15,7 +14,7 @@ class FullscreenTest(DesktopTest):
 
     def enter(self):
         self.desktop.key("ctrl+f")
-        wait_until(lambda: self.timer.fills_the_screen() and not self.has_bar(), "the canvas alone fills the screen")
+        self.wait_until(lambda: self.timer.fills_the_screen() and not self.has_bar(), "the canvas alone fills the screen")
 
     def has_bar(self):
         return self.timer.pixel(1000, 5) != self.timer.colours["Color_Window_Background"]
@@ -42,11 +41,11 @@ class FullscreenTest(DesktopTest):
             self.enter()
             self.timer.wait_for(state)
             self.desktop.key("ctrl+f")
-            wait_until(lambda: self.desktop.place(self.timer.window) == before, f"the window is at {before} again")
+            self.wait_until(lambda: self.desktop.place(self.timer.window) == before, f"the window is at {before} again")
             self.desktop.settle()
             self.toggle(following)
             self.assertEqual(self.desktop.place(self.timer.window), before)
-        wait_until(lambda: 0 < 50 * 60 - self.timer.seconds() < time.monotonic() - began + 1, "the run goes on")
+        self.wait_until(lambda: 0 < 50 * 60 - self.timer.seconds() < time.monotonic() - began + 1, "the run goes on")
 
     def test_commands_work_without_the_bar(self):
         self.enter()
@@ -62,9 +61,9 @@ class FullscreenTest(DesktopTest):
     def test_set_timer_leaves_fullscreen_for_as_long_as_it_is_open(self):
         self.enter()
         dialog = self.timer.open_dialog()
-        wait_until(lambda: not self.timer.fills_the_screen(), "the window leaves fullscreen")
+        self.wait_until(lambda: not self.timer.fills_the_screen(), "the window leaves fullscreen")
         dialog.close(Dialog.SET)
-        wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
+        self.wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
 
     def test_the_top_rows_call_the_bar(self):
         self.enter()
@@ -75,32 +74,32 @@ class FullscreenTest(DesktopTest):
             self.toggle(state)
             self.assertFalse(self.has_bar())
         self.timer.move(600, 10)
-        wait_until(self.has_bar, "the bar comes")
+        self.wait_until(self.has_bar, "the bar comes")
         self.timer.move(600, self.timer.bar - 1)
         self.desktop.key("alt+t")
-        wait_until(self.desktop.menus, "the bar still takes the key")
+        self.wait_until(self.desktop.menus, "the bar still takes the key")
         self.desktop.key("Escape", "Escape")
-        wait_until(lambda: not self.desktop.menus(), "the menu closes")
+        self.wait_until(lambda: not self.desktop.menus(), "the menu closes")
         self.assertTrue(self.has_bar())
         self.assertTrue(self.timer.picture().crop(*clock).rows == before.rows, "the clock stays where it is")
         self.timer.move(600, self.timer.bar)
-        wait_until(lambda: not self.has_bar(), "the bar goes")
+        self.wait_until(lambda: not self.has_bar(), "the bar goes")
 
     def test_the_bar_stays_while_a_menu_is_open(self):
         self.enter()
         self.timer.move(600, 5)
-        wait_until(self.has_bar, "the bar comes")
+        self.wait_until(self.has_bar, "the bar comes")
         self.desktop.key("alt+t")
-        left, top, width, height = wait_until(self.desktop.menus, "the menu opens")[0]
+        left, top, width, height = self.wait_until(self.desktop.menus, "the menu opens")[0]
         self.desktop.move(600, 400)
         before = self.desktop.picture(left, top, width, height).rows
         self.desktop.move(left + width // 2, top + height * 3 // 4)
-        wait_until(lambda: self.desktop.picture(left, top, width, height).rows != before, "the item lights up")
+        self.wait_until(lambda: self.desktop.picture(left, top, width, height).rows != before, "the item lights up")
         self.assertTrue(self.has_bar())
         self.desktop.key("Escape")
-        wait_until(lambda: not self.desktop.menus(), "the menu closes")
+        self.wait_until(lambda: not self.desktop.menus(), "the menu closes")
         self.timer.move(600, 300)
-        wait_until(lambda: not self.has_bar(), "the bar goes")
+        self.wait_until(lambda: not self.has_bar(), "the bar goes")
 
 
 if __name__ == "__main__":

@@ -2,7 +2,6 @@
 
 from Xlib import X
 
-from desktop import wait_until
 from timer import DesktopTest, main
 
 KEYS = ("Return", "KP_Enter", "space")
@@ -41,14 +40,14 @@ class InputTest(DesktopTest):
         timer = self.launch()
         arrow = self.desktop.cursor()
         timer.move(18, 18)
-        wait_until(lambda: self.desktop.cursor() != arrow, "the pointer is a hand")
+        self.wait_until(lambda: self.desktop.cursor() != arrow, "the pointer is a hand")
         hand = self.desktop.cursor()
         for outside in (*OUTSIDE, ON_THE_BAR):
             for inside in INSIDE:
                 timer.move(*outside)
-                wait_until(lambda: self.desktop.cursor() == arrow, f"the pointer is an arrow at {outside}")
+                self.wait_until(lambda: self.desktop.cursor() == arrow, f"the pointer is an arrow at {outside}")
                 timer.move(*inside)
-                wait_until(lambda: self.desktop.cursor() == hand, f"the pointer is a hand at {inside}")
+                self.wait_until(lambda: self.desktop.cursor() == hand, f"the pointer is a hand at {inside}")
 
     def test_each_key_starts_and_stops(self):
         timer = self.launch()
@@ -70,7 +69,7 @@ class InputTest(DesktopTest):
         self.desktop.hold("space")
         timer.wait_for("running")
         for _ in range(10):
-            wait_until(self.is_a_key_pressed, "the server repeats the key")
+            self.wait_until(self.is_a_key_pressed, "the server repeats the key")
             self.assertEqual(timer.state(), "running")
         self.desktop.let_go("space")
         self.desktop.key("ctrl+r")

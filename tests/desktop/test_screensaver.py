@@ -3,7 +3,6 @@
 from Xlib import X
 from Xlib.ext import screensaver
 
-from desktop import wait_until
 from timer import DesktopTest, main
 
 
@@ -26,8 +25,8 @@ class ScreenSaverTest(DesktopTest):
             self.assertFalse(self.is_on(), "the saver comes on during the run")
             return timer.state() == "alert"
 
-        wait_until(has_ended, "the run ends")
-        wait_until(self.is_on, "the saver comes on by itself")
+        self.wait_until(has_ended, "the run ends")
+        self.wait_until(self.is_on, "the saver comes on by itself")
 
     def test_it_comes_on_once_the_timer_is_stopped(self):
         self.comes_on_after("space")
@@ -38,7 +37,7 @@ class ScreenSaverTest(DesktopTest):
     def comes_on_after(self, key):
         self.launch_running(50, 0, patience=1)
         self.desktop.key(key)
-        wait_until(self.is_on, "the saver comes on by itself")
+        self.wait_until(self.is_on, "the saver comes on by itself")
 
 
 if __name__ == "__main__":

@@ -1,6 +1,5 @@
 """The Set Timer dialog. What it has set is read off the clock, in a window where a second is wide enough to see."""
 
-from desktop import wait_until
 from timer import DesktopTest, Dialog, main
 
 # Neighbours differ in the result, so that none passes by what the one before has left on the clock.
@@ -26,7 +25,7 @@ class SetTimerTest(DesktopTest):
 
     def wait_for_time(self, time):
         minutes, seconds = map(int, time.split(":"))
-        wait_until(lambda: self.timer.seconds() == 60 * minutes + seconds, f"the wedge shows {time}")
+        self.wait_until(lambda: self.timer.seconds() == 60 * minutes + seconds, f"the wedge shows {time}")
 
     def test_the_arrows_stop_and_carry(self):
         for before, arrow, after in STOPS:
@@ -49,10 +48,10 @@ class SetTimerTest(DesktopTest):
             return len(looks) > 10  # a caret that blinks gives each number two of them
 
         self.desktop.press(left + Dialog.MINUTES_UP[0], top + Dialog.MINUTES_UP[1])
-        wait_until(has_counted, "the minutes rise")
+        self.wait_until(has_counted, "the minutes rise")
         self.desktop.release()
         dialog.close(Dialog.SET)
-        wait_until(lambda: self.timer.seconds() >= 5 * 60, "the arrow has counted five times")
+        self.wait_until(lambda: self.timer.seconds() >= 5 * 60, "the arrow has counted five times")
 
     def test_typing_replaces_the_minutes(self):
         self.timer.set_time(12, 34)

@@ -3,7 +3,6 @@
 import pathlib
 import tempfile
 
-from desktop import wait_until
 from timer import COLOURS, PROGRAM, DesktopTest, main
 
 FACE = 0xFFFFFF
@@ -21,7 +20,7 @@ class WindowTest(DesktopTest):
             dx, dy = right * step // steps, down * step // steps
             self.desktop.move(x + dx, y + dy)
             size = max(width + dx, 400), max(height + dy, 150 + timer.bar)
-            wait_until(lambda: looks_right() and self.desktop.place(timer.window)[2:] == size, f"it is {size}")
+            self.wait_until(lambda: looks_right() and self.desktop.place(timer.window)[2:] == size, f"it is {size}")
         self.desktop.release()
         self.desktop.settle()
 

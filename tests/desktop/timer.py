@@ -11,7 +11,7 @@ import sys
 import tempfile
 import unittest
 
-from desktop import Desktop, start, wait_until
+from desktop import Desktop, start
 
 PROGRAM = pathlib.Path(os.environ["DWINDLEDIAL"]).resolve()
 COLOURS = {
@@ -42,10 +42,10 @@ class Timer:
         if settings:
             self.file.write_text("".join(f"<key>{k}</key><string>#{v:06X}</string>" for k, v in settings.items()))
         self.errors = stack.enter_context(tempfile.TemporaryFile("w+"))
-        wait_until(lambda: not desktop.windows(), "nothing of the program before is left")
+        desktop.wait_until(lambda: not desktop.windows(), "nothing of the program before is left")
         self.process = start(stack, [path], env=environment, stderr=self.errors)
-        self.window = wait_until(self.find_window, "the timer is there")
-        wait_until(lambda: desktop.has_keys(self.window), "the timer has the keyboard")
+        self.window = desktop.wait_until(self.find_window, "the timer is there")
+        desktop.wait_until(lambda: desktop.has_keys(self.window), "the timer has the keyboard")
         self.bar = desktop.place(self.window)[3] - 229 * scale
         self.icons = {state: self.icon(name) for state, name in STATES.items()}
         self.wait_for("stopped")
@@ -86,7 +86,7 @@ class Timer:
         return nearest if differences[nearest] < 20 * len(shown) else None
 
     def wait_for(self, state):
-        wait_until(lambda: self.state() == state, f"the timer is {state}")
+        self.desktop.wait_until(lambda: self.state() == state, f"the timer is {state}")
 
     def seconds(self):
         """The time that the wedge shows, from its share of the disc inside of the marks. Wants the default colours."""
@@ -112,7 +112,7 @@ class Timer:
         """Moves the window and gives its canvas a size."""
         size = width, height + self.bar
         self.window.configure(x=left, y=top, width=size[0], height=size[1])
-        wait_until(lambda: self.desktop.place(self.window)[2:] == size, f"the window is {size}")
+        self.desktop.wait_until(lambda: self.desktop.place(self.window)[2:] == size, f"the window is {size}")
 
     def open_dialog(self):
         self.desktop.key("ctrl+t")
@@ -126,9 +126,9 @@ class Timer:
     def choose(self, menu, *keys):
         """By the keyboard alone: Alt and the menu's letter, then keys within it."""
         self.desktop.key(f"alt+{menu}")
-        wait_until(self.desktop.menus, "the menu opens")
+        self.desktop.wait_until(self.desktop.menus, "the menu opens")
         self.desktop.key(*keys)
-        wait_until(lambda: not self.desktop.menus(), "the menu closes")
+        self.desktop.wait_until(lambda: not self.desktop.menus(), "the menu closes")
 
     def end(self):
         """Waits for the program to end; its exit status and what it has written to standard error."""
@@ -146,8 +146,8 @@ class Dialog:
 
     def __init__(self, timer):
         self.timer, self.desktop = timer, timer.desktop
-        self.window = wait_until(lambda: self.desktop.windows().get("Set Timer"), "Set Timer opens")
-        wait_until(lambda: self.desktop.has_keys(self.window), "Set Timer has the keyboard")
+        self.window = self.desktop.wait_until(lambda: self.desktop.windows().get("Set Timer"), "Set Timer opens")
+        self.desktop.wait_until(lambda: self.desktop.has_keys(self.window), "Set Timer has the keyboard")
 
     def enter(self, minutes, seconds):
         """The seconds first: while the minutes read 60, no key reaches them."""
@@ -161,8 +161,8 @@ class Dialog:
         self.wait_closed()
 
     def wait_closed(self):
-        wait_until(lambda: "Set Timer" not in self.desktop.windows(), "Set Timer closes")
-        wait_until(lambda: self.desktop.has_keys(self.timer.window), "the timer has the keyboard again")
+        self.desktop.wait_until(lambda: "Set Timer" not in self.desktop.windows(), "Set Timer closes")
+        self.desktop.wait_until(lambda: self.desktop.has_keys(self.timer.window), "the timer has the keyboard again")
 
 
 class DesktopTest(unittest.TestCase):
@@ -170,6 +170,7 @@ class DesktopTest(unittest.TestCase):
         self.stack = contextlib.ExitStack()
         self.addCleanup(self.stack.close)
         self.desktop = Desktop(self.stack)
+        self.wait_until = self.desktop.wait_until
         self.addCleanup(self.keep_screen, self.failures())
 
     def failures(self):
