@@ -59,8 +59,8 @@ class Desktop:
 
     def start_server(self, stack):
         reader, writer = os.pipe()
-        options = ["-displayfd", f"{writer}", "-screen", "0", "{}x{}x24".format(*self.size), "-fbdir", self.home]
-        command = ["Xvfb", *options, "-noreset", "-nolisten", "tcp"]
+        screen = ["-screen", "0", "{}x{}x24".format(*self.size), "-fbdir", self.home]
+        command = ["Xvfb", "-displayfd", f"{writer}", "-nolisten", "tcp", *screen]
         start(stack, command, end_by=signal.SIGTERM, pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
         with open(reader) as answer:
@@ -77,10 +77,8 @@ class Desktop:
         return inherited | private | {
             "DISPLAY": self.name, "DBUS_SESSION_BUS_ADDRESS": f"unix:path={home}/no-bus", "LANG": "C.UTF-8", **more}
 
-    # The window manager sleeps over events now and then, until the next one wakes it; it also stops the pointer at each
-    # press to have a look, and loses what comes too soon after.
-
     def wait_until(self, condition, what, timeout=20):
+        """Nudges the window manager meanwhile: it oversleeps an event now and then, until the next one wakes it."""
         deadline = time.monotonic() + timeout
         while not (result := condition()):
             if time.monotonic() > deadline:
@@ -90,11 +88,12 @@ class Desktop:
         return result
 
     def nudge(self, window):
-        request = self.display.intern_atom("_NET_REQUEST_FRAME_EXTENTS")
+        request = self.display.get_atom("_NET_REQUEST_FRAME_EXTENTS")
         message = protocol.event.ClientMessage(window=window, client_type=request, data=(32, [0] * 5))
         self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
 
     def settle(self):
+        """Waits until the window manager has dealt with all that it was told before."""
         window = self.new_window()
         self.nudge(window)
         self.wait_until(lambda: self.property("_NET_FRAME_EXTENTS", window), "the window manager has caught up")
@@ -106,7 +105,7 @@ class Desktop:
     # Windows
 
     def property(self, name, window=None):
-        found = (window or self.root).get_full_property(self.display.intern_atom(name), X.AnyPropertyType)
+        found = (window or self.root).get_full_property(self.display.get_atom(name), X.AnyPropertyType)
         return list(found.value) if found else []
 
     def windows(self):
@@ -190,7 +189,7 @@ class Desktop:
     def press(self, x, y):
         self.move(x, y)
         self.send(X.ButtonPress, 1)
-        self.settle()
+        self.settle()  # it stops the pointer at a press to have a look, and loses what comes too soon after
 
     def release(self):
         self.send(X.ButtonRelease, 1)

@@ -14,7 +14,7 @@ class FullscreenTest(DesktopTest):
 
     def enter(self):
         self.desktop.key("ctrl+f")
-        self.wait_until(lambda: self.timer.fills_the_screen() and not self.has_bar(), "the canvas alone fills the screen")
+        self.wait_until(lambda: self.timer.fills_the_screen() and not self.has_bar(), "the canvas alone fills it all")
 
     def has_bar(self):
         return self.timer.pixel(1000, 5) != self.timer.colours["Color_Window_Background"]
