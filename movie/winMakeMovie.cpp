@@ -4,6 +4,7 @@
 #include "platform/Text.h"
 #include "platform/Thread.h"
 #include "platform/Timer.h"
+#include "shell/digit_filter.h"
 
 winMakeMovie& winMakeMovie::Instance() { return ImplicitInstance<winMakeMovie>("winMakeMovie.winMakeMovie"); }
 
@@ -91,18 +92,9 @@ void winMakeMovie::_CreateControls0() {
 
 void winMakeMovie::Event_Open() { CalculateSize(); }
 
-// The digit is judged by the value of the whole text with the digit put at its end, wherever the caret is.
 bool winMakeMovie::eStart_KeyDown(const std::string& key) {
-    constexpr double kHighest = 3600;
-    if (key < " " || key > "~") return false;
-    if (key < "0" || key > "9") return true;
-    auto& field = Find<EditField>("eStart");
-    const std::string saved = field.Text();
-    field.SelText("");
-    const double value = Val(field.Text() + key);
-    if (value >= 0 && value <= kHighest) return false;
-    field.Text(saved);
-    return true;
+    constexpr Int32 kHighest = 3600;
+    return JudgeKey(Find<EditField>("eStart"), key, kHighest) != KeyVerdict::ToField;
 }
 
 void winMakeMovie::eStart_TextChange() { CalculateSize(); }

@@ -5,6 +5,7 @@
 #include "core/winMain.h"
 #include "platform/Controls.h"
 #include "platform/Text.h"
+#include "shell/digit_filter.h"
 
 namespace {
 
@@ -17,24 +18,6 @@ Int64 Number(const EditField& field) { return ToInt32(Val(field.Text())); }
 /// Two digits at least, as the fields show a number.
 std::string Digits(double number) { return Format(number, "00"); }
 std::string Digits(Int64 number) { return Digits(static_cast<double>(number)); }
-
-// Control keys, and characters outside of plain ASCII, are left to the field.
-bool IsPrintable(const std::string& key) { return key >= " " && key <= "~"; }
-bool IsDigit(const std::string& key) { return key >= "0" && key <= "9"; }
-
-/// Whether a key may go into the field. A digit is judged by the value of the whole text with the digit put at its end,
-/// wherever the caret is; the field's selection goes before. A digit that is refused leaves the text as it was.
-enum class Verdict { ToField, Swallowed, Refused };
-Verdict Judge(EditField& field, const std::string& key, Int32 highest) {
-    if (!IsPrintable(key)) return Verdict::ToField;
-    if (!IsDigit(key)) return Verdict::Swallowed;
-    const std::string saved = field.Text();
-    field.SelText("");
-    const double value = Val(field.Text() + key);
-    if (value >= 0 && value <= highest) return Verdict::ToField;
-    field.Text(saved);
-    return Verdict::Refused;
-}
 
 }  // namespace
 
@@ -155,9 +138,9 @@ void winSet::aSec_Down() {
 }
 
 bool winSet::eMin_KeyDown(const std::string& key) {
-    const Verdict verdict = Judge(eMin(), key, kMaxMinutes);
-    if (verdict == Verdict::Refused && eMin().Text() == "60") eSec().Text("00");
-    return verdict != Verdict::ToField;
+    const KeyVerdict verdict = JudgeKey(eMin(), key, kMaxMinutes);
+    if (verdict == KeyVerdict::Refused && eMin().Text() == "60") eSec().Text("00");
+    return verdict != KeyVerdict::ToField;
 }
 
 // While the minutes read 60, no key at all reaches the seconds.
@@ -166,7 +149,7 @@ bool winSet::eSec_KeyDown(const std::string& key) {
         eSec().Text("00");
         return true;
     }
-    return Judge(eSec(), key, kMaxSeconds) != Verdict::ToField;
+    return JudgeKey(eSec(), key, kMaxSeconds) != KeyVerdict::ToField;
 }
 
 void winSet::eMin_LostFocus() { eMin().Text(Digits(Val(eMin().Text()))); }

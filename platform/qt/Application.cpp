@@ -2,6 +2,7 @@
 
 #include <QtWidgets/QApplication>
 #include <filesystem>
+#include <vector>
 
 #include "platform/Host.h"
 #include "platform/qt/DesktopHost.h"
@@ -22,15 +23,22 @@ struct Runtime {
 };
 Runtime runtime;
 
+std::vector<WindowPeer*> Windows() {
+    std::vector<WindowPeer*> windows;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* window = dynamic_cast<WindowPeer*>(widget)) windows.push_back(window);
+    }
+    return windows;
+}
+
 }  // namespace
 
 void Application::AutoQuit(bool on) { QApplication::setQuitOnLastWindowClosed(on); }
 
 void Application::MouseCursor(MouseCursors cursor) {
     const auto shape = cursor == FingerPointer ? Qt::PointingHandCursor : Qt::ArrowCursor;
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* window = dynamic_cast<WindowPeer*>(widget)) window->Content().setCursor(shape);
-    }
+    for (WindowPeer* window : Windows())
+        window->Content().setCursor(shape);
 }
 
 Ref<FolderItem> Application::ExecutableFile() {
@@ -79,9 +87,8 @@ int RuntimeExit() {
 
 void Quit(int status) {
     // While every window that they look for is still there.
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* window = dynamic_cast<WindowPeer*>(widget)) window->EndWorkers();
-    }
+    for (WindowPeer* window : Windows())
+        window->EndWorkers();
     runtime.status = status;
     QCoreApplication::exit(status);
 }

@@ -1,8 +1,6 @@
 #include <QtCore/QTimer>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
-#include <QtWidgets/QStyle>
-#include <QtWidgets/QStyleOption>
 
 #include "platform/Controls.h"
 #include "platform/qt/EventBoundary.h"

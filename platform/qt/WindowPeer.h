@@ -4,7 +4,6 @@
 #include <QtWidgets/QWidget>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
