@@ -129,9 +129,10 @@ TEST_P(ClockPictureTest, TheAlertTextIsCentredWithinTheFace) {
     EXPECT_NEAR(changed.width() / surface.ratio, 1.6 * Radius(), 0.12 * Radius() + 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, ClockPictureTest,
-                         testing::Values(Surface{441, 229, 1}, Surface{441, 229, 1.5}, Surface{441, 229, 2},
-                                         Surface{400, 150, 1.5}, Surface{1920, 1080, 2}, Surface{33, 33, 1},
-                                         Surface{33, 33, 2}, Surface{1080, 1920, 1.5}));
+constexpr Surface kSurfaces[] = {
+    {441, 229, 1}, {441, 229, 1.5}, {441, 229, 2}, {400, 150, 1},   {400, 150, 1.5},   {400, 150, 2},
+    {33, 33, 1},   {33, 33, 1.5},   {33, 33, 2},   {1920, 1080, 1}, {1920, 1080, 1.5}, {1920, 1080, 2},
+};
+INSTANTIATE_TEST_SUITE_P(Sizes, ClockPictureTest, testing::ValuesIn(kSurfaces));
 
 }  // namespace
