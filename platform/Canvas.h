@@ -1,13 +1,16 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "platform/Control.h"
 #include "platform/Ref.h"
 
+class DragItem;
 class Graphics;
 
-/// A control that its owner paints. It never takes the keyboard focus.
+/// A control that its owner paints. It never takes the keyboard focus. Positions in its events are its own coordinates,
+/// and may lie outside of it while the button is held.
 class Canvas : public RectControl {
   public:
     Canvas();
@@ -15,12 +18,29 @@ class Canvas : public RectControl {
 
     /// Paints the whole canvas. What was there before has been cleared to the window's background.
     std::function<void(const Ref<::Graphics>&)> Paint;
-    /// A press of the main button, also the second one of a double click; in the canvas's coordinates.
+    /// A press of the main button, also the second one of a double click.
     std::function<bool(Int32 x, Int32 y)> MouseDown;
     /// The pointer moved over the canvas, with no button held.
     std::function<void(Int32 x, Int32 y)> MouseMove;
 
+    // The same for a canvas of a class of its own, which raises the events of its owner itself.
+    virtual void Event_Paint(const Ref<::Graphics>& g);
+    /// True claims the press: drag events follow while the button is held, and one up event.
+    virtual bool Event_MouseDown(Int32 x, Int32 y);
+    virtual void Event_MouseDrag(Int32, Int32) {}
+    virtual void Event_MouseUp(Int32, Int32) {}
+    /// A text was dropped here. The action tells nothing: all drops are copies.
+    virtual void Event_DropObject(const Ref<DragItem>&, Int32) {}
+
+    /// From now on texts can be dropped on the canvas.
+    void AcceptTextDrop();
+    /// An item to be dragged from here, with its text and picture still to be set. The rectangle, in the window's
+    /// coordinates, is what seems to move.
+    Ref<DragItem> NewDragItem(Int32 left, Int32 top, Int32 width, Int32 height);
+
     /// The canvas's surface at any moment. While Paint runs it is the window's own; otherwise what is drawn is kept
     /// aside and shown beneath the next paint, which this call asks for.
     Ref<::Graphics> Graphics();
+    /// How many pixels of the screen a logical one is, either way.
+    double ScaleFactor() const;
 };

@@ -7,8 +7,6 @@
 #include "platform/Numbers.h"
 #include "platform/Property.h"
 
-class Window;
-
 /// What a window holds by name. The window owns its controls.
 class Control {
   public:
@@ -49,6 +47,14 @@ class RectControl : public Control {
 
     /// The place in the order in which the Tab key goes through the window.
     Property<Int32> TabIndex = 0;
+
+    /// Whether the control's window is the one that the user works in.
+    bool Active() const;
+    /// The group that the control lies in; nil when it lies directly in its window.
+    RectControl* Parent() const;
+
+    /// Delivered once, when the control's window opens, before the window's own.
+    virtual void Event_Open() {}
 
     void SetFocus();
 

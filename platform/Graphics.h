@@ -24,7 +24,7 @@ class Graphics {
     virtual Int32 Width() const = 0;
     virtual Int32 Height() const = 0;
 
-    /// The colour of later FillRect and DrawString calls.
+    /// The colour of later calls that draw rectangles, lines and texts.
     Property<Color> ForeColor;
 
     /// The font of later text calls. "System" is the desktop's interface font, "SmallSystem" the same and smaller.
@@ -34,7 +34,14 @@ class Graphics {
     Property<bool> Bold = false;
     Property<bool> Italic = false;
 
+    // Rectangles and lines have sharp edges. A rectangle without an extent draws nothing.
     virtual void FillRect(Int32 x, Int32 y, Int32 width, Int32 height) = 0;
+    /// The outline, one pixel wide, inside of the rectangle.
+    virtual void DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) = 0;
+    /// One pixel wide, both ends included.
+    virtual void DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2) = 0;
+    /// Back to the background of the window, or to the white of a new picture.
+    virtual void ClearRect(Int32 x, Int32 y, Int32 width, Int32 height) = 0;
 
     /// Draws a shape with its own origin at (x, y).
     virtual void DrawObject(const OvalShape& oval, Int32 x, Int32 y) = 0;

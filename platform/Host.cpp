@@ -23,4 +23,6 @@ void Beep() { Host::Current().Beep(); }
 
 void MsgBox(const std::string& text) { Host::Current().MsgBox(text); }
 
+bool SelectColor(Color& color, const std::string& prompt) { return Host::Current().SelectColor(color, prompt); }
+
 void ShowURL(const std::string& url) { Host::Current().ShowURL(url); }

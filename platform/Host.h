@@ -7,6 +7,7 @@
 #include "platform/Ref.h"
 
 class Picture;
+struct Color;
 struct CompressionSettings;
 
 /// Everything that reaches outside the process and blocks or can't be undone. The program goes through the functions
@@ -21,6 +22,12 @@ class Host {
     virtual void Beep() = 0;
     /// Shows a text with an OK button and waits for it.
     virtual void MsgBox(const std::string& text) = 0;
+    /// Lets the user pick a colour and waits: `color` comes in as the proposal and goes out as picked. False, and
+    /// `color` as it was, when the user cancels.
+    virtual bool SelectColor(Color& color, const std::string& prompt) = 0;
+    /// Drags a text from the place of a press and waits until the user lets go. The pointer carries `picture`, which it
+    /// holds at (x, y) in it; nil for the desktop's own look.
+    virtual void DragText(const std::string& text, const Ref<Picture>& picture, int x, int y) = 0;
     /// Opens an address, already encoded, in the user's browser; doesn't wait. A failure is not told.
     virtual void ShowURL(const std::string& url) = 0;
 
@@ -52,4 +59,5 @@ class Host {
 double Microseconds();
 void Beep();
 void MsgBox(const std::string& text);
+bool SelectColor(Color& color, const std::string& prompt);
 void ShowURL(const std::string& url);

@@ -9,8 +9,9 @@
 
 class Graphics;
 
-/// An off-screen image of opaque pixels, with a mask beside it that may give it transparent parts. May be made and
-/// drawn on any thread, by one thread at a time.
+/// An off-screen image of opaque pixels, with a mask beside it that may give it transparent parts. Its size is in
+/// logical pixels, each of which may be several of its own. May be made and drawn on any thread, by one thread at a
+/// time.
 class Picture {
   public:
     class Pixels;
@@ -24,8 +25,8 @@ class Picture {
     /// The surface that draws on this picture; the same object at each call. It must not outlive the picture.
     Ref<::Graphics> Graphics();
 
-    /// The mask, a grey picture of the same size: black is opaque, white transparent. With `create`, a picture without
-    /// one gets a mask that is all black; otherwise nil stands for none.
+    /// The mask, a grey picture of the same size and scale: black is opaque, white transparent. With `create`, a
+    /// picture without one gets a mask that is all black; otherwise nil stands for none.
     Ref<Picture> Mask(bool create);
 
     /// The pixels as 0xFFRRGGBB, row by row without padding. They change as the picture is drawn on.
@@ -40,5 +41,6 @@ class Picture {
     Ref<Picture> mask_;
 };
 
-/// A new white picture; nil when the size is not above 0 or there is no memory for it. The one depth is 32.
-Ref<Picture> NewPicture(Int32 width, Int32 height, Int32 depth);
+/// A new white picture; nil when the size is not above 0 or there is no memory for it. The one depth is 32. `scale` is
+/// how many of its own pixels a logical one is, either way.
+Ref<Picture> NewPicture(Int32 width, Int32 height, Int32 depth, double scale = 1);

@@ -12,7 +12,7 @@
 /// A window of the desktop. Width and Height are those of the area below the menu bar, where the controls are; Left
 /// and Top are the place of the window's inside on the screen. All in logical pixels.
 ///
-/// Open windows are owned by the toolkit; a closed one is destroyed once the event that closed it is over.
+/// Open windows are owned by the toolkit; a closed one is destroyed once no handler is under way any more.
 class Window : public std::enable_shared_from_this<Window> {
   public:
     enum class Frames { Document = 0, Sheet = 8 };

@@ -8,6 +8,12 @@ namespace targets {
 constexpr bool kFileCodes = false;
 /// The clock leaves 6 percent of its nominal diameter free instead of 3, and disc and wedge are 1 percent larger.
 constexpr bool kWiderClockMargin = false;
+/// A canvas is cleared before a picture is copied to it, which may be transparent in parts.
+constexpr bool kClearBeforeCopy = true;
+/// The drawing of a colour well is a pixel smaller than the well, at the right and below.
+constexpr bool kShrunkColorWell = false;
+/// What is dragged from a colour well begins where it was pressed, not where the pointer has come to.
+constexpr bool kDragFromPress = false;
 /// The settings file has a dot-file name.
 constexpr bool kDotFileSettings = false;
 /// Dialogs block and lie beside fullscreen; otherwise they are sheets of the timer window.

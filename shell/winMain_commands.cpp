@@ -1,3 +1,4 @@
+#include "colour/winPrefs.h"
 #include "core/winMain.h"
 #include "platform/Host.h"
 #include "platform/targets.h"
@@ -42,7 +43,10 @@ bool winMain::_TimerStart_Action() {
     return true;
 }
 
-bool winMain::_FilePreferences_Action() { return true; }
+bool winMain::_FilePreferences_Action() {
+    ShowDialog(winPrefs::Instance());
+    return true;
+}
 
 bool winMain::_HelpHelp_Action() { return true; }
 

@@ -1,7 +1,13 @@
 #include "platform/Canvas.h"
 
+#include <QtCore/QMimeData>
+#include <QtCore/QPointer>
+#include <QtGui/QCursor>
+#include <QtGui/QDropEvent>
 #include <QtGui/QMouseEvent>
 
+#include "platform/DragItem.h"
+#include "platform/Host.h"
 #include "platform/qt/EventBoundary.h"
 #include "platform/qt/PainterGraphics.h"
 #include "platform/qt/Pixels.h"
@@ -19,45 +25,95 @@ class CanvasWidget final : public QWidget {
 
     Ref<Graphics> CurrentGraphics() {
         if (painting_) return painting_;
-        if (!kept_ || kept_->pixels().LogicalSize() != size()) {
-            kept_ = MakeRef<Picture>(std::make_unique<Picture::Pixels>(size(), devicePixelRatioF()));
+        if (!kept_ || kept_->pixels().LogicalSize() != size() || kept_->pixels().Ratio() != devicePixelRatioF()) {
+            kept_ = NewPicture(width(), height(), 32, devicePixelRatioF());
         }
         update();
         return kept_->Graphics();
     }
 
+    /// A drag of `item` from here, the pointer holding it at `hold`.
+    void Drag(const DragItem& item, QPoint hold) {
+        wasDragged_ = true;
+        Host::Current().DragText(item.Text(), item.DragPicture(), hold.x(), hold.y());
+    }
+
+    QPoint Pointer() const { return pointer_; }
+
   protected:
     void paintEvent(QPaintEvent*) override {
-        const auto graphics = MakeRef<PainterGraphics>(*this, size());
+        const auto graphics = MakeRef<PainterGraphics>(*this);
         if (kept_) graphics->Fill(kept_->pixels().View());
         painting_ = graphics;
-        Deliver(owner_.Paint, painting_);
+        Deliver([this] { owner_.Event_Paint(painting_); });
         painting_ = nullptr;
         graphics->End();
     }
 
+    // Whether its window is the active one may show in a canvas's look.
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) update();
+        return QWidget::event(event);
+    }
+
     void mousePressEvent(QMouseEvent* event) override {
         if (event->button() != Qt::LeftButton) return;
-        Deliver(owner_.MouseDown, Floor(event->position().x()), Floor(event->position().y()));
+        SetPointer(event->position());
+        wasDragged_ = false;
+        isPressed_ = Deliver([this] { return owner_.Event_MouseDown(pointer_.x(), pointer_.y()); });
     }
 
     void mouseMoveEvent(QMouseEvent* event) override {
-        if (event->buttons() != Qt::NoButton) return;
-        const Int32 x = Floor(event->position().x());
-        const Int32 y = Floor(event->position().y());
-        Deliver(owner_.MouseMove, x, y);
-        WindowPeer::Of(*this).MouseMoved(x + this->x(), y + this->y());
+        SetPointer(event->position());
+        if (isPressed_) {
+            Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
+            if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // the drag has taken the button's release
+        } else if (event->buttons() == Qt::NoButton) {
+            Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
+            WindowPeer::Of(*this).MouseMoved(pointer_.x() + x(), pointer_.y() + y());
+        }
+    }
+
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton) Release(event->position());
+    }
+
+    // A source that offers to move its text would lose it.
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (!event->mimeData()->hasText()) return;
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+
+    void dropEvent(QDropEvent* event) override {
+        const auto item = MakeRef<DragItem>();
+        item->Text(event->mimeData()->text().toStdString());
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        Deliver([&] { owner_.Event_DropObject(item, 0); });
     }
 
   private:
     // The pixel that the pointer is in; rounding would move the right half of each to the next.
-    static Int32 Floor(double position) { return ToInt32(std::floor(position)); }
+    void SetPointer(QPointF position) {
+        pointer_ = {ToInt32(std::floor(position.x())), ToInt32(std::floor(position.y()))};
+    }
+
+    void Release(QPointF position) {
+        if (!std::exchange(isPressed_, false)) return;
+        SetPointer(position);
+        Deliver([this] { owner_.Event_MouseUp(pointer_.x(), pointer_.y()); });
+    }
 
     Canvas& owner_;
     /// The surface of the paint event under way; nil outside of one.
     Ref<Graphics> painting_;
     /// What was drawn outside of paint events; nil until something is.
     Ref<Picture> kept_;
+    QPoint pointer_;
+    /// A press is under way that the owner has claimed, and whether something was dragged away in it.
+    bool isPressed_ = false;
+    bool wasDragged_ = false;
 };
 
 }  // namespace
@@ -66,4 +122,20 @@ Canvas::Canvas() : RectControl(std::make_unique<Peer>(new CanvasWidget(*this))) 
 
 Canvas::~Canvas() = default;
 
+void Canvas::Event_Paint(const Ref<::Graphics>& g) {
+    if (Paint) Paint(g);
+}
+
+bool Canvas::Event_MouseDown(Int32 x, Int32 y) { return MouseDown && MouseDown(x, y); }
+
+void Canvas::AcceptTextDrop() { peer().widget->setAcceptDrops(true); }
+
+Ref<DragItem> Canvas::NewDragItem(Int32 left, Int32 top, Int32, Int32) {
+    auto& widget = WidgetOf<CanvasWidget>(*this);
+    const QPoint hold = widget.Pointer() - QPoint(left - Left(), top - Top());
+    return MakeRef<DragItem>([&widget, hold](const DragItem& item) { widget.Drag(item, hold); });
+}
+
 Ref<Graphics> Canvas::Graphics() { return WidgetOf<CanvasWidget>(*this).CurrentGraphics(); }
+
+double Canvas::ScaleFactor() const { return peer().widget->devicePixelRatioF(); }

@@ -1,16 +1,21 @@
 #include "platform/qt/DesktopHost.h"
 
 #include <QtCore/QFileInfo>
+#include <QtCore/QMimeData>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QUrl>
 #include <QtGui/QDesktopServices>
+#include <QtGui/QDrag>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QColorDialog>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
 
 #include "platform/linux/Clock.h"
 #include "platform/linux/PreferencesFolder.h"
+#include "platform/qt/Colors.h"
 #include "platform/qt/CompressionDialog.h"
+#include "platform/qt/Pixels.h"
 
 DesktopHost::DesktopHost(const std::string& applicationId, const std::string& name)
     : screenSaver_(MakeScreenSaver(applicationId, name)) {}
@@ -25,6 +30,24 @@ void DesktopHost::MsgBox(const std::string& text) {
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text));
     box.exec();
+}
+
+bool DesktopHost::SelectColor(Color& color, const std::string& prompt) {
+    QColorDialog dialog(ToQColor(color), QApplication::activeWindow());
+    dialog.setWindowTitle(QString::fromStdString(prompt));
+    if (dialog.exec() != QDialog::Accepted) return false;
+    color = ToColor(dialog.selectedColor());
+    return true;
+}
+
+void DesktopHost::DragText(const std::string& text, const Ref<Picture>& picture, int x, int y) {
+    auto* data = new QMimeData;
+    data->setText(QString::fromStdString(text));
+    auto* drag = new QDrag(qApp);  // which the toolkit ends by itself, and the data with it
+    drag->setMimeData(data);
+    if (picture) drag->setPixmap(QPixmap::fromImage(Composed(*picture)));
+    drag->setHotSpot({x, y});
+    drag->exec(Qt::CopyAction);
 }
 
 void DesktopHost::ShowURL(const std::string& url) {

@@ -14,6 +14,8 @@ class DesktopHost final : public Host {
     double Microseconds() override;
     void Beep() override;
     void MsgBox(const std::string& text) override;
+    bool SelectColor(Color& color, const std::string& prompt) override;
+    void DragText(const std::string& text, const Ref<Picture>& picture, int x, int y) override;
     void ShowURL(const std::string& url) override;
     std::filesystem::path SaveFile(const std::string& filter, const std::string& defaultName) override;
     void Launch(const std::filesystem::path& file) override;

@@ -6,6 +6,8 @@
 #include <mutex>
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/Application.h"
 #include "platform/Host.h"
@@ -31,7 +33,24 @@ bool IsNew(const std::string& text) {
     return reported.insert(text).second;
 }
 
+/// Handlers within handlers: one may wait for a dialog, whose own come meanwhile.
+thread_local int handlersUnderWay = 0;
+thread_local std::vector<std::function<void()>> postponed;
+
 }  // namespace
+
+HandlerUnderWay::HandlerUnderWay() { ++handlersUnderWay; }
+
+HandlerUnderWay::~HandlerUnderWay() {
+    if (--handlersUnderWay > 0) return;
+    for (const auto& action : std::exchange(postponed, {}))
+        action();
+}
+
+void AfterHandlers(std::function<void()> action) {
+    if (handlersUnderWay == 0) return action();
+    postponed.push_back(std::move(action));
+}
 
 // The box waits for the event to be over: a paint event can't have an event loop within it.
 void ReportUncaught() {

@@ -12,6 +12,18 @@ void ReportUncaught();
 /// Reports it on standard error and ends the program with status 1, where there is no going on.
 void QuitOnUncaught();
 
+/// Runs something once no handler is under way any more: at once when there is none. Main thread.
+void AfterHandlers(std::function<void()> action);
+
+/// Counts a handler that is under way on this thread.
+class HandlerUnderWay {
+  public:
+    HandlerUnderWay();
+    ~HandlerUnderWay();
+    HandlerUnderWay(const HandlerUnderWay&) = delete;
+    HandlerUnderWay& operator=(const HandlerUnderWay&) = delete;
+};
+
 /// Runs a handler, or nothing if it is an empty std::function. Gives its result, or a default one if it threw.
 template <class Handler, class... Arguments>
 auto Deliver(const Handler& handler, const Arguments&... arguments) {
@@ -19,6 +31,7 @@ auto Deliver(const Handler& handler, const Arguments&... arguments) {
     if constexpr (std::is_constructible_v<bool, const Handler&>) {
         if (!handler) return Result();
     }
+    const HandlerUnderWay underWay;
     try {
         return handler(arguments...);
     } catch (...) {

@@ -5,6 +5,8 @@
 #include <mutex>
 #include <utility>
 
+#include "platform/qt/EventBoundary.h"
+
 namespace open_windows {
 namespace {
 
@@ -16,7 +18,7 @@ struct Entry {
 std::mutex mutex;
 std::vector<Entry> entries;
 
-/// Holds a closed window until the event loop that runs now has taken back control.
+/// Holds a closed window until the event loop has taken back control.
 struct LastReference final : QObject {
     explicit LastReference(std::shared_ptr<Window> closed) : window(std::move(closed)) {}
     std::shared_ptr<Window> window;
@@ -40,7 +42,7 @@ void Remove(const Window& window) {
     const auto entry =
         std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.window.get() == &window; });
     if (entry == entries.end()) return;
-    (new LastReference(std::move(entry->window)))->deleteLater();
+    AfterHandlers([closed = std::move(entry->window)] { (new LastReference(closed))->deleteLater(); });
     entries.erase(entry);
 }
 

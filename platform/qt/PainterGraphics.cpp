@@ -6,19 +6,20 @@
 #include <numbers>
 
 #include "platform/Shapes.h"
+#include "platform/qt/Colors.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/Pixels.h"
 
 namespace {
 
-QColor ToQColor(Color color, double opacityPercent = 100) {
-    QColor result(color.Red(), color.Green(), color.Blue());
+QColor Translucent(Color color, double opacityPercent) {
+    QColor result = ToQColor(color);
     result.setAlphaF(static_cast<float>(opacityPercent / 100));
     return result;
 }
 
 QBrush Interior(const RectShape& shape) {
-    return shape.Fill() > 0 ? QBrush(ToQColor(shape.FillColor(), shape.Fill())) : QBrush(Qt::NoBrush);
+    return shape.Fill() > 0 ? QBrush(Translucent(shape.FillColor(), shape.Fill())) : QBrush(Qt::NoBrush);
 }
 
 QPen FlatPen(const QColor& color, double width) { return {color, width, Qt::SolidLine, Qt::FlatCap}; }
@@ -34,7 +35,8 @@ PainterGraphics::PainterGraphics(QImage image, QSize logicalSize)
     Prepare();
 }
 
-PainterGraphics::PainterGraphics(QPaintDevice& widget, QSize logicalSize) : size_(logicalSize), painter_(&widget) {
+PainterGraphics::PainterGraphics(QWidget& widget)
+    : size_(widget.size()), background_(widget.palette().color(QPalette::Window)), painter_(&widget) {
     Prepare();
 }
 
@@ -43,15 +45,40 @@ void PainterGraphics::Prepare() { painter_.setRenderHints(QPainter::Antialiasing
 void PainterGraphics::Fill(const QImage& image) { painter_.drawImage(QRect(QPoint(), size_), image); }
 
 // Not antialiased: at a fractional scale the surface's last row and column would be covered in part only.
-void PainterGraphics::FillRect(Int32 x, Int32 y, Int32 width, Int32 height) {
+void PainterGraphics::FillSharply(QRect place, const QColor& color) {
+    if (place.isEmpty()) return;
     painter_.setRenderHint(QPainter::Antialiasing, false);
-    painter_.fillRect(x, y, width, height, ToQColor(ForeColor()));
+    painter_.fillRect(place, color);
     painter_.setRenderHint(QPainter::Antialiasing);
+}
+
+void PainterGraphics::FillRect(Int32 x, Int32 y, Int32 width, Int32 height) {
+    FillSharply({x, y, width, height}, ToQColor(ForeColor()));
+}
+
+void PainterGraphics::DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) {
+    if (width <= 0 || height <= 0) return;
+    FillRect(x, y, width, 1);
+    FillRect(x, y + height - 1, width, 1);
+    FillRect(x, y, 1, height);
+    FillRect(x + width - 1, y, 1, height);
+}
+
+void PainterGraphics::DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2) {
+    const QPointF middle(0.5, 0.5);
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+    painter_.setPen({ToQColor(ForeColor()), 1, Qt::SolidLine, Qt::SquareCap});
+    painter_.drawLine(QPointF(x1, y1) + middle, QPointF(x2, y2) + middle);
+    painter_.setRenderHint(QPainter::Antialiasing);
+}
+
+void PainterGraphics::ClearRect(Int32 x, Int32 y, Int32 width, Int32 height) {
+    FillSharply({x, y, width, height}, background_);
 }
 
 void PainterGraphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
     const bool hasBorder = oval.Border() > 0;
-    painter_.setPen(hasBorder ? FlatPen(ToQColor(oval.BorderColor(), oval.Border()), oval.BorderWidth())
+    painter_.setPen(hasBorder ? FlatPen(Translucent(oval.BorderColor(), oval.Border()), oval.BorderWidth())
                               : QPen(Qt::NoPen));
     painter_.setBrush(Interior(oval));
     painter_.drawEllipse(Around(oval, x, y));
@@ -89,9 +116,11 @@ void PainterGraphics::DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y,
     if (!picture) return;
     const auto extent = [](Int32 given, Int32 own) { return given == kOwnSize ? own : given; };
     const QRect destination(x, y, extent(destWidth, picture->Width()), extent(destHeight, picture->Height()));
-    const QRect source(sourceX, sourceY, extent(sourceWidth, picture->Width()),
-                       extent(sourceHeight, picture->Height()));
-    painter_.drawImage(destination, Composed(*picture), source);
+    const QRectF source(sourceX, sourceY, extent(sourceWidth, picture->Width()),
+                        extent(sourceHeight, picture->Height()));
+    // The source is counted in the image's own pixels.
+    const double ratio = picture->pixels().Ratio();
+    painter_.drawImage(destination, Composed(*picture), QRectF(source.topLeft() * ratio, source.size() * ratio));
 }
 
 // Not hinted, so that a text's width grows evenly with its size and is the same at every scale factor.

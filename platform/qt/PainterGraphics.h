@@ -2,6 +2,7 @@
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
+#include <QtWidgets/QWidget>
 
 #include "platform/Graphics.h"
 
@@ -11,7 +12,7 @@ class PainterGraphics final : public Graphics {
     /// On an image, whose memory must outlive this object.
     PainterGraphics(QImage image, QSize logicalSize);
     /// On a widget, within its paint event; End() must be called before the event is over.
-    PainterGraphics(QPaintDevice& widget, QSize logicalSize);
+    explicit PainterGraphics(QWidget& widget);
 
     /// Nothing is drawn from here on, whoever still holds the object.
     void End() { painter_.end(); }
@@ -22,6 +23,9 @@ class PainterGraphics final : public Graphics {
     Int32 Height() const override { return size_.height(); }
 
     void FillRect(Int32 x, Int32 y, Int32 width, Int32 height) override;
+    void DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) override;
+    void DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2) override;
+    void ClearRect(Int32 x, Int32 y, Int32 width, Int32 height) override;
     void DrawObject(const OvalShape& oval, Int32 x, Int32 y) override;
     void DrawObject(const ArcShape& arc, Int32 x, Int32 y) override;
     void DrawObject(const CurveShape& line, Int32 x, Int32 y) override;
@@ -34,9 +38,12 @@ class PainterGraphics final : public Graphics {
 
   private:
     void Prepare();
+    void FillSharply(QRect place, const QColor& color);
     QFont Font() const;
 
     QImage image_;
     QSize size_;
+    /// What ClearRect goes back to.
+    QColor background_ = Qt::white;
     QPainter painter_;
 };

@@ -38,7 +38,7 @@ Ref<Graphics> Picture::Graphics() {
 
 Ref<Picture> Picture::Mask(bool create) {
     if (!mask_ && create) {
-        mask_ = NewPicture(Width(), Height(), 32);
+        mask_ = NewPicture(Width(), Height(), 32, pixels_->Ratio());
         mask_->Graphics()->ForeColor(RGB(0, 0, 0));
         mask_->Graphics()->FillRect(0, 0, Width(), Height());
     }
@@ -55,10 +55,10 @@ QImage Composed(Picture& picture) {
     return image;
 }
 
-Ref<Picture> NewPicture(Int32 width, Int32 height, Int32) {
+Ref<Picture> NewPicture(Int32 width, Int32 height, Int32, double scale) {
     if (width <= 0 || height <= 0) return nullptr;
     try {
-        return MakeRef<Picture>(std::make_unique<Picture::Pixels>(QSize(width, height), 1.0));
+        return MakeRef<Picture>(std::make_unique<Picture::Pixels>(QSize(width, height), scale));
     } catch (const std::exception&) {  // a size that no memory holds
         return nullptr;
     }

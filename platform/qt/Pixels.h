@@ -15,6 +15,7 @@ class Picture::Pixels {
     QImage View();
     std::span<const QRgb> Bits() const { return memory_; }
     QSize LogicalSize() const { return logicalSize_; }
+    double Ratio() const { return ratio_; }
 
   private:
     QSize logicalSize_;

@@ -52,6 +52,12 @@ void RectControl::Visible(bool on) {
     OnMainThread(widget, [&widget, on] { widget.setVisible(on); });
 }
 
+bool RectControl::Active() const { return peer_->widget->isActiveWindow(); }
+
+RectControl* RectControl::Parent() const {
+    return WindowPeer::Of(*peer_->widget).ControlOf(*peer_->widget->parentWidget());
+}
+
 void RectControl::SetFocus() { peer_->widget->setFocus(); }
 
 void RectControl::Refresh(bool) {

@@ -3,6 +3,7 @@
 #include <QtCore/QThread>
 #include <QtWidgets/QApplication>
 
+#include "platform/qt/Colors.h"
 #include "platform/qt/OpenWindows.h"
 #include "platform/qt/WindowPeer.h"
 
@@ -28,7 +29,7 @@ void Window::Height(Int32 height) { peer_->SetSize({peer_->width(), height + pee
 
 void Window::MinSize(Int32 width, Int32 height) { peer_->setMinimumSize(width, height + peer_->BarHeight()); }
 
-void Window::BackColor(Color color) { peer_->SetBackground(QColor(color.Red(), color.Green(), color.Blue())); }
+void Window::BackColor(Color color) { peer_->SetBackground(ToQColor(color)); }
 
 void Window::Frame(Frames frame) { peer_->SetFrame(frame); }
 

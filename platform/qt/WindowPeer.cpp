@@ -27,6 +27,8 @@ void WindowPeer::Build() {
     owner_.AddMenuHandlers(owner_);
     SetTabOrder();
     isBuilt_ = true;
+    for (RectControl* control : RectControls())
+        Deliver([control] { control->Event_Open(); });
     Deliver([this] { owner_.Event_Open(); });
 }
 
@@ -87,6 +89,12 @@ Control* WindowPeer::Find(const std::string& name) const {
     const auto found =
         std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) { return control.first == name; });
     return found == controls_.end() ? nullptr : found->second.get();
+}
+
+RectControl* WindowPeer::ControlOf(const QWidget& widget) const {
+    const std::vector<RectControl*> all = RectControls();
+    const auto found = std::find_if(all.begin(), all.end(), [&](auto* c) { return c->peer().widget == &widget; });
+    return found == all.end() ? nullptr : *found;
 }
 
 void WindowPeer::EndWorkers() {

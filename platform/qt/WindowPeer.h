@@ -42,6 +42,8 @@ class WindowPeer final : public QWidget {
     QWidget& Content() { return content_; }
     void Adopt(const std::string& name, std::unique_ptr<Control> control);
     Control* Find(const std::string& name) const;
+    /// The control whose widget this is; nil if it is none's.
+    RectControl* ControlOf(const QWidget& widget) const;
     /// Ends the window's threads, each at its next yield.
     void EndWorkers();
     void AddHandler(const std::string& itemName, Window::MenuHandler handler);

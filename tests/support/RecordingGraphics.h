@@ -39,6 +39,9 @@ class RecordingGraphics final : public Graphics {
         order.push_back(x == 0 && y == 0 && width == width_ && height == height_ ? "all" : "rectangle");
         background = ForeColor();
     }
+    void DrawRect(Int32, Int32, Int32, Int32) override { order.emplace_back("outline"); }
+    void DrawLine(Int32, Int32, Int32, Int32) override { order.emplace_back("line"); }
+    void ClearRect(Int32, Int32, Int32, Int32) override { order.emplace_back("clear"); }
     void DrawObject(const OvalShape& oval, Int32 x, Int32 y) override {
         order.push_back(oval.Border() > 0 ? "ring" : "disc");
         ovals.push_back({x, y, oval});

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/Color.h"
 #include "platform/CompressionSettings.h"
 #include "platform/Host.h"
 
@@ -29,6 +31,11 @@ class RecordingHost final : public Host {
     /// What that dialog proposed the last time.
     CompressionSettings proposedCompression;
 
+    /// What the user picks when asked for a colour; nothing stands for a cancel.
+    std::optional<Color> pickedColor;
+    /// Runs while the user picks.
+    std::function<void(Color proposed)> picking;
+
     std::vector<std::string> messages;
     /// All other operations in their order: the name, for a text followed by a blank and the text.
     std::vector<std::string> calls;
@@ -36,6 +43,15 @@ class RecordingHost final : public Host {
     double Microseconds() override { return microseconds; }
     void Beep() override { calls.emplace_back("Beep"); }
     void MsgBox(const std::string& text) override { messages.push_back(text); }
+    bool SelectColor(Color& color, const std::string& prompt) override {
+        calls.push_back("SelectColor " + prompt);
+        if (picking) picking(color);
+        color = pickedColor.value_or(color);
+        return pickedColor.has_value();
+    }
+    void DragText(const std::string& text, const Ref<Picture>&, int, int) override {
+        calls.push_back("DragText " + text);
+    }
     void ShowURL(const std::string& url) override { calls.push_back("ShowURL " + url); }
     std::filesystem::path SaveFile(const std::string& filter, const std::string& defaultName) override {
         calls.push_back("SaveFile " + filter + ", " + defaultName);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/Color.h"
+#include "platform/Window.h"
+
+class SmartColorWell;
+
+/// The Preferences dialog: a well for each of the timer window's four colours. A change goes to the clock at once;
+/// Cancel puts back what was there when the dialog opened. What stays is saved when the timer window closes, not here.
+class winPrefs final : public Window {
+  public:
+    static winPrefs& Instance();
+
+    // The timer window's colours as they were when the dialog opened.
+    Color mBackground;
+    Color mWedge;
+    Color mFace;
+    Color mFrame;
+
+    void cBackground_ColorChange(Color c);
+    void cFace_ColorChange(Color c);
+    void cWedge_ColorChange(Color c);
+    void cFrame_ColorChange(Color c);
+    void bOK_Action();
+    void bCancel_Action();
+    void bDefaults_Action();
+    void Event_Open() override;
+    /// Brings the wells in line with the timer window.
+    void SetButtons();
+
+  private:
+    void Layout() override;
+    void CreateControls() override;
+    void _CreateControls0();
+};
