@@ -65,10 +65,12 @@ class CanvasWidget final : public QWidget {
 
     void mouseMoveEvent(QMouseEvent* event) override {
         SetPointer(event->position());
-        if (isPressed_) {
+        const bool isHeld = event->buttons().testFlag(Qt::LeftButton);
+        if (isPressed_ && isHeld) {
             Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
             if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // the drag has taken the button's release
         } else if (event->buttons() == Qt::NoButton) {
+            isPressed_ = false;  // a release is lost when the window was blocked by then
             Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
             WindowPeer::Of(*this).MouseMoved(pointer_.x() + x(), pointer_.y() + y());
         }

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QtCore/QEventLoop>
 #include <QtCore/QTimer>
 #include <QtGui/QFontMetricsF>
 #include <QtWidgets/QLabel>
@@ -167,6 +168,23 @@ TEST_F(WindowTest, AnInstanceLastsUntilItIsClosed) {
     EXPECT_EQ(Probe::alive, 2);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(Probe::alive, 1);
+}
+
+TEST_F(WindowTest, AWindowOutlivesAHandlerThatWaitsWhileItCloses) {
+    int aliveInHandler = 0;
+    Open([&](Probe& window) {
+        window.AddControl<PushButton>("button", 0, 0, 50, 22, 0).Action = [&] {
+            QEventLoop loop;
+            QTimer::singleShot(0, [&] { window.Close(); });
+            QTimer::singleShot(1, &loop, &QEventLoop::quit);
+            loop.exec();
+            aliveInHandler = Probe::alive;
+        };
+    });
+    WidgetNamed<QPushButton>("button").click();
+    EXPECT_EQ(aliveInHandler, 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Probe::alive, 0);
 }
 
 TEST_F(WindowTest, KeysComeAsOneCharacter) {
