@@ -1,7 +1,5 @@
 """The colours on disk, from the start to each way to end."""
 
-import re
-
 from timer import COLOURS, DesktopTest, main
 
 CHANGED = {
@@ -13,10 +11,6 @@ CHANGED = {
 
 
 class EndingTest(DesktopTest):
-    def saved(self, timer):
-        entries = re.findall(r"<key>(.*?)</key>\s*<string>#(.*?)</string>", timer.file.read_text())
-        return {key: int(value, 16) for key, value in entries}
-
     def shown(self, timer):
         """The colours where each must be, with the time at a quarter of an hour."""
         places = ((2, 2), (170, 64), (270, 164), (220, 9))
@@ -37,7 +31,7 @@ class EndingTest(DesktopTest):
 
     def test_a_first_start_shows_and_writes_the_default_colours(self):
         timer = self.launch()
-        self.assertEqual(self.saved(timer), COLOURS)
+        self.assertEqual(timer.saved(), COLOURS)
         timer.set_time(15, 0)
         self.wait_until(lambda: self.shown(timer) == COLOURS, "the default colours show")
 
@@ -47,7 +41,7 @@ class EndingTest(DesktopTest):
         self.wait_until(lambda: self.shown(timer) == timer.colours, "one colour shows among default ones")
         self.desktop.key("alt+F4")
         self.assert_ends_well(timer)
-        self.assertEqual(self.saved(timer), timer.colours)
+        self.assertEqual(timer.saved(), timer.colours)
 
     def test_closing_keeps_all_colours_in_each_state(self):
         for state in ("stopped", "running", "alert"):
@@ -59,7 +53,7 @@ class EndingTest(DesktopTest):
                 timer.file.unlink()
                 self.desktop.key("alt+F4")
                 self.assert_ends_well(timer)
-                self.assertEqual(self.saved(timer), CHANGED)
+                self.assertEqual(timer.saved(), CHANGED)
 
     def test_every_way_out_ends_well(self):
         ways = {
@@ -74,7 +68,7 @@ class EndingTest(DesktopTest):
                 self.bring_to(timer, "running")
                 leave(timer)
                 self.assert_ends_well(timer)
-                self.assertEqual(self.saved(timer), COLOURS)
+                self.assertEqual(timer.saved(), COLOURS)
 
     def close_in_fullscreen(self, timer):
         self.desktop.key("ctrl+f")

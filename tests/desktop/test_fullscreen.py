@@ -2,7 +2,7 @@
 
 import time
 
-from timer import DesktopTest, Dialog, main
+from timer import DesktopTest, SetTimer, main
 
 
 class FullscreenTest(DesktopTest):
@@ -60,9 +60,9 @@ class FullscreenTest(DesktopTest):
 
     def test_set_timer_leaves_fullscreen_for_as_long_as_it_is_open(self):
         self.enter()
-        dialog = self.timer.open_dialog()
+        dialog = SetTimer(self.timer)
         self.wait_until(lambda: not self.timer.fills_the_screen(), "the window leaves fullscreen")
-        dialog.close(Dialog.SET)
+        dialog.close(SetTimer.SET)
         self.wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
 
     def test_the_top_rows_call_the_bar(self):

@@ -4,6 +4,7 @@ import contextlib
 import math
 import os
 import pathlib
+import re
 import shutil
 import signal
 import struct
@@ -114,14 +115,10 @@ class Timer:
         self.window.configure(x=left, y=top, width=size[0], height=size[1])
         self.desktop.wait_until(lambda: self.desktop.place(self.window)[2:] == size, f"the window is {size}")
 
-    def open_dialog(self):
-        self.desktop.key("ctrl+t")
-        return Dialog(self)
-
     def set_time(self, minutes, seconds):
-        dialog = self.open_dialog()
+        dialog = SetTimer(self)
         dialog.enter(f"{minutes}", f"{seconds}")
-        dialog.close(Dialog.SET)
+        dialog.close(SetTimer.SET)
 
     def choose(self, menu, *keys):
         """By the keyboard alone: Alt and the menu's letter, then keys within it."""
@@ -129,6 +126,11 @@ class Timer:
         self.desktop.wait_until(self.desktop.menus, "the menu opens")
         self.desktop.key(*keys)
         self.desktop.wait_until(lambda: not self.desktop.menus(), "the menu closes")
+
+    def saved(self):
+        """The colours in the settings file."""
+        entries = re.findall(r"<key>(.*?)</key>\s*<string>#(.*?)</string>", self.file.read_text())
+        return {key: int(value, 16) for key, value in entries}
 
     def end(self):
         """Waits for the program to end; its exit status and what it has written to standard error."""
@@ -138,31 +140,45 @@ class Timer:
 
 
 class Dialog:
-    """The Set Timer dialog, open."""
+    """One of the timer's dialogs, once it has opened. Positions are in its own pixels."""
+
+    def __init__(self, timer, title):
+        self.timer, self.desktop, self.title = timer, timer.desktop, title
+        self.window = self.desktop.wait_until(lambda: self.desktop.windows().get(title), f"{title} opens")
+        self.desktop.wait_until(lambda: self.desktop.has_keys(self.window), f"{title} has the keyboard")
+
+    def click(self, *places):
+        (left, top, *_), scale = self.desktop.place(self.window), self.timer.scale
+        for x, y in places:
+            self.desktop.click(left + x * scale, top + y * scale)
+
+    def close(self, *places):
+        """By clicks, the last of which closes it."""
+        self.click(*places)
+        self.wait_closed()
+
+    def wait_closed(self):
+        self.wait_gone()
+        self.desktop.wait_until(lambda: self.desktop.has_keys(self.timer.window), "the timer has the keyboard again")
+
+    def wait_gone(self):
+        self.desktop.wait_until(lambda: self.title not in self.desktop.windows(), f"{self.title} closes")
+
+
+class SetTimer(Dialog):
+    """The Set Timer dialog, opened by its shortcut."""
 
     MINUTES_UP, MINUTES_DOWN = (57, 36), (57, 49)
     SECONDS_UP, SECONDS_DOWN = (110, 36), (110, 49)
     CANCEL, SET = (178, 41), (250, 41)
 
     def __init__(self, timer):
-        self.timer, self.desktop = timer, timer.desktop
-        self.window = self.desktop.wait_until(lambda: self.desktop.windows().get("Set Timer"), "Set Timer opens")
-        self.desktop.wait_until(lambda: self.desktop.has_keys(self.window), "Set Timer has the keyboard")
+        timer.desktop.key("ctrl+t")
+        super().__init__(timer, "Set Timer")
 
     def enter(self, minutes, seconds):
         """The seconds first: while the minutes read 60, no key reaches them."""
         self.desktop.key("ctrl+a", "0", "Tab", "ctrl+a", *seconds, "shift+Tab", "ctrl+a", *minutes)
-
-    def close(self, *places):
-        """By clicks, the last of which closes it."""
-        (left, top, *_), scale = self.desktop.place(self.window), self.timer.scale
-        for x, y in places:
-            self.desktop.click(left + x * scale, top + y * scale)
-        self.wait_closed()
-
-    def wait_closed(self):
-        self.desktop.wait_until(lambda: "Set Timer" not in self.desktop.windows(), "Set Timer closes")
-        self.desktop.wait_until(lambda: self.desktop.has_keys(self.timer.window), "the timer has the keyboard again")
 
 
 class DesktopTest(unittest.TestCase):
@@ -187,7 +203,7 @@ class DesktopTest(unittest.TestCase):
 
     def assert_stopped(self, timer):
         """That no input before has started the timer: only a stopped one opens Set Timer."""
-        timer.open_dialog().close(Dialog.CANCEL)
+        SetTimer(timer).close(SetTimer.CANCEL)
         self.assertEqual(timer.state(), "stopped")
 
 
