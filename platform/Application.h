@@ -30,8 +30,10 @@ class Application {
     static Application* Registered();
 };
 
-/// Brings the toolkit up. `name` and `desktopId` tell the desktop which program this is.
-void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId);
+/// Brings the toolkit up. `name` and `desktopId` tell the desktop which program this is. `alertSound` is the file that
+/// Beep plays where the desktop has no sound of its own.
+void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId,
+                 const Ref<FolderItem>& alertSound);
 /// Runs the start-up code, whose result doesn't matter. What it throws ends the program with status 1.
 void RunFrameworkInitialization(const std::function<int()>& startUp);
 /// Makes `application` the program's one application object, owned by the toolkit.

@@ -18,7 +18,7 @@ class Host {
 
     /// Microseconds on a clock that only rises, and goes on while the machine sleeps.
     virtual double Microseconds() = 0;
-    /// Plays the alert sound once; doesn't wait for its end.
+    /// Plays the alert sound once and has the windows ask for attention, which takes no focus; doesn't wait.
     virtual void Beep() = 0;
     /// Shows a text with an OK button and waits for it.
     virtual void MsgBox(const std::string& text) = 0;

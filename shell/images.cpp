@@ -2,23 +2,17 @@
 
 #include <string>
 
-#include "platform/Application.h"
-#include "platform/FolderItem.h"
 #include "platform/Graphics.h"
+#include "shell/resources.h"
 
 namespace {
 
 using Slot = Ref<Picture>;
 
-Ref<FolderItem> ResourcesFolder() {
-    const Ref<FolderItem> folder = Application::ExecutableFile()->Parent()->Parent();
-    return folder ? folder->Child("Resources") : nullptr;
-}
-
 Ref<Picture> Plain(Slot& slot, const std::string& fileName) {
     if (!slot) {
-        const Ref<FolderItem> folder = ResourcesFolder();
-        if (folder) slot = folder->Child(fileName)->OpenAsPicture();
+        const Ref<FolderItem> file = Resource(fileName);
+        if (file) slot = file->OpenAsPicture();
     }
     return slot;
 }

@@ -48,13 +48,15 @@ Ref<FolderItem> Application::ExecutableFile() {
 
 Application* Application::Registered() { return runtime.application.get(); }
 
-void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId) {
+void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId,
+                 const Ref<FolderItem>& alertSound) {
     runtime.toolkit = std::make_unique<QApplication>(argc, argv);
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(desktopId));
     QApplication::setQuitOnLastWindowClosed(false);
     runtime.signals = std::make_unique<EndSignals>(open_windows::CloseAll);
-    Host::Install(std::make_unique<DesktopHost>(desktopId, name));
+    Host::Install(
+        std::make_unique<DesktopHost>(desktopId, name, alertSound ? alertSound->Path() : std::filesystem::path()));
 }
 
 void RunFrameworkInitialization(const std::function<int()>& startUp) {

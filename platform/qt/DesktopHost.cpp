@@ -17,12 +17,22 @@
 #include "platform/qt/CompressionDialog.h"
 #include "platform/qt/Pixels.h"
 
-DesktopHost::DesktopHost(const std::string& applicationId, const std::string& name)
-    : screenSaver_(MakeScreenSaver(applicationId, name)) {}
+DesktopHost::DesktopHost(std::string applicationId, std::string name, std::filesystem::path alertSound)
+    : applicationId_(std::move(applicationId)),
+      name_(std::move(name)),
+      alertSoundFile_(std::move(alertSound)),
+      screenSaver_(MakeScreenSaver(applicationId_, name_)) {}
 
 double DesktopHost::Microseconds() { return MicrosecondsSinceBoot(); }
 
-void DesktopHost::Beep() { QApplication::beep(); }
+void DesktopHost::Beep() {
+    if (!alertSound_) {
+        const auto bell = [] { QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::QueuedConnection); };
+        alertSound_ = MakeAlertSound({applicationId_, name_}, alertSoundFile_, bell);
+    }
+    alertSound_->Play();
+    QApplication::alert(nullptr);
+}
 
 void DesktopHost::MsgBox(const std::string& text) {
     QMessageBox box(QApplication::activeWindow());

@@ -3,13 +3,15 @@
 #include <memory>
 
 #include "platform/Host.h"
+#include "platform/linux/alert/AlertSound.h"
 #include "platform/linux/screensaver/ScreenSaver.h"
 
 /// The real host: the desktop that the program runs on.
 class DesktopHost final : public Host {
   public:
     /// `applicationId` and `name` tell the desktop's services who asks.
-    DesktopHost(const std::string& applicationId, const std::string& name);
+    /// `alertSound` is the file to be played where the desktop has no sound of its own.
+    DesktopHost(std::string applicationId, std::string name, std::filesystem::path alertSound);
 
     double Microseconds() override;
     void Beep() override;
@@ -28,5 +30,10 @@ class DesktopHost final : public Host {
   private:
     /// Where the user saved last in this run; empty before the first time.
     std::filesystem::path saveFolder_;
+    std::string applicationId_;
+    std::string name_;
+    std::filesystem::path alertSoundFile_;
     std::unique_ptr<ScreenSaver> screenSaver_;
+    /// Made for the first alert: it costs a thread.
+    std::unique_ptr<AlertSound> alertSound_;
 };

@@ -34,11 +34,11 @@ def bitmap(name):
 class Timer:
     """The program, running. Positions are those of its canvas, in its own pixels."""
 
-    def __init__(self, stack, desktop, path=PROGRAM, settings=None, scale=1):
+    def __init__(self, stack, desktop, path=PROGRAM, settings=None, scale=1, environment=None):
         self.desktop, self.scale = desktop, scale
         self.colours = COLOURS | (settings or {})
         home = stack.enter_context(tempfile.TemporaryDirectory(prefix="timer-"))
-        environment = desktop.environment(home, QT_SCALE_FACTOR=f"{scale}")
+        environment = desktop.environment(home, QT_SCALE_FACTOR=f"{scale}", **(environment or {}))
         self.file = pathlib.Path(home, "config", "DwindledialPrefs.plist")
         if settings:
             self.file.write_text("".join(f"<key>{k}</key><string>#{v:06X}</string>" for k, v in settings.items()))

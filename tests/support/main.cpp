@@ -8,7 +8,7 @@
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    RuntimeInit(argc, argv, "Dwindledial", "org.example.dwindledial");
+    RuntimeInit(argc, argv, "Dwindledial", "org.example.dwindledial", nullptr);
     RecordingHost::InstallNew();
     const int result = RUN_ALL_TESTS();
     RuntimeExit();
