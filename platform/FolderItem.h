@@ -34,7 +34,8 @@ class FolderItem {
     /// A new empty file in place of what was there, opened for writing; nil when it can't be made.
     Ref<TextOutputStream> CreateTextFile();
 
-    /// The picture in the file (BMP, PNG, PICT); nil when there is none.
+    /// The picture in the file (BMP, PNG, PICT); nil when there is none. Where a screen is dense, the one of twice the
+    /// size in the file beside it whose name ends in "@2x", if there is one, shown at the same size.
     Ref<Picture> OpenAsPicture() const;
 
     /// A new movie with no track in place of what was there; the file exists from here on. Nil when it can't be made.

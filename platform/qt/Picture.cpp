@@ -1,6 +1,8 @@
 #include "platform/Picture.h"
 
 #include <QtCore/QFile>
+#include <QtGui/QGuiApplication>
+#include <filesystem>
 #include <new>
 #include <optional>
 
@@ -50,7 +52,11 @@ QImage Composed(Picture& picture) {
     if (const Ref<Picture> mask = picture.Mask(false)) {
         QImage opacity = mask->pixels().View().convertToFormat(QImage::Format_Grayscale8);
         opacity.invertPixels();
+        // Which reads the scales of both images, and places the one in the other by them.
+        opacity.setDevicePixelRatio(1);
+        image.setDevicePixelRatio(1);
         image.setAlphaChannel(opacity);
+        image.setDevicePixelRatio(picture.pixels().Ratio());
     }
     return image;
 }
@@ -64,15 +70,30 @@ Ref<Picture> NewPicture(Int32 width, Int32 height, Int32, double scale) {
     }
 }
 
-Ref<Picture> FolderItem::OpenAsPicture() const {
-    QImage image(QFile::decodeName(Path().c_str()));
-    if (image.isNull()) {
-        const std::optional<RgbImage> pict = ReadPict(Path());
-        if (!pict) return nullptr;
-        const qsizetype bytesPerRow = qsizetype{3} * pict->width;
-        image = QImage(pict->bytes.data(), pict->width, pict->height, bytesPerRow, QImage::Format_RGB888).copy();
-    }
-    Ref<Picture> picture = NewPicture(image.width(), image.height(), 32);
+namespace {
+
+QImage ReadImage(const std::filesystem::path& file) {
+    QImage image(QFile::decodeName(file.c_str()));
+    if (!image.isNull()) return image;
+    const std::optional<RgbImage> pict = ReadPict(file);
+    if (!pict) return {};
+    const qsizetype bytesPerRow = qsizetype{3} * pict->width;
+    return QImage(pict->bytes.data(), pict->width, pict->height, bytesPerRow, QImage::Format_RGB888).copy();
+}
+
+/// `scale` of the image's pixels are a logical one; nil for no image.
+Ref<Picture> PictureOf(const QImage& image, int scale) {
+    Ref<Picture> picture = NewPicture(image.width() / scale, image.height() / scale, 32, scale);
     if (picture) static_cast<PainterGraphics&>(*picture->Graphics()).Fill(image);
     return picture;
+}
+
+}  // namespace
+
+Ref<Picture> FolderItem::OpenAsPicture() const {
+    if (qApp->devicePixelRatio() > 1) {
+        const std::string name = Path().stem().string() + "@2x" + Path().extension().string();
+        if (const Ref<Picture> dense = PictureOf(ReadImage(Path().parent_path() / name), 2)) return dense;
+    }
+    return PictureOf(ReadImage(Path()), 1);
 }

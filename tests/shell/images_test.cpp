@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QtGui/QGuiApplication>
 #include <cstdlib>
 #include <filesystem>
 
@@ -61,6 +62,21 @@ TEST(ImagesTest, AMissingImageIsNilAndSoughtAgain) {
         ASSERT_TRUE(image());
         EXPECT_EQ(image(), image());
     }
+}
+
+TEST(ImagesTest, ADenseScreenGetsFinerPicturesOfTheSameSize) {
+    if (qApp->devicePixelRatio() == 1) {
+        const std::string self = Application::ExecutableFile()->Path();
+        EXPECT_EQ(std::system(("QT_SCALE_FACTOR=2 " + self + " --gtest_filter=*ADenseScreen*").c_str()), 0);
+        return;
+    }
+    for (auto* const image : {Alert_Icon, Alert_Mask, AboutIcon, MwRbHzMd})
+        EXPECT_EQ(image()->pixels().View().width(), 2 * image()->Width());
+    EXPECT_EQ(Alert_Icon()->Width(), 17);
+    const QImage seen = Composed(*Alert_Icon());
+    EXPECT_EQ(seen.devicePixelRatio(), 2);
+    EXPECT_EQ(seen.pixelColor(33, 33).alpha(), 0);
+    EXPECT_EQ(seen.pixelColor(30, 25).alpha(), 255);
 }
 
 }  // namespace
