@@ -13,8 +13,6 @@ class Picture;
 /// the well sets the colour. Its owner hears of each change by ColorChange.
 class SmartColorWell : public Canvas {
   public:
-    /// Raised when the control has opened.
-    std::function<void()> Open;
     /// Raised with the new colour when it was changed by whomever, and after each confirmed pick.
     std::function<void(Color)> ColorChange;
     /// The end of each press.

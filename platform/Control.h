@@ -20,6 +20,9 @@ class RectControl : public Control {
 
     ~RectControl() override;
 
+    /// The control's window is being opened; comes before the window's own event.
+    std::function<void()> Open;
+
     Int32 Left() const;
     void Left(Int32 left);
     Int32 Top() const;
@@ -53,8 +56,8 @@ class RectControl : public Control {
     /// The group that the control lies in; nil when it lies directly in its window.
     RectControl* Parent() const;
 
-    /// Delivered once, when the control's window opens, before the window's own.
-    virtual void Event_Open() {}
+    /// The same for a control of a class of its own, which raises its owner's event itself.
+    virtual void Event_Open();
 
     void SetFocus();
 

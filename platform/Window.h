@@ -53,6 +53,7 @@ class Window : public std::enable_shared_from_this<Window> {
     /// Zooms the window to the size of the screen; one that goes fullscreen in the same event isn't zoomed first.
     void Maximize();
 
+    /// Shows the window, or brings it forward, also from the taskbar.
     void Show();
     /// Shows the window over `parent`, which takes no input until it closes; returns at once.
     void ShowWithin(Window& parent, Int32 facing);

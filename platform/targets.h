@@ -20,5 +20,7 @@ constexpr bool kDotFileSettings = false;
 constexpr bool kModalDialogs = true;
 /// The screen saver is switched off and on at the start and stop of a run.
 constexpr bool kScreensaverIsSwitched = true;
+/// The texts of the Help and About windows are in the font "Geneva".
+constexpr bool kGenevaFont = false;
 
 }  // namespace targets

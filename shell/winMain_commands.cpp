@@ -3,6 +3,7 @@
 #include "platform/Host.h"
 #include "platform/targets.h"
 #include "shell/addresses.h"
+#include "shell/winHelp.h"
 #include "shell/winSet.h"
 
 // The caption is computed in each pass, never pushed when the state changes.
@@ -48,7 +49,10 @@ bool winMain::_FilePreferences_Action() {
     return true;
 }
 
-bool winMain::_HelpHelp_Action() { return true; }
+bool winMain::_HelpHelp_Action() {
+    winHelp::Instance().Show();
+    return true;
+}
 
 bool winMain::_HelpAbout_Action() { return true; }
 

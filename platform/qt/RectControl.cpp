@@ -58,6 +58,10 @@ RectControl* RectControl::Parent() const {
     return WindowPeer::Of(*peer_->widget).ControlOf(*peer_->widget->parentWidget());
 }
 
+void RectControl::Event_Open() {
+    if (Open) Open();
+}
+
 void RectControl::SetFocus() { peer_->widget->setFocus(); }
 
 void RectControl::Refresh(bool) {

@@ -55,6 +55,7 @@ void Window::FullScreen(bool on) { peer_->SetFullScreen(on); }
 void Window::Maximize() { peer_->Zoom(); }
 
 void Window::Show() {
+    peer_->setWindowState(peer_->windowState() & ~Qt::WindowMinimized);
     peer_->show();
     peer_->raise();
     peer_->activateWindow();

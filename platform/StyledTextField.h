@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Color.h"
+#include "platform/Control.h"
+#include "platform/StyledText.h"
+
+/// A field of wrapped text that the user can scroll, select and copy, but not change. It has no caret: the keys that
+/// would move one scroll. Lines are separated by carriage returns.
+class StyledTextField : public RectControl {
+  public:
+    StyledTextField();
+
+    std::string Text() const;
+    /// Shows a text in the style of the field, that is, in its size and neither bold nor italic.
+    void Text(const std::string& text);
+    /// Shows a text with its first line on top and nothing selected.
+    void StyledText(const ::StyledText& text);
+
+    Int32 TextSize() const;
+    void TextSize(Int32 size);
+    /// "System", or a family of the desktop.
+    void TextFont(const std::string& name);
+    /// The desktop's own, unless they are set.
+    void TextColor(Color color);
+    void BackColor(Color color);
+};

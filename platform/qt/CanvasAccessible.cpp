@@ -1,0 +1,82 @@
+#include "platform/qt/CanvasAccessible.h"
+
+#include "platform/qt/EventBoundary.h"
+
+/// A text that is said when it appears.
+class Announcement final : public QAccessibleInterface {
+  public:
+    explicit Announcement(CanvasWidget& canvas) : canvas_(canvas) {}
+
+    void Text(const std::string& text) { text_ = QString::fromStdString(text); }
+
+    bool isValid() const override { return true; }
+    QObject* object() const override { return nullptr; }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(&canvas_); }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    QString text(QAccessible::Text which) const override { return which == QAccessible::Name ? text_ : QString(); }
+    void setText(QAccessible::Text, const QString&) override {}
+    QRect rect() const override { return parent()->rect(); }
+    QAccessible::Role role() const override { return QAccessible::Notification; }
+    QAccessible::State state() const override { return parent()->state(); }
+
+  private:
+    CanvasWidget& canvas_;
+    QString text_;
+};
+
+CanvasAccessible::CanvasAccessible(CanvasWidget& canvas)
+    : QAccessibleWidget(&canvas), announcement_(QAccessible::registerAccessibleInterface(new Announcement(canvas))) {}
+
+const Accessible& CanvasAccessible::Told() const { return static_cast<CanvasWidget*>(widget())->Owner().Accessibility; }
+
+Announcement& CanvasAccessible::Latest() const {
+    return static_cast<Announcement&>(*QAccessible::accessibleInterface(announcement_));
+}
+
+QAccessible::Role CanvasAccessible::role() const {
+    return Told().Role == Accessible::Roles::Button ? QAccessible::PushButton : QAccessible::Graphic;
+}
+
+QString CanvasAccessible::text(QAccessible::Text which) const {
+    if (which == QAccessible::Description) return QString::fromStdString(Deliver(Told().Description));
+    return QAccessibleWidget::text(which);
+}
+
+void* CanvasAccessible::interface_cast(QAccessible::InterfaceType type) {
+    if (type == QAccessible::ValueInterface) {
+        return Told().Value ? static_cast<QAccessibleValueInterface*>(this) : nullptr;
+    }
+    return QAccessibleWidget::interface_cast(type);
+}
+
+QAccessibleInterface* CanvasAccessible::child(int index) const { return index == 0 ? &Latest() : nullptr; }
+
+int CanvasAccessible::indexOfChild(const QAccessibleInterface* child) const { return child == &Latest() ? 0 : -1; }
+
+QStringList CanvasAccessible::actionNames() const { return Told().Press ? QStringList(pressAction()) : QStringList(); }
+
+void CanvasAccessible::doAction(const QString& name) {
+    if (name == pressAction()) Deliver(Told().Press);
+}
+
+QVariant CanvasAccessible::currentValue() const { return Deliver(Told().Value); }
+
+void CanvasAccessible::TellChange(CanvasWidget& canvas) {
+    QAccessibleEvent changed(&canvas, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&changed);
+}
+
+void CanvasAccessible::Say(CanvasWidget& canvas, const std::string& text) {
+    if (!QAccessible::isActive()) return;
+    TellChange(canvas);
+    auto* told = static_cast<CanvasAccessible*>(QAccessible::queryAccessibleInterface(&canvas));
+    told->Latest().Text(text);
+    // A notification that shows is what screen readers say unasked.
+    QAccessibleEvent named(&told->Latest(), QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&named);
+    QAccessibleEvent shown(&told->Latest(), QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtGui/QAccessible>
+#include <QtWidgets/QAccessibleWidget>
+#include <string>
+
+#include "platform/qt/CanvasWidget.h"
+
+/// A canvas as screen readers see it. Its one child is the latest announcement.
+class CanvasAccessible final : public QAccessibleWidget, public QAccessibleValueInterface {
+  public:
+    /// Tells a screen reader that it has to ask for the description again.
+    static void TellChange(CanvasWidget& canvas);
+    /// Has the text said, if a screen reader is there.
+    static void Say(CanvasWidget& canvas, const std::string& text);
+
+    explicit CanvasAccessible(CanvasWidget& canvas);
+
+    QAccessible::Role role() const override;
+    QString text(QAccessible::Text which) const override;
+    void* interface_cast(QAccessible::InterfaceType type) override;
+    int childCount() const override { return 1; }
+    QAccessibleInterface* child(int index) const override;
+    int indexOfChild(const QAccessibleInterface* child) const override;
+    QStringList actionNames() const override;
+    void doAction(const QString& name) override;
+
+    QVariant currentValue() const override;
+    QVariant minimumValue() const override { return 0.0; }
+    QVariant maximumValue() const override { return Told().Maximum; }
+    QVariant minimumStepSize() const override { return 0.0; }
+    void setCurrentValue(const QVariant&) override {}
+
+  private:
+    const Accessible& Told() const;
+    class Announcement& Latest() const;
+
+    /// The toolkit's registry owns what this names.
+    QAccessible::Id announcement_;
+};
