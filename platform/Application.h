@@ -5,6 +5,8 @@
 #include <string>
 
 #include "platform/FolderItem.h"
+#include "platform/Numbers.h"
+#include "platform/Property.h"
 #include "platform/Ref.h"
 
 enum class MouseCursors { StandardPointer, FingerPointer };
@@ -14,6 +16,8 @@ constexpr MouseCursors FingerPointer = MouseCursors::FingerPointer;
 /// The program as the toolkit sees it.
 class Application {
   public:
+    enum Stages { Development = 0, Alpha = 1, Beta = 2, Final = 3 };
+
     virtual ~Application() = default;
 
     /// Delivered once, when the event loop begins.
@@ -23,6 +27,14 @@ class Application {
     void AutoQuit(bool on);
     /// The pointer's shape over the windows' own area; controls and menus with a shape of their own keep it.
     void MouseCursor(MouseCursors cursor);
+
+    /// The program's version.
+    Property<Int32> MajorVersion = 0;
+    Property<Int32> MinorVersion = 0;
+    Property<Int32> BugVersion = 0;
+    /// One of Stages.
+    Property<Int32> StageCode = 0;
+    Property<Int32> NonReleaseVersion = 0;
 
     /// The file that is running, with all links resolved.
     static Ref<FolderItem> ExecutableFile();

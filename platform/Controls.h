@@ -9,15 +9,18 @@
 
 enum class TextAlignment { Left = 1, Centre = 2, Right = 3 };
 
-/// A label.
+/// A label. Carriage returns separate its lines.
 class StaticText : public RectControl {
   public:
     StaticText();
 
     std::string Text() const;
     void Text(const std::string& text);
-    /// "System" or "SmallSystem".
+    /// "System" or "SmallSystem", or a family of the desktop.
     void TextFont(const std::string& name);
+    /// In pixels; 0 is the font's own default.
+    void TextSize(Int32 size);
+    void Bold(bool on);
     void TextAlign(TextAlignment alignment);
 };
 

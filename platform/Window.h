@@ -16,6 +16,7 @@
 class Window : public std::enable_shared_from_this<Window> {
   public:
     enum class Frames { Document = 0, Sheet = 8 };
+    enum class Placements { Default = 0, MainScreen = 2 };
     using MenuHandler = std::function<bool()>;
 
     Window();
@@ -23,7 +24,6 @@ class Window : public std::enable_shared_from_this<Window> {
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
 
-    std::string Title() const;
     void Title(const std::string& title);
     Int32 Left() const;
     void Left(Int32 left);
@@ -36,8 +36,11 @@ class Window : public std::enable_shared_from_this<Window> {
     void MinSize(Int32 width, Int32 height);
     void BackColor(Color color);
     void Frame(Frames frame);
+    /// Where the window shows first: where the desktop puts it, or in the middle of the main screen.
+    void Placement(Placements placement);
     /// Whether the user can close the window by the desktop's means, and change its size.
     void CloseButton(bool on);
+    void MinimizeButton(bool on);
     void MaximizeButton(bool on);
     void Resizeable(bool on);
     bool Visible() const;

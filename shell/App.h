@@ -7,5 +7,7 @@ class App final : public Application {
   public:
     static App& Instance();
 
+    App();
+
     void Event_Open() override;
 };

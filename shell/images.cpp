@@ -19,15 +19,17 @@ Ref<Picture> Plain(Slot& slot, const std::string& fileName) {
 
 Ref<Picture> Masked(Slot& slot, const std::string& fileName, Ref<Picture> (*mask)()) {
     if (slot) return slot;
-    if (Plain(slot, fileName)) {
-        slot->Mask(true)->Graphics()->DrawPicture(mask(), 0, 0, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
-    }
+    if (Plain(slot, fileName)) ApplyMask(slot, mask());
     return slot;
 }
 
 Slot run_icon, pause_icon, alert_icon, run_mask, pause_mask, alert_mask, about_icon, about_mask, badge, badge_mask;
 
 }  // namespace
+
+void ApplyMask(const Ref<Picture>& picture, const Ref<Picture>& mask) {
+    picture->Mask(true)->Graphics()->DrawPicture(mask, 0, 0, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+}
 
 Ref<Picture> Run_Icon() { return Masked(run_icon, "Run_Icon.bmp", Run_Mask); }
 Ref<Picture> Pause_Icon() { return Masked(pause_icon, "Pause_Icon.bmp", Pause_Mask); }

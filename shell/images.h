@@ -16,6 +16,9 @@ Ref<Picture> Run_Mask();
 Ref<Picture> Pause_Mask();
 Ref<Picture> Alert_Mask();
 
+/// Draws `mask` into the picture's own mask, which is created if it has none; a nil mask draws nothing.
+void ApplyMask(const Ref<Picture>& picture, const Ref<Picture>& mask);
+
 /// The program's icon and the badge of its toolkit; whoever draws them applies the masks.
 Ref<Picture> AboutIcon();
 Ref<Picture> AboutMask();

@@ -2,6 +2,7 @@
 #include "core/winMain.h"
 #include "platform/Host.h"
 #include "platform/targets.h"
+#include "shell/AboutWindow.h"
 #include "shell/addresses.h"
 #include "shell/winHelp.h"
 #include "shell/winSet.h"
@@ -54,7 +55,10 @@ bool winMain::_HelpHelp_Action() {
     return true;
 }
 
-bool winMain::_HelpAbout_Action() { return true; }
+bool winMain::_HelpAbout_Action() {
+    AboutWindow::Instance().Show(true);
+    return true;
+}
 
 bool winMain::_HelpVisitWebsite_Action() {
     ShowURL(addresses::kWebsite);

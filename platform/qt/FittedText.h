@@ -4,5 +4,5 @@
 #include <QtCore/QString>
 #include <QtGui/QFont>
 
-/// `font`, set narrower and then smaller until `text` on one line fits into `box`, but not under `smallestSize` pixels.
+/// `font`, set narrower and then smaller until `text` fits into `box`, but not under `smallestSize` pixels.
 QFont FittedFont(QFont font, const QString& text, QSizeF box, int smallestSize = 6);

@@ -23,14 +23,14 @@ Int32 RectControl::Top() const { return peer_->widget->y() + OriginInWindow(*pee
 void RectControl::Top(Int32 top) { Bounds(Left(), top, Width(), Height()); }
 
 Int32 RectControl::Width() const { return peer_->widget->width(); }
-void RectControl::Width(Int32 width) { peer_->widget->resize(width, Height()); }
+void RectControl::Width(Int32 width) { Bounds(Left(), Top(), width, Height()); }
 
 Int32 RectControl::Height() const { return peer_->widget->height(); }
-void RectControl::Height(Int32 height) { peer_->widget->resize(Width(), height); }
+void RectControl::Height(Int32 height) { Bounds(Left(), Top(), Width(), height); }
 
 void RectControl::Bounds(Int32 left, Int32 top, Int32 width, Int32 height) {
     const QRect place(left, top, width, height);
-    peer_->widget->setGeometry(place.translated(-OriginInWindow(*peer_->widget)));
+    peer_->Place(place.translated(-OriginInWindow(*peer_->widget)));
 }
 
 void RectControl::InitialParent(const std::string& name) {

@@ -19,8 +19,16 @@ class LabelWidget final : public QLabel {
         setText(text);
         Fit();
     }
-    void SetFont(const QFont& font) {
-        wanted_ = font;
+    void SetFontName(const std::string& name) {
+        fontName_ = name;
+        Fit();
+    }
+    void SetSize(Int32 size) {
+        size_ = size;
+        Fit();
+    }
+    void SetBold(bool on) {
+        isBold_ = on;
         Fit();
     }
 
@@ -28,19 +36,29 @@ class LabelWidget final : public QLabel {
     void resizeEvent(QResizeEvent*) override { Fit(); }
 
   private:
-    void Fit() { setFont(FittedFont(wanted_, text(), size())); }
+    void Fit() {
+        QFont font = FontNamed(fontName_, size_);
+        font.setBold(isBold_);
+        setFont(FittedFont(font, text(), size()));
+    }
 
-    QFont wanted_ = FontNamed("System");
+    std::string fontName_ = "System";
+    Int32 size_ = 0;
+    bool isBold_ = false;
 };
 
 }  // namespace
 
 StaticText::StaticText() : RectControl(std::make_unique<Peer>(new LabelWidget)) {}
 
-std::string StaticText::Text() const { return WidgetOf<LabelWidget>(*this).text().toStdString(); }
-void StaticText::Text(const std::string& text) { WidgetOf<LabelWidget>(*this).SetText(QString::fromStdString(text)); }
+std::string StaticText::Text() const { return WidgetOf<LabelWidget>(*this).text().replace(u'\n', u'\r').toStdString(); }
+void StaticText::Text(const std::string& text) {
+    WidgetOf<LabelWidget>(*this).SetText(QString::fromStdString(text).replace(u'\r', u'\n'));
+}
 
-void StaticText::TextFont(const std::string& name) { WidgetOf<LabelWidget>(*this).SetFont(FontNamed(name)); }
+void StaticText::TextFont(const std::string& name) { WidgetOf<LabelWidget>(*this).SetFontName(name); }
+void StaticText::TextSize(Int32 size) { WidgetOf<LabelWidget>(*this).SetSize(size); }
+void StaticText::Bold(bool on) { WidgetOf<LabelWidget>(*this).SetBold(on); }
 
 void StaticText::TextAlign(TextAlignment alignment) {
     WidgetOf<LabelWidget>(*this).setAlignment(Horizontally(alignment) | Qt::AlignVCenter);

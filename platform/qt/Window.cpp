@@ -11,8 +11,10 @@ Window::Window() : peer_(std::make_unique<WindowPeer>(*this)) {}
 
 Window::~Window() = default;
 
-std::string Window::Title() const { return peer_->windowTitle().toStdString(); }
-void Window::Title(const std::string& title) { peer_->setWindowTitle(QString::fromStdString(title)); }
+// For an empty title, the program's name would show.
+void Window::Title(const std::string& title) {
+    peer_->setWindowTitle(QString::fromStdString(title.empty() ? " " : title));
+}
 
 // geometry() is the window's inside; its frame belongs to the window manager.
 Int32 Window::Left() const { return peer_->Frame().left(); }
@@ -33,13 +35,15 @@ void Window::BackColor(Color color) { peer_->SetBackground(ToQColor(color)); }
 
 void Window::Frame(Frames frame) { peer_->SetFrame(frame); }
 
+void Window::Placement(Placements placement) { peer_->SetCentred(placement == Placements::MainScreen); }
+
 void Window::CloseButton(bool on) { peer_->SetCloseable(on); }
+
+void Window::MinimizeButton(bool on) { peer_->SetTitleButton(Qt::WindowMinimizeButtonHint, on); }
 
 void Window::MaximizeButton(bool on) { peer_->SetTitleButton(Qt::WindowMaximizeButtonHint, on); }
 
-void Window::Resizeable(bool on) {
-    if (!on) peer_->setFixedSize(peer_->size());
-}
+void Window::Resizeable(bool on) { peer_->SetResizeable(on); }
 
 bool Window::Visible() const { return peer_->isVisible(); }
 

@@ -23,6 +23,7 @@ WindowPeer& WindowPeer::Of(const QWidget& control) { return static_cast<WindowPe
 
 void WindowPeer::Build() {
     owner_.Layout();
+    if (isCentred_) Centre();
     owner_.CreateControls();
     owner_.AddMenuHandlers(owner_);
     SetTabOrder();
@@ -55,9 +56,20 @@ void WindowPeer::SetBackground(const QColor& color) {
     content_.setAutoFillBackground(true);
 }
 
+void WindowPeer::SetResizeable(bool on) {
+    isResizeable_ = on;
+    SetSize(size());
+}
+
+void WindowPeer::Centre() {
+    QRect place = geometry();
+    place.moveCenter(screen()->availableGeometry().center());
+    setGeometry(place);
+}
+
 // A window that isn't shown yet hears of its new size only when it is.
 void WindowPeer::SetSize(QSize size) {
-    resize(size);
+    isResizeable_ ? resize(size) : setFixedSize(size);
     Arrange();
 }
 
@@ -195,12 +207,12 @@ void WindowPeer::Arrange() {
 
 void WindowPeer::FollowEdges(RectControl& control, QSize before, QSize after) const {
     const QSize growth = after - before;
-    QRect place = control.peer().widget->geometry();
+    QRect place = control.peer().place;
     if (control.LockRight()) place.setRight(place.right() + growth.width());
     if (control.LockRight() && !control.LockLeft()) place.setLeft(place.left() + growth.width());
     if (control.LockBottom()) place.setBottom(place.bottom() + growth.height());
     if (control.LockBottom() && !control.LockTop()) place.setTop(place.top() + growth.height());
-    control.peer().widget->setGeometry(place);
+    control.peer().Place(place);
 }
 
 // Controls of a group come where the group stands, in an order of their own.

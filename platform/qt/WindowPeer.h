@@ -28,6 +28,9 @@ class WindowPeer final : public QWidget {
     void SetCloseable(bool on);
     /// Shows or takes away one of the title bar's buttons.
     void SetTitleButton(Qt::WindowType button, bool on);
+    void SetCentred(bool on) { isCentred_ = on; }
+    /// For the user; the program can always change the size.
+    void SetResizeable(bool on);
     bool IsSheet() const { return isSheet_; }
     void SetSize(QSize size);
     void SetBackground(const QColor& color);
@@ -71,6 +74,7 @@ class WindowPeer final : public QWidget {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void Centre();
     void Arrange();
     void FollowEdges(RectControl& control, QSize before, QSize after) const;
     std::vector<RectControl*> RectControls() const;
@@ -84,7 +88,9 @@ class WindowPeer final : public QWidget {
     std::vector<std::pair<std::string, std::unique_ptr<Control>>> controls_;
     bool isBuilt_ = false;
     bool isSheet_ = false;
+    bool isCentred_ = false;
     bool isCloseable_ = true;
+    bool isResizeable_ = true;
     bool menuBarVisible_ = true;
     bool isClosed_ = false;
     bool wantsFullScreen_ = false;

@@ -261,8 +261,10 @@ TEST_F(WindowTest, TextIsSetSmallerWhereItDoesNotFit) {
             probe.AddControl<StaticText>("label", 0, 0, box.width(), box.height(), 0).Text(text);
         });
         const auto& label = WidgetNamed<QLabel>("label");
-        const QSizeF needed = QFontMetricsF(label.font()).size(0, text);
-        EXPECT_TRUE(needed.width() <= box.width() && needed.height() <= box.height()) << text;
+        const QFontMetricsF metrics(label.font());
+        const QRectF letters = metrics.tightBoundingRect(text).translated(0, metrics.ascent() - metrics.height() / 2);
+        EXPECT_LE(metrics.horizontalAdvance(text), box.width()) << text;
+        EXPECT_TRUE(letters.top() >= -box.height() / 2.0 && letters.bottom() <= box.height() / 2.0) << text;
         window.Find<StaticText>("label").Bounds(0, 0, 180, 30);
         EXPECT_TRUE(label.font().pixelSize() == 13 && label.font().stretch() == 100) << text;
     }

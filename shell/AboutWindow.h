@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Graphics.h"
+#include "platform/Ref.h"
+#include "platform/Window.h"
+
+/// The About window, with credits or, in a compact form, without them.
+class AboutWindow final : public Window {
+  public:
+    static AboutWindow& Instance();
+
+    /// Whether the credits show. SetupWindow reads it.
+    bool UseCredits = false;
+
+    void AppIconCanvas_Paint(const Ref<Graphics>& g);
+    void StatAppName_Open();
+    void StatAppVersion_Open();
+    void EditAppCredits_Open();
+    void StatAppCopyright_Open();
+    bool RBIconCanvas_MouseDown(Int32 x, Int32 y);
+    void RBIconCanvas_Paint(const Ref<Graphics>& g);
+    /// Shows a text in the credits field: as mark-up (shell/markup.h), or as it stands.
+    void SetCreditsFieldText(const std::string& text, bool markup);
+
+    using Window::Show;
+    /// Fills and arranges the window anew, also when it is open, and brings it forward.
+    void Show(bool useCredits);
+    void SetupWindow();
+    /// The program's version as the user reads it, "1.2.3b (45)".
+    static std::string VersionString();
+
+    /// Escape closes the window.
+    bool Event_KeyDown(const std::string& key) override;
+
+  private:
+    void Layout() override;
+    void CreateControls() override;
+    void _CreateControls0();
+};
