@@ -134,7 +134,7 @@ void AboutWindow::SetupWindow() {
 
 std::string AboutWindow::VersionString() {
     const App& app = App::Instance();
-    const std::string number = Str(app.MajorVersion()) + "." + Str(app.MinorVersion()) + "." + Str(app.BugVersion());
+    std::string number = Str(app.MajorVersion()) + "." + Str(app.MinorVersion()) + "." + Str(app.BugVersion());
     const std::string build = Str(app.NonReleaseVersion()) + ")";
     switch (app.StageCode()) {
         case Application::Development:
