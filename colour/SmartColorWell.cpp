@@ -46,6 +46,9 @@ void SmartColorWell::Event_Open() {
     if constexpr (targets::kShrunkColorWell) cShrink = 1;
     PickerPromptText = "Pick a color:";
     AcceptTextDrop();
+    Accessibility.Role = Accessible::Roles::Button;
+    Accessibility.Description = [this] { return getColorAsHexString(); };
+    Accessibility.Press = [this] { pickColor(); };
     if (Open) Open();
 }
 

@@ -1,5 +1,7 @@
 #include "colour/winPrefs.h"
 
+#include <utility>
+
 #include "colour/SmartColorWell.h"
 #include "core/winMain.h"
 #include "platform/Controls.h"
@@ -54,6 +56,11 @@ void winPrefs::_CreateControls0() {
     label("StaticText3", "Wedge", 253, 55, 7);
     label("StaticText6", "Frame", 253, 17, 10);
     well("cFrame", 187, 14, 11, &winPrefs::cFrame_ColorChange);
+    for (const auto& [text, of] : {std::pair("StaticText1", "cBackground"),
+                                   {"StaticText2", "cFace"},
+                                   {"StaticText3", "cWedge"},
+                                   {"StaticText6", "cFrame"}})
+        Find<StaticText>(text).LabelFor(Find<SmartColorWell>(of));
     button("bOK", "OK", 268, 80, 12, &winPrefs::bOK_Action).Default(true);
     button("bCancel", "Cancel", 176, 80, 13, &winPrefs::bCancel_Action).Cancel(true);
     button("bDefaults", "Use Defaults", 20, 103, 14, &winPrefs::bDefaults_Action);

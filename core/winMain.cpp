@@ -37,6 +37,12 @@ void winMain::_CreateControls0() {
     canvas.LockTop(true);
     canvas.LockRight(true);
     canvas.LockBottom(true);
+    canvas.AccessibleName("Clock");
+    canvas.Accessibility = {.Role = Accessible::Roles::Picture,
+                            .Description = [this] { return InWords(); },
+                            .Value = [this] { return static_cast<double>(CurrentSeconds); },
+                            .Maximum = 3600,
+                            .Press = [this] { ToggleTimer(); }};
     canvas.Paint = [this](const Ref<Graphics>& g) { cvTime_Paint(g); };
     canvas.MouseDown = [this](Int32 x, Int32 y) { return cvTime_MouseDown(x, y); };
     canvas.MouseMove = [this](Int32 x, Int32 y) { cvTime_MouseMove(x, y); };

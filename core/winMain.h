@@ -62,6 +62,14 @@ class winMain final : public Window {
     Int32 GetTextSize(Graphics& g, const std::string& text, Int32 maxWidth);
     void cvTime_Paint(const Ref<Graphics>& g);
 
+    // What a screen reader is told of the clock (core/winMain_accessible.cpp).
+    /// The state and the remaining time in words.
+    std::string InWords() const;
+    /// Has the state said that has just been entered.
+    void AnnounceState();
+    /// Lets the words be asked for again when the time has come to another minute.
+    void RenewWords();
+
     // Input (core/winMain_input.cpp).
     bool cvTime_MouseDown(Int32 x, Int32 y);
     void cvTime_MouseMove(Int32 x, Int32 y);
@@ -134,4 +142,7 @@ class winMain final : public Window {
     Int32 mTop = 0;
     Int32 mWidth = 0;
     Int32 mHeight = 0;
+
+    /// The minute that a screen reader was told of last.
+    Int32 mMinutesInWords = 0;
 };

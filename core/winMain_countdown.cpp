@@ -24,6 +24,7 @@ void winMain::Start() {
     Find<Timer>("TimerRun").Mode(Timer::Modes::Repeat);
     ScreensaverUtilities::DisableScreensaverWin();
     Find<Canvas>("cvTime").Refresh(false);
+    AnnounceState();
 }
 
 // The part of a second that has passed is lost in the user's favour: the next run counts whole seconds again.
@@ -31,21 +32,27 @@ void winMain::Stop() {
     IsRunning = false;
     ScreensaverUtilities::EnableScreensaverWin();
     Find<Canvas>("cvTime").Refresh(false);
+    AnnounceState();
 }
 
 void winMain::Done() {
     IsDone = true;
     Find<Timer>("TimerDone").Mode(Timer::Modes::Repeat);
     Find<Canvas>("cvTime").Refresh(false);
+    AnnounceState();
 }
 
 void winMain::Dismiss() {
     Find<Timer>("TimerDone").Mode(Timer::Modes::Off);
     IsDone = false;
     Find<Canvas>("cvTime").Refresh(false);
+    AnnounceState();
 }
 
-void winMain::UpdateDisplay() { Find<Canvas>("cvTime").Refresh(false); }
+void winMain::UpdateDisplay() {
+    Find<Canvas>("cvTime").Refresh(false);
+    RenewWords();
+}
 
 // The clock is repainted at each tick in every state, so that a changed colour shows within a quarter of a second.
 void winMain::TimerRun_Action() {

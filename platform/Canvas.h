@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include "platform/Accessible.h"
 #include "platform/Control.h"
 #include "platform/Ref.h"
 
@@ -37,6 +38,13 @@ class Canvas : public RectControl {
     /// An item to be dragged from here, with its text and picture still to be set. The rectangle, in the window's
     /// coordinates, is what seems to move.
     Ref<DragItem> NewDragItem(Int32 left, Int32 top, Int32 width, Int32 height);
+
+    /// What a screen reader is told when it asks.
+    Accessible Accessibility;
+    /// Tells a screen reader, which may keep what it was told, that the description has changed; it says nothing then.
+    void DescriptionChanged();
+    /// Has a screen reader say a text unasked, where there is one; of several in one event the last.
+    void Announce(const std::string& text);
 
     /// The canvas's surface at any moment. While Paint runs it is the window's own; otherwise what is drawn is kept
     /// aside and shown beneath the next paint, which this call asks for.

@@ -56,6 +56,9 @@ class RectControl : public Control {
     /// The group that the control lies in; nil when it lies directly in its window.
     RectControl* Parent() const;
 
+    /// What a screen reader calls the control, where neither its own text nor a label does.
+    void AccessibleName(const std::string& name);
+
     /// The same for a control of a class of its own, which raises its owner's event itself.
     virtual void Event_Open();
 

@@ -22,6 +22,8 @@ class StaticText : public RectControl {
     void TextSize(Int32 size);
     void Bold(bool on);
     void TextAlign(TextAlignment alignment);
+    /// The control, already added to the same window, whose name for screen readers this label is.
+    void LabelFor(const RectControl& control);
 };
 
 /// A button.

@@ -49,6 +49,7 @@ void winSet::_CreateControls0() {
     cancel.Action = [this] { btnCancel_Action(); };
 
     auto& minuteArrows = AddControl<UpDownArrows>("aMin", 51, 31, 13, 23, 5);
+    minuteArrows.AccessibleName("Min");
     minuteArrows.Up = [this] { aMin_Up(); };
     minuteArrows.Down = [this] { aMin_Down(); };
 
@@ -65,16 +66,19 @@ void winSet::_CreateControls0() {
     seconds.LostFocus = [this] { eSec_LostFocus(); };
 
     auto& secondArrows = AddControl<UpDownArrows>("aSec", 104, 31, 13, 23, 8);
+    secondArrows.AccessibleName("Sec");
     secondArrows.Up = [this] { aSec_Up(); };
     secondArrows.Down = [this] { aSec_Down(); };
 
     auto& minuteLabel = AddControl<StaticText>("StaticText1", 20, 14, 26, 16, 9);
     minuteLabel.TextFont("SmallSystem");
     minuteLabel.Text("Min");
+    minuteLabel.LabelFor(minutes);
 
     auto& secondLabel = AddControl<StaticText>("StaticText2", 73, 14, 26, 16, 10);
     secondLabel.TextFont("SmallSystem");
     secondLabel.Text("Sec");
+    secondLabel.LabelFor(seconds);
 }
 
 // It is the set time that shows, not what remains of it.

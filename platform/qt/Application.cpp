@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/Host.h"
+#include "platform/qt/Accessibility.h"
 #include "platform/qt/DesktopHost.h"
 #include "platform/qt/EventBoundary.h"
 #include "platform/qt/OpenWindows.h"
@@ -54,6 +55,7 @@ void RuntimeInit(int& argc, char** argv, const std::string& name, const std::str
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(desktopId));
     QApplication::setQuitOnLastWindowClosed(false);
+    InstallAccessibility();
     runtime.signals = std::make_unique<EndSignals>(open_windows::CloseAll);
     Host::Install(
         std::make_unique<DesktopHost>(desktopId, name, alertSound ? alertSound->Path() : std::filesystem::path()));

@@ -1,124 +1,9 @@
 #include "platform/Canvas.h"
 
-#include <QtCore/QMimeData>
-#include <QtCore/QPointer>
-#include <QtGui/QCursor>
-#include <QtGui/QDropEvent>
-#include <QtGui/QMouseEvent>
-
 #include "platform/DragItem.h"
-#include "platform/Host.h"
-#include "platform/qt/EventBoundary.h"
-#include "platform/qt/PainterGraphics.h"
-#include "platform/qt/Pixels.h"
+#include "platform/qt/CanvasAccessible.h"
+#include "platform/qt/CanvasWidget.h"
 #include "platform/qt/RectControlPeer.h"
-#include "platform/qt/WindowPeer.h"
-
-namespace {
-
-class CanvasWidget final : public QWidget {
-  public:
-    explicit CanvasWidget(Canvas& owner) : owner_(owner) {
-        setFocusPolicy(Qt::NoFocus);
-        setMouseTracking(true);
-    }
-
-    Ref<Graphics> CurrentGraphics() {
-        if (painting_) return painting_;
-        if (!kept_ || kept_->pixels().LogicalSize() != size() || kept_->pixels().Ratio() != devicePixelRatioF()) {
-            kept_ = NewPicture(width(), height(), 32, devicePixelRatioF());
-        }
-        update();
-        return kept_->Graphics();
-    }
-
-    /// A drag of `item` from here, the pointer holding it at `hold`.
-    void Drag(const DragItem& item, QPoint hold) {
-        wasDragged_ = true;
-        Host::Current().DragText(item.Text(), item.DragPicture(), hold.x(), hold.y());
-    }
-
-    QPoint Pointer() const { return pointer_; }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        const auto graphics = MakeRef<PainterGraphics>(*this);
-        if (kept_) graphics->Fill(kept_->pixels().View());
-        painting_ = graphics;
-        Deliver([this] { owner_.Event_Paint(painting_); });
-        painting_ = nullptr;
-        graphics->End();
-    }
-
-    // Whether its window is the active one may show in a canvas's look.
-    bool event(QEvent* event) override {
-        if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) update();
-        return QWidget::event(event);
-    }
-
-    void mousePressEvent(QMouseEvent* event) override {
-        if (event->button() != Qt::LeftButton) return;
-        SetPointer(event->position());
-        wasDragged_ = false;
-        isPressed_ = Deliver([this] { return owner_.Event_MouseDown(pointer_.x(), pointer_.y()); });
-    }
-
-    void mouseMoveEvent(QMouseEvent* event) override {
-        SetPointer(event->position());
-        const bool isHeld = event->buttons().testFlag(Qt::LeftButton);
-        if (isPressed_ && isHeld) {
-            Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
-            if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // the drag has taken the button's release
-        } else if (event->buttons() == Qt::NoButton) {
-            isPressed_ = false;  // a release is lost when the window was blocked by then
-            Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
-            WindowPeer::Of(*this).MouseMoved(pointer_.x() + x(), pointer_.y() + y());
-        }
-    }
-
-    void mouseReleaseEvent(QMouseEvent* event) override {
-        if (event->button() == Qt::LeftButton) Release(event->position());
-    }
-
-    // A source that offers to move its text would lose it.
-    void dragEnterEvent(QDragEnterEvent* event) override {
-        if (!event->mimeData()->hasText()) return;
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-    }
-
-    void dropEvent(QDropEvent* event) override {
-        const auto item = MakeRef<DragItem>();
-        item->Text(event->mimeData()->text().toStdString());
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-        Deliver([&] { owner_.Event_DropObject(item, 0); });
-    }
-
-  private:
-    // The pixel that the pointer is in; rounding would move the right half of each to the next.
-    void SetPointer(QPointF position) {
-        pointer_ = {ToInt32(std::floor(position.x())), ToInt32(std::floor(position.y()))};
-    }
-
-    void Release(QPointF position) {
-        if (!std::exchange(isPressed_, false)) return;
-        SetPointer(position);
-        Deliver([this] { owner_.Event_MouseUp(pointer_.x(), pointer_.y()); });
-    }
-
-    Canvas& owner_;
-    /// The surface of the paint event under way; nil outside of one.
-    Ref<Graphics> painting_;
-    /// What was drawn outside of paint events; nil until something is.
-    Ref<Picture> kept_;
-    QPoint pointer_;
-    /// A press is under way that the owner has claimed, and whether something was dragged away in it.
-    bool isPressed_ = false;
-    bool wasDragged_ = false;
-};
-
-}  // namespace
 
 Canvas::Canvas() : RectControl(std::make_unique<Peer>(new CanvasWidget(*this))) {}
 
@@ -141,3 +26,7 @@ Ref<DragItem> Canvas::NewDragItem(Int32 left, Int32 top, Int32, Int32) {
 Ref<Graphics> Canvas::Graphics() { return WidgetOf<CanvasWidget>(*this).CurrentGraphics(); }
 
 double Canvas::ScaleFactor() const { return peer().widget->devicePixelRatioF(); }
+
+void Canvas::DescriptionChanged() { CanvasAccessible::TellChange(WidgetOf<CanvasWidget>(*this)); }
+
+void Canvas::Announce(const std::string& text) { WidgetOf<CanvasWidget>(*this).Announce(text); }

@@ -58,6 +58,10 @@ RectControl* RectControl::Parent() const {
     return WindowPeer::Of(*peer_->widget).ControlOf(*peer_->widget->parentWidget());
 }
 
+void RectControl::AccessibleName(const std::string& name) {
+    peer_->widget->setAccessibleName(QString::fromStdString(name));
+}
+
 void RectControl::Event_Open() {
     if (Open) Open();
 }

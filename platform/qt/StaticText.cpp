@@ -60,6 +60,8 @@ void StaticText::TextFont(const std::string& name) { WidgetOf<LabelWidget>(*this
 void StaticText::TextSize(Int32 size) { WidgetOf<LabelWidget>(*this).SetSize(size); }
 void StaticText::Bold(bool on) { WidgetOf<LabelWidget>(*this).SetBold(on); }
 
+void StaticText::LabelFor(const RectControl& control) { WidgetOf<LabelWidget>(*this).setBuddy(control.peer().widget); }
+
 void StaticText::TextAlign(TextAlignment alignment) {
     WidgetOf<LabelWidget>(*this).setAlignment(Horizontally(alignment) | Qt::AlignVCenter);
 }
