@@ -57,9 +57,10 @@ std::optional<EncodedSample> EncodeSample(const CompressionSettings& settings, s
         return packets.back() != nullptr;
     });
     FrameMaker frameMaker(FindCodec(settings.codec), width, height);
+    Owned<AVFrame> frame;
     for (const Ref<Picture>& picture : pictures) {
         if (stop.stop_requested() || !encoder) return std::nullopt;
-        const Owned<AVFrame> frame = frameMaker.Make(picture->Bits());
+        if (frameMaker.Take(picture->Bits())) frame = frameMaker.Make();
         if (!frame || !encoder->Write(*frame)) return std::nullopt;
     }
     if (!encoder->Finish()) return std::nullopt;

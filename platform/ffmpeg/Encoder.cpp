@@ -13,8 +13,12 @@ extern "C" {
 
 namespace {
 
-/// Enough for two cores, and a bound on the frames that are held in memory at a time.
-constexpr int kThreads = 2;
+/// Two at most, a bound on the frames that are held in memory at a time. Of a small frame it would take longer to share
+/// the work than to do it.
+int Threads(int width, int height) {
+    constexpr int kSmall = 640 * 480;
+    return width * height <= kSmall ? 1 : 2;
+}
 
 /// The options with which an encoder is opened.
 class Options {
@@ -80,7 +84,7 @@ bool Encoder::Configure(const CompressionSettings& settings, int width, int heig
     context_->framerate = rate;
     context_->time_base = av_inv_q(rate);
     context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // the container keeps the codec's headers, not each key frame
-    context_->thread_count = kThreads;
+    context_->thread_count = Threads(width, height);
     SetColours(*context_, codec_.colours);
     SetQuality(*context_, codec_.quality, settings.quality);
     Options options(codec_.options);

@@ -1,6 +1,5 @@
 #include "platform/ffmpeg/TrackWriter.h"
 
-#include <cstring>
 #include <utility>
 
 #include "platform/ffmpeg/Codecs.h"
@@ -10,27 +9,22 @@
 
 TrackWriter::TrackWriter(MovieFile& file, int width, int height, double frameRate)
     : file_(file), width_(width), height_(height) {
-    settings_.frameRate = frameRate;
-    last_.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    Settings({.frameRate = frameRate});
 }
 
 TrackWriter::~TrackWriter() { queue_.Close(); }
 
-void TrackWriter::Append(std::span<const std::uint32_t> pixels) {
-    if (queue_.IsAbandoned()) return;
-    if (!worker_.joinable()) {
-        frameMaker_.emplace(FindCodec(settings_.codec), width_, height_);
-        worker_ = std::jthread([this] { Encode(); });
-    }
-    if (IsLikeTheLast(pixels)) return queue_.Push(nullptr);
-    last_.assign(pixels.begin(), pixels.end());
-    Owned<AVFrame> frame = frameMaker_->Make(pixels);
-    frame ? queue_.Push(std::move(frame)) : queue_.Abandon();
+void TrackWriter::Settings(const CompressionSettings& settings) {
+    settings_ = settings;
+    frameMaker_.emplace(FindCodec(settings.codec), width_, height_);
 }
 
-// Two pictures are compared in a fraction of the time in which one is converted.
-bool TrackWriter::IsLikeTheLast(std::span<const std::uint32_t> pixels) const {
-    return !last_.empty() && std::memcmp(last_.data(), pixels.data(), pixels.size_bytes()) == 0;
+void TrackWriter::Append(std::span<const std::uint32_t> pixels) {
+    if (queue_.IsAbandoned()) return;
+    if (!worker_.joinable()) worker_ = std::jthread([this] { Encode(); });
+    if (!frameMaker_->Take(pixels)) return queue_.Push(nullptr);
+    Owned<AVFrame> frame = frameMaker_->Make();
+    frame ? queue_.Push(std::move(frame)) : queue_.Abandon();
 }
 
 void TrackWriter::Finish() {

@@ -4,7 +4,6 @@
 #include <optional>
 #include <span>
 #include <thread>
-#include <vector>
 
 #include "platform/CompressionSettings.h"
 #include "platform/ffmpeg/FrameQueue.h"
@@ -21,7 +20,7 @@ class TrackWriter {
 
     const CompressionSettings& Settings() const { return settings_; }
     /// Only before the first frame.
-    void Settings(const CompressionSettings& settings) { settings_ = settings; }
+    void Settings(const CompressionSettings& settings);
 
     int Width() const { return width_; }
     int Height() const { return height_; }
@@ -33,7 +32,6 @@ class TrackWriter {
     void Finish();
 
   private:
-    bool IsLikeTheLast(std::span<const std::uint32_t> pixels) const;
     void Encode();
 
     MovieFile& file_;
@@ -41,7 +39,6 @@ class TrackWriter {
     int height_;
     CompressionSettings settings_;
     std::optional<FrameMaker> frameMaker_;
-    std::vector<std::uint32_t> last_;
     FrameQueue queue_;
     std::jthread worker_;
 };
