@@ -9,6 +9,7 @@
 #include "platform/qt/Colors.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/Pixels.h"
+#include "platform/qt/Ring.h"
 
 namespace {
 
@@ -77,11 +78,24 @@ void PainterGraphics::ClearRect(Int32 x, Int32 y, Int32 width, Int32 height) {
 }
 
 void PainterGraphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
-    const bool hasBorder = oval.Border() > 0;
-    painter_.setPen(hasBorder ? FlatPen(Translucent(oval.BorderColor(), oval.Border()), oval.BorderWidth())
-                              : QPen(Qt::NoPen));
-    painter_.setBrush(Interior(oval));
-    painter_.drawEllipse(Around(oval, x, y));
+    const QRectF ellipse = Around(oval, x, y);
+    painter_.setPen(Qt::NoPen);
+    if (oval.Fill() > 0) {
+        painter_.setBrush(Interior(oval));
+        painter_.drawEllipse(ellipse);
+    }
+    if (oval.Border() > 0) {
+        painter_.setBrush(Translucent(oval.BorderColor(), oval.Border()));
+        DrawRing(ellipse, oval.BorderWidth());
+    }
+}
+
+void PainterGraphics::DrawRing(const QRectF& ellipse, double lineWidth) {
+    const QTransform& toDevice = painter_.deviceTransform();
+    const QPointF cut = toDevice.inverted().map(QPointF(toDevice.map(ellipse.center()).toPoint()));
+    for (const QPolygonF& quarter : RingInQuarters(ellipse, lineWidth, cut, toDevice.m11())) {
+        painter_.drawPolygon(quarter);
+    }
 }
 
 void PainterGraphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {

@@ -39,6 +39,7 @@ class PainterGraphics final : public Graphics {
   private:
     void Prepare();
     void FillSharply(QRect place, const QColor& color);
+    void DrawRing(const QRectF& ellipse, double lineWidth);
     QFont Font() const;
 
     QImage image_;
