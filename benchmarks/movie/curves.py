@@ -22,12 +22,11 @@ def per_codec(programs, rounds, folder):
 
 def curve(programs, rounds, folder, codec, jobs, work, unit):
     runs = interleaved({job: command(programs, "dialog", codec, job, folder) for job in jobs}, rounds)
-    points = [(work(job), median(runs[job], "told")) for job in jobs]
+    points = [(work(job), median(runs[job], "cpu")) for job in jobs]
     r_squared, spread = straightness(points)
-    table(f"{codec}: cost against {unit}. A straight line explains {r_squared:.4f} of it; "
-          f"cost per unit, largest / smallest: {spread:.2f}",
-          [unit, "seconds", "microseconds per unit"],
-          [[f"{units:g}", cost, 1e6 * cost / units] for units, cost in points])
+    table(f"{codec}: CPU time of the whole process against {unit}. A straight line explains {r_squared:.4f} of it; "
+          f"the steepest piece over the flattest: {spread:.2f}",
+          [unit, "CPU seconds"], [[f"{units:g}", cost] for units, cost in points])
 
 
 def report(programs, rounds):

@@ -15,6 +15,6 @@ def report(programs, rounds):
     for size in (name.removeprefix("Redraw/") for name in medians if name.startswith("Redraw/")):
         redraw, cairo, fill = (medians[f"{name}/{size}"] for name in ("Redraw", "Cairo", "Fill"))
         rows.append([size.replace("/", " x "), redraw, cairo, fill, redraw / cairo, redraw / fill])
-    rows.sort(key=lambda row: row[1])
+    rows.sort(key=lambda row: row[3])
     table("Redraw, microseconds of CPU",
           ["", "Redraw", "cairo", "fill", "Redraw / cairo", "Redraw / fill"], rows)

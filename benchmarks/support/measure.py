@@ -84,8 +84,7 @@ def table(title, columns, rows):
 
 
 def straightness(points):
-    """How much of the costs a straight line explains (R squared), and the largest cost per unit over the smallest."""
+    """How much of the costs a straight line explains (R squared), and the steepest of its pieces over the flattest."""
     x, y = zip(*points)
-    r_squared = statistics.correlation(x, y) ** 2
-    per_unit = [cost / work for work, cost in points]
-    return r_squared, max(per_unit) / min(per_unit)
+    slopes = [(b[1] - a[1]) / (b[0] - a[0]) for a, b in zip(points, points[1:])]
+    return statistics.correlation(x, y) ** 2, max(slopes) / min(slopes)
