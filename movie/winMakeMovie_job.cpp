@@ -10,7 +10,9 @@
 #include "platform/Thread.h"
 #include "platform/Timer.h"
 
+// A press that comes before the worker has disabled the button is one too many.
 void winMakeMovie::bStart_Action() {
+    if (Find<Thread>("thr").State() == Thread::States::Running) return;
     ReadSettings();
     UpdateNow();
     if (!CreateMovieFile()) return;

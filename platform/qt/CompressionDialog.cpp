@@ -11,7 +11,7 @@
 namespace {
 
 constexpr QSize kPreviewSize(320, 240);
-// The rates that a movie can be made of: from a frame a minute on.
+// The rates that can be chosen: from a frame a minute on.
 constexpr double kLowestRate = 0.016666666666666;
 constexpr double kHighestRate = 1000;
 
@@ -47,6 +47,7 @@ CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testIm
     connect(&codec_, &QComboBox::currentIndexChanged, this, [this] { Encode(); });
     connect(&quality_, &QSlider::valueChanged, this, [this] { Encode(); });
     connect(&frameRate_, &QLineEdit::textChanged, this, [this] { Encode(); });
+    connect(&frameRate_, &QLineEdit::editingFinished, this, [this] { ShowFrameRate(FrameRate()); });
     connect(&isActualSize_, &QCheckBox::toggled, this, [this] { ShowPreview(); });
     Encode();
 }
@@ -70,8 +71,11 @@ QWidget* CompressionDialog::MakePreviewSide() {
 
 QWidget* CompressionDialog::MakeSettingsSide() {
     auto* side = new QWidget;
-    auto* form = new QFormLayout(side);
-    form->setContentsMargins(12, 0, 0, 0);
+    auto* rows = new QVBoxLayout(side);
+    rows->setContentsMargins(12, 0, 0, 0);
+    auto* form = new QFormLayout;
+    rows->addLayout(form);
+    rows->addStretch();
     for (const CodecChoice& codec : codecs_)
         codec_.addItem(QString::fromStdString(codec.name));
     form->addRow(Label(QStringLiteral("Compression &type:"), codec_), &codec_);
@@ -92,7 +96,7 @@ QWidget* CompressionDialog::MakeSettingsSide() {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    form->addRow(buttons);
+    rows->addWidget(buttons);
     return side;
 }
 
@@ -101,17 +105,19 @@ void CompressionDialog::ShowSettings(const CompressionSettings& settings) {
                                     [&](const CodecChoice& codec) { return codec.codec == settings.codec; });
     codec_.setCurrentIndex(found == codecs_.end() ? 0 : static_cast<int>(found - codecs_.begin()));
     quality_.setValue(settings.quality);
-    frameRate_.setText(QString::fromStdString(Str(settings.frameRate)));
+    ShowFrameRate(settings.frameRate);
 }
+
+void CompressionDialog::ShowFrameRate(double rate) { frameRate_.setText(QString::fromStdString(Str(rate))); }
 
 CompressionSettings CompressionDialog::Settings() const {
     return {codecs_.at(static_cast<std::size_t>(codec_.currentIndex())).codec, quality_.value(), FrameRate()};
 }
 
-/// The rate in the field, held within what a movie can have; the proposed one where none stands there.
+/// The rate in the field, held within what can be chosen or was proposed; the proposed one where none stands there.
 double CompressionDialog::FrameRate() const {
     const double rate = Val(frameRate_.text().toStdString());
-    return rate > 0 ? std::clamp(rate, kLowestRate, kHighestRate) : proposedRate_;
+    return rate > 0 ? std::clamp(rate, kLowestRate, std::max(kHighestRate, proposedRate_)) : proposedRate_;
 }
 
 bool CompressionDialog::HasQuality() const {

@@ -27,6 +27,7 @@ class CompressionDialog final : public QDialog {
     QWidget* MakeSettingsSide();
     void ShowSettings(const CompressionSettings& settings);
     double FrameRate() const;
+    void ShowFrameRate(double rate);
     bool HasQuality() const;
     void Encode();
     void ShowSample(const std::optional<EncodedSample>& sample);

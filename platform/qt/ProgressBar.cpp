@@ -12,7 +12,7 @@ Int32 ProgressBar::Maximum() const { return WidgetOf<QProgressBar>(*this).maximu
 void ProgressBar::Maximum(Int32 maximum) {
     auto& bar = WidgetOf<QProgressBar>(*this);
     OnMainThread(
-        bar, [&bar, maximum] { bar.setMaximum(maximum); }, "Maximum");
+        bar, [&bar, maximum] { bar.setRange(0, maximum); }, "Maximum");
 }
 
 Int32 ProgressBar::Value() const { return WidgetOf<QProgressBar>(*this).value(); }
