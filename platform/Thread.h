@@ -18,10 +18,11 @@ class Thread : public Control {
     /// What the worker does. An exception that leaves it is reported, and the worker has ended.
     std::function<void()> RunEvent;
 
-    /// Starts RunEvent on a thread of its own and returns. Does nothing while one runs.
+    /// Starts RunEvent on a thread of its own and returns. Does nothing while one runs, and after End.
     void Run();
     States State() const;
-    /// Ends the worker at its next yield and waits for that.
+    /// Ends the worker at its next yield, waits for that, and lets none start any more: what is still under way when
+    /// the program quits must not begin a job.
     void End();
 
     /// Called by a worker where it may be ended: it doesn't return when that is wanted. Does nothing on other threads.

@@ -18,6 +18,7 @@ thread_local std::stop_token stopToken;
 
 struct Thread::Peer {
     std::atomic<bool> isRunning = false;
+    bool hasEnded = false;
     std::jthread worker;  // last, so that it has ended before what it uses goes
 };
 
@@ -26,7 +27,7 @@ Thread::Thread() : peer_(std::make_unique<Peer>()) {}
 Thread::~Thread() = default;
 
 void Thread::Run() {
-    if (peer_->isRunning.exchange(true)) return;
+    if (peer_->hasEnded || peer_->isRunning.exchange(true)) return;
     peer_->worker = std::jthread([this](const std::stop_token& token) {
         stopToken = token;
         Deliver([this] {
@@ -42,6 +43,7 @@ void Thread::Run() {
 Thread::States Thread::State() const { return peer_->isRunning ? States::Running : States::NotRunning; }
 
 void Thread::End() {
+    peer_->hasEnded = true;
     peer_->worker.request_stop();
     if (peer_->worker.joinable()) peer_->worker.join();
 }

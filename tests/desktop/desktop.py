@@ -87,10 +87,15 @@ class Desktop:
             time.sleep(0.01)
         return result
 
-    def nudge(self, window):
-        request = self.display.get_atom("_NET_REQUEST_FRAME_EXTENTS")
-        message = protocol.event.ClientMessage(window=window, client_type=request, data=(32, [0] * 5))
+    def ask(self, request, window):
+        """The window manager, as a task bar asks it."""
+        atom = self.display.get_atom(request)
+        message = protocol.event.ClientMessage(window=window, client_type=atom, data=(32, [0] * 5))
         self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.display.flush()
+
+    def nudge(self, window):
+        self.ask("_NET_REQUEST_FRAME_EXTENTS", window)
 
     def settle(self):
         """Waits until the window manager has dealt with all that it was told before."""

@@ -134,9 +134,9 @@ class Timer:
 
     def end(self):
         """Waits for the program to end; its exit status and what it has written to standard error."""
-        status = self.process.wait(20)
+        self.desktop.wait_until(lambda: self.process.poll() is not None, "the program ends")
         self.errors.seek(0)
-        return status, self.errors.read()
+        return self.process.returncode, self.errors.read()
 
 
 class Dialog:

@@ -1,0 +1,104 @@
+"""The road of a movie, from the menu command to a file that others can play."""
+
+import os
+import pathlib
+import signal
+import statistics
+import tempfile
+import time
+from unittest import mock
+
+from movie import MovieDialog, probe
+from timer import DesktopTest, main
+
+
+class MovieTest(DesktopTest):
+    def test_the_whole_road(self):
+        opened = self.catch_opened_files()
+        dialog = MovieDialog(self.launch())
+        dialog.enter(3, 48, 33, 10)
+        self.desktop.key("space", "Tab", "space")  # no compression dialog; open the movie
+        movie = dialog.start()
+        self.assertEqual(dialog.wait_finished(movie), ("rawvideo", 48, 33, 31))
+        self.wait_until(opened.exists, "the movie is opened")
+        self.assertEqual(opened.read_text().strip(), movie.as_uri())
+
+        self.desktop.key("space", "shift+Tab", "space")  # the other way round
+        movie = dialog.start("second.mov", compression=["alt+f", "2", "0", "Return"])
+        self.assertEqual(dialog.wait_finished(movie), ("h264", 48, 33, 61))
+        self.assertNotIn("second", opened.read_text())
+        self.desktop.key("Escape")
+        dialog.wait_gone()
+
+    def catch_opened_files(self):
+        """What the desktop opens is written into this file instead."""
+        folder = pathlib.Path(self.stack.enter_context(tempfile.TemporaryDirectory()))
+        opener = folder / "xdg-open"
+        opener.write_text(f'#!/bin/sh\necho "$1" >> {folder}/part && cp {folder}/part {folder}/opened\n')
+        opener.chmod(0o700)
+        path = f"{folder}:{os.environ['PATH']}"
+        self.stack.enter_context(mock.patch.dict(os.environ, PATH=path, BROWSER="", XDG_CURRENT_DESKTOP=""))
+        return folder / "opened"
+
+    def test_cancel_in_a_dialog_leaves_no_file(self):
+        dialog = MovieDialog(self.launch())
+        self.desktop.key("Return")
+        dialog.wait_for("Save As")
+        self.desktop.key("Escape")
+        dialog.wait_gone("Save As")
+        dialog.start(compression=["Escape"])
+        dialog.wait_gone("Compression Settings")
+        self.wait_until(lambda: not list(dialog.movies.iterdir()), "the file has gone again")
+        self.wait_until(dialog.is_idle, "the dialog is idle")
+
+    def test_a_large_movie_lets_the_dialog_live(self):
+        dialog = MovieDialog(self.launch())
+        dialog.enter(120, 1920, 1080, 10)
+        movie = dialog.start(compression=["Return"])
+        dialog.wait_busy()
+        self.wait_until(lambda: 0.1 < dialog.part_to_do() < 0.95, "the bar has begun to fill")
+        before = dialog.part_to_do()
+        self.desktop.key("Return", "alt+F4")  # neither does anything during a job
+        dialog.wait_for_new_face("the keyboard is with the Cancel button", lambda: self.desktop.key("Tab"))
+        self.assertLess(statistics.median(self.answers(dialog, 10)), 0.1)
+        self.wait_until(lambda: 0.1 < dialog.part_to_do() < before, "the bar moves on")
+
+        dialog.cancel()
+        self.wait_until(lambda: not dialog.part_to_do(), "the bar tells only that the movie is being saved")
+        stripes = dialog.bar()
+        self.wait_until(lambda: dialog.bar() != stripes, "the stripes move")
+        *form, frames = dialog.wait_finished(movie)
+        self.assertEqual(form, ["h264", 1920, 1080])
+        self.assertTrue(20 < frames < 1201, frames)
+        dialog.cancel()
+        dialog.wait_gone()
+
+    def answers(self, dialog, count):
+        for _ in range(count):
+            begin = time.monotonic()
+            yield dialog.time_to_answer()
+            time.sleep(max(0, begin + 0.1 - time.monotonic()))
+
+    def test_the_end_of_the_program_keeps_what_has_been_made(self):
+        ways = {
+            "signal": lambda timer: timer.process.send_signal(signal.SIGTERM),
+            "task bar": lambda timer: self.desktop.ask("_NET_CLOSE_WINDOW", timer.window),
+        }
+        for name, leave in ways.items():
+            with self.subTest(name):
+                timer = self.launch()
+                dialog = MovieDialog(timer)
+                dialog.enter(3600, 320, 240, 30)
+                movie = dialog.start(compression=["Return"])
+                dialog.wait_busy()
+                self.wait_until(lambda: 0.5 < dialog.part_to_do() < 1, "there are frames")
+                begin = time.monotonic()
+                leave(timer)
+                self.assertEqual(timer.end(), (0, ""))
+                self.assertLess(time.monotonic() - begin, 2)
+                frames = probe(movie)[-1]
+                self.assertTrue(100 < frames < 108_001, frames)
+
+
+if __name__ == "__main__":
+    main()
