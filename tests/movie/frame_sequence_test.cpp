@@ -9,28 +9,29 @@ using testing::ElementsAreArray;
 namespace {
 
 /// So many frames in a row that show the same.
-struct Run {
+struct Stretch {
     Int32 frames;
     Int32 seconds;
     bool showsTimeUp = false;
 
-    bool operator==(const Run&) const = default;
+    bool ShowsAs(const Stretch& other) const { return seconds == other.seconds && showsTimeUp == other.showsTimeUp; }
+    bool operator==(const Stretch&) const = default;
 };
-constexpr Run kEnd{1, 0, true};
+constexpr Stretch kEnd{1, 0, true};
 
-std::ostream& operator<<(std::ostream& stream, const Run& run) {
-    return stream << run.frames << " of " << run.seconds << (run.showsTimeUp ? " with the text" : "");
+std::ostream& operator<<(std::ostream& stream, const Stretch& stretch) {
+    return stream << stretch.frames << " of " << stretch.seconds << (stretch.showsTimeUp ? " with the text" : "");
 }
 
 /// All frames of a movie, in its order.
-std::vector<Run> Runs(const FrameSequence& frames) {
-    std::vector<Run> runs;
+std::vector<Stretch> Stretches(const FrameSequence& frames) {
+    std::vector<Stretch> stretches;
     for (Int32 i = frames.Count(); i >= 0; --i) {
-        const Run next{1, frames.Seconds(i), FrameSequence::ShowsTimeUp(i)};
-        const bool isNew = runs.empty() || Run{1, runs.back().seconds, runs.back().showsTimeUp} != next;
-        isNew ? runs.push_back(next) : void(++runs.back().frames);
+        const Stretch next{1, frames.Seconds(i), FrameSequence::ShowsTimeUp(i)};
+        const bool goesOn = !stretches.empty() && stretches.back().ShowsAs(next);
+        goesOn ? void(++stretches.back().frames) : stretches.push_back(next);
     }
-    return runs;
+    return stretches;
 }
 
 TEST(FrameSequenceTest, GoesFromTheFullTimeToZero) {
@@ -38,12 +39,12 @@ TEST(FrameSequenceTest, GoesFromTheFullTimeToZero) {
         Int32 startTime;
         double frameRate;
         Int32 count;
-        std::vector<Run> first, last;
+        std::vector<Stretch> first, last;
     };
     for (const Row& row : {
              Row{3600, 1, 3600, {{1, 3600}, {1, 3599}, {1, 3598}}, {{1, 2}, {1, 1}, kEnd}},
              Row{10, 30, 300, {{1, 10}, {30, 9}, {30, 8}}, {{30, 1}, {29, 0}, kEnd}},
-             Row{10, 2.5, 25, {{1, 10}, {2, 9}, {3, 8}}, {{3, 1}, {2, 0}, kEnd}},
+             Row{10, 2.5, 25, {{1, 10}, {2, 9}, {3, 8}}, {{2, 1}, {2, 0}, kEnd}},
              Row{95, 0.1, 10, {{1, 100}, {1, 90}, {1, 80}}, {{1, 20}, {1, 10}, kEnd}},
              Row{7, 0.3, 3, {{1, 10}, {1, 6}, {1, 3}, kEnd}, {kEnd}},
              Row{3600, 0.07, 253, {{1, 3600}, {1, 3599}, {1, 3585}}, {{1, 28}, {1, 14}, kEnd}},
@@ -56,10 +57,11 @@ TEST(FrameSequenceTest, GoesFromTheFullTimeToZero) {
         SCOPED_TRACE(testing::Message() << row.startTime << " s at " << row.frameRate);
         const FrameSequence frames(row.startTime, row.frameRate);
         EXPECT_EQ(frames.Count(), row.count);
-        const std::vector<Run> runs = Runs(frames);
-        ASSERT_GE(runs.size(), row.first.size());
-        EXPECT_THAT(std::vector(runs.begin(), runs.begin() + std::ssize(row.first)), ElementsAreArray(row.first));
-        EXPECT_THAT(std::vector(runs.end() - std::ssize(row.last), runs.end()), ElementsAreArray(row.last));
+        const std::vector<Stretch> stretches = Stretches(frames);
+        ASSERT_GE(stretches.size(), row.first.size());
+        EXPECT_THAT(std::vector(stretches.begin(), stretches.begin() + std::ssize(row.first)),
+                    ElementsAreArray(row.first));
+        EXPECT_THAT(std::vector(stretches.end() - std::ssize(row.last), stretches.end()), ElementsAreArray(row.last));
     }
 }
 

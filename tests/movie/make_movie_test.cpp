@@ -5,7 +5,9 @@
 
 #include "movie/FileTypes.h"
 #include "movie/winMakeMovie.h"
+#include "platform/Application.h"
 #include "platform/Controls.h"
+#include "platform/Picture.h"
 #include "platform/Thread.h"
 #include "platform/qt/OpenWindows.h"
 #include "tests/support/Files.h"
@@ -123,6 +125,9 @@ TEST_F(MakeMovieTest, CancelStopsTheJobAndThenClosesTheDialog) {
     Set("3600", "30", false, true);
     ASSERT_TRUE(IsUnderWay());
     EXPECT_FALSE(Dialog().Find<GroupBox>("GroupBox1").Enabled());
+    host.calls.clear();
+    Dialog().bStart_Action();
+    EXPECT_THAT(host.calls, IsEmpty()) << "one press too many";
     Dialog().bCancel_Action();
     ASSERT_TRUE(IsOpen());
     ASSERT_TRUE(Eventually(IsIdle));
@@ -142,16 +147,58 @@ TEST_F(MakeMovieTest, TheChosenRateReplacesTheTypedOne) {
     EXPECT_EQ(Field("eFrameRate").Text(), "1");
 }
 
-TEST_F(MakeMovieTest, WhatFailsBeforeTheJobLeavesNothingBehind) {
-    Set("4", "1", true, false);
-    host.isCompressionConfirmed = false;
-    Dialog().bStart_Action();
-    EXPECT_FALSE(std::filesystem::exists(host.fileToSave));
+TEST_F(MakeMovieTest, FramesAreTheClockFromTheFullTimeToTimeIsUp) {
+    Set("2", "2.5", false, false);
+    Field("eScale").Text("60");
+    Timer().Color_Clock_Wedge = RGB(0, 0, 255);
+    ASSERT_TRUE(RunsToItsEnd());
+    std::string expected;
+    for (const auto& [seconds, showTimeUp] :
+         {std::pair{2, false}, {1, false}, {1, false}, {0, false}, {0, false}, {0, true}}) {
+        const Ref<Picture> picture = NewPicture(48, 33, 32);
+        Timer().Redraw(picture->Graphics(), seconds, 0.6, true, showTimeUp);
+        for (const std::uint32_t pixel : picture->Bits())
+            expected += {char(pixel >> 16), char(pixel >> 8), char(pixel)};
+    }
+    EXPECT_NE(LoadText(host.fileToSave).find(expected), std::string::npos);
+}
 
-    host.fileToSave = host.preferencesFolder;  // a name that is a folder
-    Dialog().bStart_Action();
-    EXPECT_TRUE(std::filesystem::exists(host.preferencesFolder));
-    EXPECT_TRUE(IsIdle());
+TEST_F(MakeMovieTest, WhatFailsBeforeTheJobLeavesNothingBehind) {
+    const auto start = [](const char* width) {
+        Set("4", "1", true, true);
+        Field("eSizeX").Text(width);
+        Dialog().bStart_Action();
+        EXPECT_TRUE(IsIdle());
+    };
+    start("70000");  // more than a track can have
+    EXPECT_FALSE(std::filesystem::exists(host.fileToSave));
+    host.isCompressionConfirmed = false;
+    start("48");
+    EXPECT_FALSE(std::filesystem::exists(host.fileToSave));
+    for (const char* name : {"", "no such folder/clock.mov"}) {
+        host.fileToSave = host.preferencesFolder / name;
+        start("48");
+        EXPECT_EQ(std::filesystem::exists(host.fileToSave), *name == '\0') << "a folder is left alone";
+    }
+    EXPECT_THAT(host.messages, IsEmpty());
+}
+
+TEST_F(MakeMovieTest, WhatFailsInTheJobEndsNothingButTheMovie) {
+    {
+        const FileSizeLimit fullDisk(20'000);
+        Set("30", "10", false, false);
+        ASSERT_TRUE(RunsToItsEnd());
+    }
+    Set("3600", "30", false, false);
+    ASSERT_TRUE(IsUnderWay());
+    std::filesystem::remove(host.fileToSave);
+    Dialog().bCancel_Action();
+    ASSERT_TRUE(Eventually(IsIdle));
+    EXPECT_FALSE(std::filesystem::exists(host.fileToSave));
+    Set("-1", "10", false, true);
+    ASSERT_TRUE(RunsToItsEnd());
+    EXPECT_EQ(FrameCount(), 0) << "a negative time has no frame";
+    EXPECT_THAT(host.calls, Contains("Launch " + host.fileToSave.string()));
     EXPECT_THAT(host.messages, IsEmpty());
 }
 
@@ -160,9 +207,17 @@ TEST_F(MakeMovieTest, TheEndOfTheProgramEndsTheJobAndKeepsTheMovie) {
     ASSERT_TRUE(IsUnderWay());
     QElapsedTimer timer;
     timer.start();
+    Quit(0);
     open_windows::Clear();
     EXPECT_LT(timer.elapsed(), 2000);
     EXPECT_GT(FrameCount(), 20);
+}
+
+TEST_F(MakeMovieTest, NoJobBeginsOnceTheProgramEnds) {
+    Set("3600", "30", false, false);
+    Quit(0);
+    Dialog().bStart_Action();
+    EXPECT_EQ(Dialog().Find<Thread>("thr").State(), Thread::States::NotRunning);
 }
 
 }  // namespace
