@@ -48,7 +48,10 @@ CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testIm
     connect(&quality_, &QSlider::valueChanged, this, [this] { Encode(); });
     connect(&frameRate_, &QLineEdit::textChanged, this, [this] { Encode(); });
     connect(&frameRate_, &QLineEdit::editingFinished, this, [this] { ShowFrameRate(FrameRate()); });
-    connect(&isActualSize_, &QCheckBox::toggled, this, [this] { ShowPreview(); });
+    connect(&isActualSize_, &QCheckBox::toggled, this, [this] {
+        ShowPreview();
+        ShowMiddle();
+    });
     Encode();
 }
 
@@ -153,4 +156,11 @@ void CompressionDialog::ShowPreview() {
         picture.setDevicePixelRatio(ratio);
     }
     preview_.setPixmap(picture);
+}
+
+// The clock is there; the corners are empty.
+void CompressionDialog::ShowMiddle() {
+    preview_.adjustSize();
+    const QSize half = kPreviewSize / 2;
+    previewArea_.ensureVisible(preview_.width() / 2, preview_.height() / 2, half.width(), half.height());
 }

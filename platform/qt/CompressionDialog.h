@@ -32,6 +32,7 @@ class CompressionDialog final : public QDialog {
     void Encode();
     void ShowSample(const std::optional<EncodedSample>& sample);
     void ShowPreview();
+    void ShowMiddle();
 
     const QSize frameSize_;
     const double proposedRate_;
