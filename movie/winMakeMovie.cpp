@@ -69,6 +69,14 @@ void winMakeMovie::_CreateControls0() {
     size.TextFont("SmallSystem");
     size.TextAlign(TextAlignment::Right);
 
+    for (const auto& [text, of] : {std::pair("StaticText1", "eStart"),
+                                   {"StaticText3", "eSizeX"},
+                                   {"StaticText8", "eScale"},
+                                   {"StaticText5", "eFrameRate"}})
+        Find<StaticText>(text).LabelFor(Find<EditField>(of));
+    Find<EditField>("eSizeX").AccessibleName("Frame width");
+    Find<EditField>("eSizeY").AccessibleName("Frame height");
+
     auto& progress = AddControl<ProgressBar>("ProgressBar1", 20, 280, 173, 20, 1);
     progress.Maximum(3600);
     progress.Visible(false);

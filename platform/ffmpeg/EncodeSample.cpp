@@ -52,9 +52,9 @@ std::optional<EncodedSample> EncodeSample(const CompressionSettings& settings, s
     const Int32 width = pictures.front()->Width();
     const Int32 height = pictures.front()->Height();
     Packets packets;
-    const auto encoder = Encoder::Open(settings, width, height, [&packets](AVPacket& packet) {
+    const auto encoder = Encoder::Open(settings, width, height, [&packets, &stop](AVPacket& packet) {
         packets.emplace_back(av_packet_clone(&packet));
-        return packets.back() != nullptr;
+        return packets.back() != nullptr && !stop.stop_requested();
     });
     FrameMaker frameMaker(FindCodec(settings.codec), width, height);
     Owned<AVFrame> frame;

@@ -3,6 +3,8 @@
 import subprocess
 import time
 
+from timer import Dialog
+
 
 def probe(movie):
     """The codec, the width, the height and the number of frames, each of which has been decoded; None if unfinished."""
@@ -12,27 +14,18 @@ def probe(movie):
     return (codec, *map(int, numbers)) if numbers else None
 
 
-class MovieDialog:
-    """Open. Positions are in its own pixels."""
+class MovieDialog(Dialog):
+    """The Create Movie dialog, opened by its shortcut."""
 
     CANCEL, FACE_OF_CANCEL = (243, 290), (210, 290)
     LABELS, BOXES, BAR, START = (30, 40, 90, 130), (30, 170, 250, 65), (23, 290, 167, 1), (300, 280, 70, 20)
     TEXT, EMPTY_BAR = 0x000000, 0xFFFFFF
 
     def __init__(self, timer):
-        self.desktop, self.wait_until = timer.desktop, timer.desktop.wait_until
+        timer.desktop.key("ctrl+m")
+        super().__init__(timer, "Create Movie")
         self.movies = timer.file.parent.parent / "Videos"  # where the save dialog begins
         self.movies.mkdir(exist_ok=True)
-        self.desktop.key("ctrl+m")
-        self.window = self.wait_for("Create Movie")
-
-    def wait_for(self, title):
-        window = self.wait_until(lambda: self.desktop.windows().get(title), f"{title} opens")
-        self.wait_until(lambda: self.desktop.has_keys(window), f"{title} has the keyboard")
-        return window
-
-    def wait_gone(self, title="Create Movie"):
-        self.wait_until(lambda: title not in self.desktop.windows(), f"{title} closes")
 
     def enter(self, seconds, width, height, rate):
         """From the first field on; afterwards the keyboard is with the first box, to show the compression dialog."""
@@ -41,19 +34,19 @@ class MovieDialog:
 
     def start(self, name="", compression=()):
         """Start and the dialogs after it, by keys; `compression` are those for the second. Gives the file."""
-        self.wait_for("Create Movie")
+        self.wait_for_keys()
         self.desktop.key("Return")
-        self.wait_for("Save As")
+        Dialog(self.timer, "Save As")
         self.desktop.key(*name, "Return")
         if compression:
-            self.wait_for("Compression Settings")
+            Dialog(self.timer, "Compression Settings")
             self.desktop.key(*compression)
         return self.movies / (name or "Dwindledial.mov")
 
     def wait_busy(self):
         """The dialogs after Start lie over this one and could pass for its bar."""
         for title in ("Save As", "Compression Settings"):
-            self.wait_gone(title)
+            self.wait_until(lambda: title not in self.desktop.windows(), f"{title} closes")
         self.wait_until(lambda: not self.is_enabled(), "the settings are disabled")
 
     def wait_finished(self, movie):

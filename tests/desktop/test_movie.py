@@ -9,7 +9,7 @@ import time
 from unittest import mock
 
 from movie import MovieDialog, probe
-from timer import DesktopTest, main
+from timer import DesktopTest, Dialog, main
 
 
 class MovieTest(DesktopTest):
@@ -43,11 +43,10 @@ class MovieTest(DesktopTest):
     def test_cancel_in_a_dialog_leaves_no_file(self):
         dialog = MovieDialog(self.launch())
         self.desktop.key("Return")
-        dialog.wait_for("Save As")
+        save = Dialog(dialog.timer, "Save As")
         self.desktop.key("Escape")
-        dialog.wait_gone("Save As")
+        save.wait_gone()
         dialog.start(compression=["Escape"])
-        dialog.wait_gone("Compression Settings")
         self.wait_until(lambda: not list(dialog.movies.iterdir()), "the file has gone again")
         self.wait_until(dialog.is_idle, "the dialog is idle")
 

@@ -15,7 +15,7 @@ CONTROLS = {
         *(("push button", button) for button in ("OK", "Cancel", "Use Defaults")),
     },
     "Create Movie": {
-        *(("text", field) for field in ("Start Time:", "Frame Size:", "x", "Clock Size:", "Frame Rate:")),
+        *(("text", field) for field in ("Start Time:", "Frame width", "Frame height", "Clock Size:", "Frame Rate:")),
         *(("check box", box) for box in ("Show Compression Settings", "Open Movie upon Completion")),
         *(("push button", button) for button in ("Cancel", "Start")),
     },

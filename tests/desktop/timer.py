@@ -144,8 +144,12 @@ class Dialog:
 
     def __init__(self, timer, title):
         self.timer, self.desktop, self.title = timer, timer.desktop, title
-        self.window = self.desktop.wait_until(lambda: self.desktop.windows().get(title), f"{title} opens")
-        self.desktop.wait_until(lambda: self.desktop.has_keys(self.window), f"{title} has the keyboard")
+        self.wait_until = self.desktop.wait_until
+        self.window = self.wait_until(lambda: self.desktop.windows().get(title), f"{title} opens")
+        self.wait_for_keys()
+
+    def wait_for_keys(self):
+        self.wait_until(lambda: self.desktop.has_keys(self.window), f"{self.title} has the keyboard")
 
     def click(self, *places):
         (left, top, *_), scale = self.desktop.place(self.window), self.timer.scale
@@ -159,10 +163,10 @@ class Dialog:
 
     def wait_closed(self):
         self.wait_gone()
-        self.desktop.wait_until(lambda: self.desktop.has_keys(self.timer.window), "the timer has the keyboard again")
+        self.wait_until(lambda: self.desktop.has_keys(self.timer.window), "the timer has the keyboard again")
 
     def wait_gone(self):
-        self.desktop.wait_until(lambda: self.title not in self.desktop.windows(), f"{self.title} closes")
+        self.wait_until(lambda: self.title not in self.desktop.windows(), f"{self.title} closes")
 
 
 class SetTimer(Dialog):
