@@ -1,5 +1,6 @@
 #include "platform/Application.h"
 
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 #include <filesystem>
 #include <vector>
@@ -54,6 +55,7 @@ void RuntimeInit(int& argc, char** argv, const std::string& name, const std::str
     runtime.toolkit = std::make_unique<QApplication>(argc, argv);
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(desktopId));
+    QApplication::setWindowIcon(QIcon::fromTheme(QString::fromStdString(desktopId)));
     QApplication::setQuitOnLastWindowClosed(false);
     InstallAccessibility();
     runtime.signals = std::make_unique<EndSignals>(open_windows::CloseAll);

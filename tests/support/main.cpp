@@ -3,12 +3,13 @@
 #include <cstdlib>
 
 #include "platform/Application.h"
+#include "shell/desktop_id.h"
 #include "tests/support/RecordingHost.h"
 
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    RuntimeInit(argc, argv, "Dwindledial", "org.example.dwindledial", nullptr);
+    RuntimeInit(argc, argv, "Dwindledial", kDesktopId, nullptr);
     RecordingHost::InstallNew();
     const int result = RUN_ALL_TESTS();
     RuntimeExit();
