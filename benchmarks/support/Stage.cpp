@@ -19,6 +19,6 @@ Stage::~Stage() { RuntimeExit(); }
 
 RecordingHost& Stage::BringUp(int& argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    RuntimeInit(argc, argv, "Dwindledial", "org.example.dwindledial");
+    RuntimeInit(argc, argv, "Dwindledial", "org.example.dwindledial", nullptr);
     return RecordingHost::InstallNew();
 }
