@@ -59,7 +59,8 @@ int CanvasAccessible::indexOfChild(const QAccessibleInterface* child) const { re
 QStringList CanvasAccessible::actionNames() const { return Told().Press ? QStringList(pressAction()) : QStringList(); }
 
 void CanvasAccessible::doAction(const QString& name) {
-    if (name == pressAction()) Deliver(Told().Press);
+    const bool canBePressed = widget()->isEnabled();  // and not, say, behind a dialog
+    if (canBePressed && name == pressAction()) Deliver(Told().Press);
 }
 
 QVariant CanvasAccessible::currentValue() const { return Deliver(Told().Value); }

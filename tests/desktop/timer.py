@@ -31,6 +31,18 @@ def bitmap(name):
     return b"".join(pixel + b"\0" for row in rows for (pixel,) in struct.iter_unpack("3s", row))
 
 
+def seconds_shown(picture):
+    """The time that the wedge shows, from its share of the disc inside of the marks. Wants the default colours."""
+    x, y = picture.width // 2, picture.height // 2
+    radius = int(0.35 * min(picture.width, picture.height))
+    white = total = 0
+    for dy in range(-radius, radius):
+        reach = round(math.sqrt(radius**2 - (dy + 0.5) ** 2))
+        white += sum(picture.rows[y + dy][4 * (x - reach) + 1 : 4 * (x + reach) : 4]) / 255
+        total += 2 * reach
+    return round(3600 * (1 - white / total))
+
+
 class Timer:
     """The program, running. Positions are those of its canvas, in its own pixels."""
 
@@ -90,16 +102,7 @@ class Timer:
         self.desktop.wait_until(lambda: self.state() == state, f"the timer is {state}")
 
     def seconds(self):
-        """The time that the wedge shows, from its share of the disc inside of the marks. Wants the default colours."""
-        picture = self.picture()
-        x, y = picture.width // 2, picture.height // 2
-        radius = int(0.35 * min(picture.width, picture.height))
-        white = total = 0
-        for dy in range(-radius, radius):
-            reach = round(math.sqrt(radius**2 - (dy + 0.5) ** 2))
-            white += sum(picture.rows[y + dy][4 * (x - reach) + 1 : 4 * (x + reach) : 4]) / 255
-            total += 2 * reach
-        return round(3600 * (1 - white / total))
+        return seconds_shown(self.picture())
 
     def move(self, x, y):
         left, top, *_ = self.place()
