@@ -7,6 +7,7 @@
 #include "movie/FileTypes.h"
 #include "platform/Application.h"
 #include "shell/App.h"
+#include "shell/desktop_id.h"
 #include "tests/support/RecordingHost.h"
 
 Stage::Stage(int& argc, char** argv) : host(BringUp(argc, argv)) {
@@ -19,6 +20,6 @@ Stage::~Stage() { RuntimeExit(); }
 
 RecordingHost& Stage::BringUp(int& argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    RuntimeInit(argc, argv, "Dwindledial", "org.example.dwindledial", nullptr);
+    RuntimeInit(argc, argv, "Dwindledial", kDesktopId, nullptr);
     return RecordingHost::InstallNew();
 }

@@ -24,7 +24,7 @@ FILES = {
 def run(*command, **environment):
     """What the command says; an error that tells it all if it fails."""
     done = subprocess.run([str(part) for part in command], env=os.environ | environment, stdin=subprocess.DEVNULL,
-                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, umask=0o022)
     if done.returncode:
         raise AssertionError(f"{' '.join(done.args)} ended with {done.returncode}:\n{done.stdout}")
     return done.stdout
