@@ -13,7 +13,7 @@
 
 namespace {
 
-/// What lastColorAsHexString holds when the colour has not come from a text; no text to be dropped is that.
+/// What lastColorAsHexString holds when the colour has not come from a text.
 constexpr const char* kNoText = "?";
 
 /// How far the pointer may stray in a press before it becomes a drag.
@@ -28,7 +28,7 @@ std::string TwoDigits(Int32 component) {
 
 /// The colour itself, in a thin frame that shows on any ground.
 Ref<Picture> PictureToDrag(Color color, double scale) {
-    const Ref<Picture> picture = NewPicture(kDragSize, kDragSize, 32, scale);
+    Ref<Picture> picture = NewPicture(kDragSize, kDragSize, 32, scale);
     const Ref<Graphics> g = picture->Graphics();
     g->ForeColor(color);
     g->FillRect(0, 0, kDragSize, kDragSize);
@@ -117,6 +117,7 @@ void SmartColorWell::pickColor() {
     ColorSelected = c;
     if (isConfirmed) {
         lastColorAsHexString = kNoText;
+        DescriptionChanged();
         if (ColorChange) ColorChange(ColorSelected);
     }
     draw();
@@ -126,6 +127,7 @@ void SmartColorWell::setColor(Color c) {
     if (c == ColorSelected) return;
     ColorSelected = c;
     lastColorAsHexString = kNoText;
+    DescriptionChanged();
     draw();
     if (ColorChange) ColorChange(ColorSelected);
 }
@@ -134,12 +136,13 @@ std::string SmartColorWell::getColorAsHexString() const {
     return "#" + TwoDigits(ColorSelected.Red()) + TwoDigits(ColorSelected.Green()) + TwoDigits(ColorSelected.Blue());
 }
 
-void SmartColorWell::setColorFromHexString(std::string text) {
+void SmartColorWell::setColorFromHexString(const std::string& text) {
     if (text == lastColorAsHexString) return;
     lastColorAsHexString = text;
     const Color before = ColorSelected;
     ColorSelected = integer2Color(ToInt32(Val("&h" + Replace(text, "#", ""))));
     if (ColorSelected == before) return;
+    DescriptionChanged();
     draw();
     if (ColorChange) ColorChange(ColorSelected);
 }

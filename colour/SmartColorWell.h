@@ -45,7 +45,7 @@ class SmartColorWell : public Canvas {
     /// Takes a colour as getColorAsHexString writes it, with or without the "#", in either case of letters. Any other
     /// text gives whatever colour its beginning yields. The same text as the last time is not taken again, unless the
     /// colour has come from elsewhere since.
-    void setColorFromHexString(std::string text);
+    void setColorFromHexString(const std::string& text);
 
   protected:
     // The look (colour/SmartColorWell_draw.cpp).

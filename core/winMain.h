@@ -67,7 +67,7 @@ class winMain final : public Window {
     std::string InWords() const;
     /// Has the state said that has just been entered.
     void AnnounceState();
-    /// Lets the words be asked for again when the time has come to another minute.
+    /// Lets the words be asked for again when the time has been set, or has come to another minute.
     void RenewWords();
 
     // Input (core/winMain_input.cpp).
@@ -143,6 +143,6 @@ class winMain final : public Window {
     Int32 mWidth = 0;
     Int32 mHeight = 0;
 
-    /// The minute that a screen reader was told of last.
-    Int32 mMinutesInWords = 0;
+    /// The time that a screen reader was told of last.
+    Int32 mToldSeconds = 0;
 };

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include "core/winMain.h"
@@ -22,13 +23,14 @@ std::string Remaining(Int32 seconds) {
 
 std::string winMain::InWords() const {
     if (IsDone) return "Time is Up!";
-    return std::string(IsRunning ? "Running" : "Stopped") + ", " + Remaining(CurrentSeconds) + " left";
+    return std::string(IsRunning ? "Running" : "Stopped") + ", " + Remaining(std::max(CurrentSeconds, 0)) + " left";
 }
 
 void winMain::AnnounceState() { Find<Canvas>("cvTime").Announce(InWords()); }
 
-// Once a minute, since each tick would be too much talk. Nothing is said: whoever wants to know the time asks for it.
+// While it runs once a minute, since each tick would be too much talk. Nothing is said: whoever wants to know the time
+// asks for it.
 void winMain::RenewWords() {
-    const Int32 minutes = (CurrentSeconds + 59) / 60;
-    if (std::exchange(mMinutesInWords, minutes) != minutes) Find<Canvas>("cvTime").DescriptionChanged();
+    const Int32 told = IsRunning ? CurrentSeconds / 60 * 60 : CurrentSeconds;
+    if (std::exchange(mToldSeconds, told) != told) Find<Canvas>("cvTime").DescriptionChanged();
 }

@@ -32,6 +32,7 @@ class winMakeMovie final : public Window {
     void eFrameRate_TextChange();
     void eScale_TextChange();
     void Event_Open() override;
+    void Event_Close() override;
     /// Shows how large the movie would be without compression.
     void CalculateSize();
 

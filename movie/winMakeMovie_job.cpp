@@ -76,6 +76,12 @@ void winMakeMovie::bCancel_Action() {
     }
 }
 
+// With a job only when the program ends, and has ended the worker: what it has made is saved.
+void winMakeMovie::Event_Close() {
+    m = nullptr;
+    t = nullptr;
+}
+
 void winMakeMovie::thr_Run() {
     auto& progress = Find<ProgressBar>("ProgressBar1");
     Cancel = false;

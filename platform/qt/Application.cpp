@@ -3,12 +3,14 @@
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 #include <filesystem>
+#include <utility>
 #include <vector>
 
 #include "platform/Host.h"
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/DesktopHost.h"
 #include "platform/qt/EventBoundary.h"
+#include "platform/qt/LostDisplay.h"
 #include "platform/qt/OpenWindows.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/WindowPeer.h"
@@ -53,6 +55,11 @@ Application* Application::Registered() { return runtime.application.get(); }
 void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId,
                  const Ref<FolderItem>& alertSound) {
     runtime.toolkit = std::make_unique<QApplication>(argc, argv);
+    OnLostDisplay([] {
+        open_windows::CloseAll();
+        AbandonHandlers();
+        open_windows::Clear();
+    });
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(desktopId));
     QApplication::setWindowIcon(QIcon::fromTheme(QString::fromStdString(desktopId)));

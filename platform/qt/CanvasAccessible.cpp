@@ -1,38 +1,47 @@
 #include "platform/qt/CanvasAccessible.h"
 
+#include <QtCore/QPointer>
+#include <QtWidgets/QApplication>
+
 #include "platform/qt/EventBoundary.h"
 
 /// A text that is said when it appears.
 class Announcement final : public QAccessibleInterface {
   public:
-    explicit Announcement(CanvasWidget& canvas) : canvas_(canvas) {}
+    explicit Announcement(CanvasWidget& canvas) : canvas_(&canvas) {}
 
     void Text(const std::string& text) { text_ = QString::fromStdString(text); }
 
-    bool isValid() const override { return true; }
+    // A reader may hold it longer than there is a canvas.
+    bool isValid() const override { return canvas_ != nullptr; }
     QObject* object() const override { return nullptr; }
-    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(&canvas_); }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(canvas_); }
     QAccessibleInterface* child(int) const override { return nullptr; }
     QAccessibleInterface* childAt(int, int) const override { return nullptr; }
     int childCount() const override { return 0; }
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
     QString text(QAccessible::Text which) const override { return which == QAccessible::Name ? text_ : QString(); }
     void setText(QAccessible::Text, const QString&) override {}
-    QRect rect() const override { return parent()->rect(); }
+    QRect rect() const override { return canvas_ ? parent()->rect() : QRect(); }
     QAccessible::Role role() const override { return QAccessible::Notification; }
-    QAccessible::State state() const override { return parent()->state(); }
+    QAccessible::State state() const override { return canvas_ ? parent()->state() : QAccessible::State(); }
 
   private:
-    CanvasWidget& canvas_;
+    QPointer<CanvasWidget> canvas_;
     QString text_;
 };
 
-CanvasAccessible::CanvasAccessible(CanvasWidget& canvas)
-    : QAccessibleWidget(&canvas), announcement_(QAccessible::registerAccessibleInterface(new Announcement(canvas))) {}
+CanvasAccessible::~CanvasAccessible() {
+    if (announcement_ != kNone) QAccessible::deleteAccessibleInterface(announcement_);
+}
 
 const Accessible& CanvasAccessible::Told() const { return static_cast<CanvasWidget*>(widget())->Owner().Accessibility; }
 
-Announcement& CanvasAccessible::Latest() const {
+Announcement& CanvasAccessible::Latest() {
+    if (announcement_ == kNone) {
+        announcement_ =
+            QAccessible::registerAccessibleInterface(new Announcement(static_cast<CanvasWidget&>(*widget())));
+    }
     return static_cast<Announcement&>(*QAccessible::accessibleInterface(announcement_));
 }
 
@@ -52,15 +61,31 @@ void* CanvasAccessible::interface_cast(QAccessible::InterfaceType type) {
     return QAccessibleWidget::interface_cast(type);
 }
 
-QAccessibleInterface* CanvasAccessible::child(int index) const { return index == 0 ? &Latest() : nullptr; }
+QAccessibleInterface* CanvasAccessible::child(int index) const {
+    return index < childCount() ? QAccessible::accessibleInterface(announcement_) : nullptr;
+}
 
-int CanvasAccessible::indexOfChild(const QAccessibleInterface* child) const { return child == &Latest() ? 0 : -1; }
+int CanvasAccessible::indexOfChild(const QAccessibleInterface* wanted) const {
+    return wanted && wanted == child(0) ? 0 : -1;
+}
 
-QStringList CanvasAccessible::actionNames() const { return Told().Press ? QStringList(pressAction()) : QStringList(); }
+// Not behind a dialog, be it one of ours or of the toolkit's.
+bool CanvasAccessible::CanBePressed() const {
+    const QWidget* const dialog = QApplication::activeModalWidget();
+    return Told().Press && widget()->isEnabled() && (!dialog || dialog == widget()->window());
+}
 
+QStringList CanvasAccessible::actionNames() const {
+    return CanBePressed() ? QStringList(pressAction()) : QStringList();
+}
+
+// Once the reader has its answer: a press may open a dialog and wait for it.
 void CanvasAccessible::doAction(const QString& name) {
-    const bool canBePressed = widget()->isEnabled();  // and not, say, behind a dialog
-    if (canBePressed && name == pressAction()) Deliver(Told().Press);
+    if (name != pressAction() || !CanBePressed()) return;
+    const auto press = [canvas = static_cast<CanvasWidget*>(widget())] {
+        Deliver(canvas->Owner().Accessibility.Press);
+    };
+    QMetaObject::invokeMethod(widget(), press, Qt::QueuedConnection);
 }
 
 QVariant CanvasAccessible::currentValue() const { return Deliver(Told().Value); }

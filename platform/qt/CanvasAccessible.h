@@ -6,7 +6,7 @@
 
 #include "platform/qt/CanvasWidget.h"
 
-/// A canvas as screen readers see it. Its one child is the latest announcement.
+/// A canvas as screen readers see it. Its one child, once there is one, is the latest announcement.
 class CanvasAccessible final : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     /// Tells a screen reader that it has to ask for the description again.
@@ -14,12 +14,13 @@ class CanvasAccessible final : public QAccessibleWidget, public QAccessibleValue
     /// Has the text said, if a screen reader is there.
     static void Say(CanvasWidget& canvas, const std::string& text);
 
-    explicit CanvasAccessible(CanvasWidget& canvas);
+    explicit CanvasAccessible(CanvasWidget& canvas) : QAccessibleWidget(&canvas) {}
+    ~CanvasAccessible() override;
 
     QAccessible::Role role() const override;
     QString text(QAccessible::Text which) const override;
     void* interface_cast(QAccessible::InterfaceType type) override;
-    int childCount() const override { return 1; }
+    int childCount() const override { return announcement_ == kNone ? 0 : 1; }
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
     QStringList actionNames() const override;
@@ -33,8 +34,11 @@ class CanvasAccessible final : public QAccessibleWidget, public QAccessibleValue
 
   private:
     const Accessible& Told() const;
-    class Announcement& Latest() const;
+    bool CanBePressed() const;
+    /// Makes the announcement when there is none yet.
+    class Announcement& Latest();
 
-    /// The toolkit's registry owns what this names.
-    QAccessible::Id announcement_;
+    static constexpr QAccessible::Id kNone = 0;
+    /// The toolkit's registry holds what this names.
+    QAccessible::Id announcement_ = kNone;
 };

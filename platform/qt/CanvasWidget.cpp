@@ -15,6 +15,13 @@
 #include "platform/qt/Pixels.h"
 #include "platform/qt/WindowPeer.h"
 
+namespace {
+
+// The toolkit also makes a text of what is only a link to a file.
+bool IsText(const QMimeData& data) { return data.hasFormat(QStringLiteral("text/plain")); }
+
+}  // namespace
+
 CanvasWidget::CanvasWidget(Canvas& owner) : owner_(owner) {
     setFocusPolicy(Qt::NoFocus);
     setMouseTracking(true);
@@ -58,7 +65,9 @@ void CanvasWidget::mouseMoveEvent(QMouseEvent* event) {
         Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
         if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // the drag has taken the button's release
     } else if (event->buttons() == Qt::NoButton) {
-        isPressed_ = false;  // a release is lost when the window was blocked by then
+        constexpr QPointF kOutside(-1, -1);
+        Release(kOutside);  // the real one is lost when the window was blocked by then
+        SetPointer(event->position());
         Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
         WindowPeer::Of(*this).MouseMoved(pointer_.x() + x(), pointer_.y() + y());
     }
@@ -75,12 +84,13 @@ void CanvasWidget::Drag(const DragItem& item, QPoint hold) {
 
 // A source that offers to move its text would lose it.
 void CanvasWidget::dragEnterEvent(QDragEnterEvent* event) {
-    if (!event->mimeData()->hasText()) return;
+    if (!IsText(*event->mimeData())) return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
 }
 
 void CanvasWidget::dropEvent(QDropEvent* event) {
+    if (!IsText(*event->mimeData())) return;
     const auto item = MakeRef<DragItem>();
     item->Text(event->mimeData()->text().toStdString());
     event->setDropAction(Qt::CopyAction);

@@ -42,7 +42,11 @@ thread_local std::vector<std::function<void()>> postponed;
 HandlerUnderWay::HandlerUnderWay() { ++handlersUnderWay; }
 
 HandlerUnderWay::~HandlerUnderWay() {
-    if (--handlersUnderWay > 0) return;
+    if (--handlersUnderWay == 0) AbandonHandlers();
+}
+
+void AbandonHandlers() {
+    handlersUnderWay = 0;
     for (const auto& action : std::exchange(postponed, {}))
         action();
 }

@@ -57,7 +57,10 @@ bool MenuBinding::IsTaken(const MenuItem& item) const {
            edit_commands::IsAvailable(item.Name());
 }
 
+// A command may come without a menu or a shortcut, from a screen reader, and then at any time.
 void MenuBinding::Choose(const MenuItem& item) {
+    PassEnabling();
+    if (!item.Enabled() || !window_.isEnabled()) return;
     if (const auto handler = handlers_.find(item.Name()); handler != handlers_.end()) {
         Deliver(handler->second);
     } else if (dynamic_cast<const QuitMenuItem*>(&item)) {

@@ -2,6 +2,7 @@
 
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainterPath>
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -59,10 +60,18 @@ void PainterGraphics::FillRect(Int32 x, Int32 y, Int32 width, Int32 height) {
 
 void PainterGraphics::DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) {
     if (width <= 0 || height <= 0) return;
-    FillRect(x, y, width, 1);
-    FillRect(x, y + height - 1, width, 1);
-    FillRect(x, y, 1, height);
-    FillRect(x + width - 1, y, 1, height);
+    // In pixels of the device, so that all four sides are equally wide at a fractional scale, too.
+    const QTransform& toDevice = painter_.deviceTransform();
+    const QRect outer = QRectF(toDevice.mapRect(QRectF(x, y, width, height))).toRect();
+    const int side = std::max(ToInt32(toDevice.m11() + 0.5), 1);
+    const QRect sides[] = {{outer.left(), outer.top(), outer.width(), side},
+                           {outer.left(), outer.bottom() + 1 - side, outer.width(), side},
+                           {outer.left(), outer.top(), side, outer.height()},
+                           {outer.right() + 1 - side, outer.top(), side, outer.height()}};
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+    for (const QRect& filled : sides)
+        painter_.fillRect(toDevice.inverted().mapRect(QRectF(filled)), ToQColor(ForeColor()));
+    painter_.setRenderHint(QPainter::Antialiasing);
 }
 
 void PainterGraphics::DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2) {

@@ -93,7 +93,7 @@ Ref<Picture> PictureOf(const QImage& image, int scale) {
 Ref<Picture> FolderItem::OpenAsPicture() const {
     if (qApp->devicePixelRatio() > 1) {
         const std::string name = Path().stem().string() + "@2x" + Path().extension().string();
-        if (const Ref<Picture> dense = PictureOf(ReadImage(Path().parent_path() / name), 2)) return dense;
+        if (Ref<Picture> dense = PictureOf(ReadImage(Path().parent_path() / name), 2)) return dense;
     }
     return PictureOf(ReadImage(Path()), 1);
 }

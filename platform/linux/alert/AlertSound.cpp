@@ -19,7 +19,7 @@ using Way = std::function<bool()>;
 class SessionSound final : public AlertSound {
   public:
     /// `ways` are tried in their order, and the bell is rung when none is left.
-    SessionSound(std::vector<Way> ways, Bell bell) : bell_(bell), shared_(std::make_shared<Shared>()) {
+    SessionSound(std::vector<Way> ways, const Bell& bell) : bell_(bell), shared_(std::make_shared<Shared>()) {
         // Detached: when the service never answers, the program still ends. What the thread uses is its own.
         std::thread([shared = shared_, ways = std::move(ways), bell] { Run(*shared, ways, bell); }).detach();
     }
@@ -52,9 +52,11 @@ class SessionSound final : public AlertSound {
                 continue;
             }
             lock.unlock();
-            if (std::none_of(ways.begin(), ways.end(), [](const Way& way) { return way(); })) bell();
+            const bool isPlayed = std::any_of(ways.begin(), ways.end(), [](const Way& way) { return way(); });
             lock.lock();
-            if (shared.state == State::Wanted) shared.state = State::Idle;
+            if (shared.state != State::Wanted) continue;
+            if (!isPlayed) bell();
+            shared.state = State::Idle;
         }
     }
 
@@ -65,11 +67,11 @@ class SessionSound final : public AlertSound {
 }  // namespace
 
 std::unique_ptr<AlertSound> MakeAlertSound(const SoundOwner& owner, const std::filesystem::path& file,
-                                           std::function<void()> bell) {
+                                           const std::function<void()>& bell) {
     const auto service = std::make_shared<SoundService>(owner);
     std::vector<Way> ways{
         [service] { return service->PlayEvent("bell"); },
         [service, file] { return service->PlayFile(file); },
     };
-    return std::make_unique<SessionSound>(std::move(ways), std::move(bell));
+    return std::make_unique<SessionSound>(std::move(ways), bell);
 }

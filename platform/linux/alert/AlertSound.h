@@ -22,6 +22,6 @@ struct SoundOwner {
 };
 
 /// The alert sound of this session: the desktop theme's own, else the sound in `file`, else `bell`, which may be called
-/// on any thread. The bell also rings when the sound before has not been begun yet.
+/// on any thread, but not once the object has gone. The bell also rings when the sound before has not been begun yet.
 std::unique_ptr<AlertSound> MakeAlertSound(const SoundOwner& owner, const std::filesystem::path& file,
-                                           std::function<void()> bell);
+                                           const std::function<void()>& bell);
