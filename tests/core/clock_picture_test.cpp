@@ -71,6 +71,16 @@ class ClockPictureTest : public TimerWindowTest, public testing::WithParamInterf
         return false;
     }
 
+    /// How much of the surface shows a colour, in parts of the radius times itself.
+    double Area(Color color) const {
+        Int64 count = 0;
+        for (int y = 0; y < surface.height * surface.ratio; ++y) {
+            for (int x = 0; x < surface.width * surface.ratio; ++x)
+                count += At(QPointF(x + 0.5, y + 0.5) / surface.ratio) == color;
+        }
+        return static_cast<double>(count) / std::pow(Radius() * surface.ratio, 2);
+    }
+
     static QRgb Opaque(Color color) { return qRgb(color.Red(), color.Green(), color.Blue()); }
     auto Count(Color color) const { return std::count(pixels_.Bits().begin(), pixels_.Bits().end(), Opaque(color)); }
 
@@ -103,19 +113,28 @@ TEST_P(ClockPictureTest, RingAndMarksLieOverTheWedgeAndTheBackgroundReachesEachC
     for (const QRgb corner : {bits.front(), bits[row_ - 1], bits[bits.size() - row_], bits.back()})
         EXPECT_EQ(corner, Opaque(kBackground));
     if (IsTiny()) return;  // lines of a pixel and less have no colour of their own
+    const double edge = 1.5 / Radius(), end = 3 / Radius();
     for (int minute = 0; minute < 60; ++minute) {
         SCOPED_TRACE(minute);
-        EXPECT_TRUE(HasMark(minute + 0.5, 1.0));
-        EXPECT_EQ(At(minute + 0.5, 1.03 + 1.5 / Radius()), kBackground);
-        EXPECT_TRUE(HasMark(minute, 0.94));
-        EXPECT_EQ(HasMark(minute, 0.85), minute % 5 == 0);
-        EXPECT_FALSE(HasMark(minute, 0.75));
+        EXPECT_EQ(At(minute + 0.5, 0.97 - edge), kWedge);
+        EXPECT_EQ(At(minute + 0.5, 0.97 + edge), kFrame);
+        EXPECT_EQ(At(minute + 0.5, 1.03 - edge), kFrame);
+        EXPECT_EQ(At(minute + 0.5, 1.03 + edge), kBackground);
+        EXPECT_TRUE(HasMark(minute, 0.9 + end));
+        EXPECT_EQ(HasMark(minute, 0.9 - end), minute % 5 == 0);
+        EXPECT_EQ(HasMark(minute, 0.8 + end), minute % 5 == 0);
+        EXPECT_FALSE(HasMark(minute, 0.8 - end));
     }
+    // The ring, and what of the marks lies within it: 12 that are 0.04 wide, 48 of half of that.
+    EXPECT_NEAR(Area(kFrame), std::numbers::pi * 0.12 + 12 * 0.04 * 0.17 + 48 * 0.02 * 0.07,
+                0.01 + 5 / (Radius() * surface.ratio));
+    EXPECT_EQ(bits[row_ * 18 + 18], Opaque(kBackground)) << "the icon shows";
 }
 
 TEST_P(ClockPictureTest, TheAlertTextIsCentredWithinTheFace) {
     Draw(0);
     const std::vector<QRgb> without(pixels_.Bits().begin(), pixels_.Bits().end());
+    const auto frame = Count(kFrame);
     Draw(0, true);
     QRect changed;
     for (std::size_t i = 0; i < without.size(); ++i) {
@@ -126,7 +145,25 @@ TEST_P(ClockPictureTest, TheAlertTextIsCentredWithinTheFace) {
     EXPECT_NEAR(changed.center().y() / surface.ratio, surface.height / 2.0, 0.1 * Radius() + 2);
     // The smallest text is 8 pixels high and too wide for a tiny clock.
     if (IsTiny()) return;
+    EXPECT_GT(Count(kFrame), frame);
     EXPECT_NEAR(changed.width() / surface.ratio, 1.6 * Radius(), 0.12 * Radius() + 2);
+    const std::vector<QRgb> with(pixels_.Bits().begin(), pixels_.Bits().end());
+    Timer().IsDone = true;
+    Draw(0);
+    EXPECT_TRUE(std::ranges::equal(with, pixels_.Bits())) << "the alert differs from the end of a movie";
+}
+
+TEST_F(TimerWindowTest, ATextIsFittedToASize) {
+    const std::string text = "Time is Up!";
+    const Ref<Picture> picture = NewPicture(1, 1, 32);
+    Graphics& graphics = *picture->Graphics();
+    const auto width = [&](Int32 size) { return graphics.TextSize(size), ToInt32(graphics.StringWidth(text)); };
+    EXPECT_EQ(Timer().GetTextSize(graphics, text, 20), 8);
+    for (const Int32 limit : {60, 100, 168, 300, 1500}) {
+        const Int32 size = Timer().GetTextSize(graphics, text, limit);
+        EXPECT_LE(width(size - 1), limit);
+        EXPECT_GT(width(size + 2), limit);
+    }
 }
 
 constexpr Surface kSurfaces[] = {
