@@ -48,7 +48,6 @@ class Window : public std::enable_shared_from_this<Window> {
     Ref<::MenuBar> MenuBar() const;
     void MenuBar(const Ref<::MenuBar>& bar);
     /// Shows or hides the menu bar in fullscreen, where it lies over the controls; windowed, it always shows.
-    bool MenuBarVisible() const;
     void MenuBarVisible(bool on);
 
     bool FullScreen() const;

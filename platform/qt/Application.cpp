@@ -101,7 +101,7 @@ int RuntimeExit() {
 void Quit(int status) {
     // While every window that they look for is still there.
     for (WindowPeer* window : Windows())
-        window->EndWorkers();
+        window->Controls().EndWorkers();
     runtime.status = status;
     QCoreApplication::exit(status);
 }

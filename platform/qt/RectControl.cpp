@@ -55,7 +55,7 @@ void RectControl::Visible(bool on) {
 bool RectControl::Active() const { return peer_->widget->isActiveWindow(); }
 
 RectControl* RectControl::Parent() const {
-    return WindowPeer::Of(*peer_->widget).ControlOf(*peer_->widget->parentWidget());
+    return WindowPeer::Of(*peer_->widget).Controls().Of(*peer_->widget->parentWidget());
 }
 
 void RectControl::AccessibleName(const std::string& name) {

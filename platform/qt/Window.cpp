@@ -50,7 +50,6 @@ bool Window::Visible() const { return peer_->isVisible(); }
 Ref<MenuBar> Window::MenuBar() const { return peer_->Bar(); }
 void Window::MenuBar(const Ref<::MenuBar>& bar) { peer_->SetMenuBar(bar); }
 
-bool Window::MenuBarVisible() const { return peer_->MenuBarVisible(); }
 void Window::MenuBarVisible(bool on) { peer_->SetMenuBarVisible(on); }
 
 bool Window::FullScreen() const { return peer_->IsFullScreen(); }
@@ -100,10 +99,10 @@ void Window::Open(const std::string& key, const std::shared_ptr<Window>& window)
 
 bool Window::IsMainThread() { return QThread::currentThread() == qApp->thread(); }
 
-void Window::EndWorkers() { peer_->EndWorkers(); }
+void Window::EndWorkers() { peer_->Controls().EndWorkers(); }
 
-Control* Window::FindControl(const std::string& name) const { return peer_->Find(name); }
+Control* Window::FindControl(const std::string& name) const { return peer_->Controls().Find(name); }
 
 void Window::Adopt(const std::string& name, std::unique_ptr<Control> control) {
-    peer_->Adopt(name, std::move(control));
+    peer_->Controls().Add(name, std::move(control));
 }

@@ -3,17 +3,11 @@
 #include <QtCore/QEventLoop>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QWindow>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
-#include <algorithm>
+#include <utility>
 
-#include "platform/Controls.h"
-#include "platform/Text.h"
-#include "platform/Thread.h"
 #include "platform/qt/EventBoundary.h"
 #include "platform/qt/Keys.h"
 #include "platform/qt/OpenWindows.h"
-#include "platform/qt/RectControlPeer.h"
 
 WindowPeer::WindowPeer(Window& owner) : owner_(owner) {}
 
@@ -26,9 +20,9 @@ void WindowPeer::Build() {
     if (isCentred_) Centre();
     owner_.CreateControls();
     owner_.AddMenuHandlers(owner_);
-    SetTabOrder();
+    controls_.SetTabOrder();
     isBuilt_ = true;
-    for (RectControl* control : RectControls())
+    for (RectControl* control : controls_.Seen())
         Deliver([control] { control->Event_Open(); });
     Deliver([this] { owner_.Event_Open(); });
 }
@@ -88,40 +82,6 @@ void WindowPeer::SetMenuBarVisible(bool on) {
 }
 
 int WindowPeer::BarHeight() const { return menu_ ? menu_->Widget().sizeHint().height() : 0; }
-
-void WindowPeer::Adopt(const std::string& name, std::unique_ptr<Control> control) {
-    if (auto* visible = dynamic_cast<RectControl*>(control.get())) {
-        visible->peer().widget->setObjectName(QString::fromStdString(name));
-        visible->peer().widget->setParent(&content_);
-    }
-    controls_.emplace_back(name, std::move(control));
-}
-
-Control* WindowPeer::Find(const std::string& name) const {
-    const auto found =
-        std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) { return control.first == name; });
-    return found == controls_.end() ? nullptr : found->second.get();
-}
-
-RectControl* WindowPeer::ControlOf(const QWidget& widget) const {
-    const std::vector<RectControl*> all = RectControls();
-    const auto found = std::find_if(all.begin(), all.end(), [&](auto* c) { return c->peer().widget == &widget; });
-    return found == all.end() ? nullptr : *found;
-}
-
-void WindowPeer::EndWorkers() {
-    for (const auto& [name, control] : controls_) {
-        if (auto* thread = dynamic_cast<Thread*>(control.get())) thread->End();
-    }
-}
-
-std::vector<RectControl*> WindowPeer::RectControls() const {
-    std::vector<RectControl*> found;
-    for (const auto& [name, control] : controls_) {
-        if (auto* visible = dynamic_cast<RectControl*>(control.get())) found.push_back(visible);
-    }
-    return found;
-}
 
 // Showing an open window again, or closing one that never showed, must do no harm: both come through here.
 void WindowPeer::closeEvent(QCloseEvent* event) {
@@ -198,50 +158,15 @@ void WindowPeer::Arrange() {
     const QSize before = content_.size();
     content_.setGeometry(0, top, width(), height() - top);
     if (!isBuilt_ || content_.size() == before) return;
-    for (RectControl* control : RectControls())
-        FollowEdges(*control, before, content_.size());
+    controls_.FollowEdges(before, content_.size());
     // X11 doesn't tell the last step of a resize from the others, so each step is both.
     Deliver([this] { owner_.Event_Resizing(); });
     Deliver([this] { owner_.Event_Resized(); });
 }
 
-void WindowPeer::FollowEdges(RectControl& control, QSize before, QSize after) const {
-    const QSize growth = after - before;
-    QRect place = control.peer().place;
-    if (control.LockRight()) place.setRight(place.right() + growth.width());
-    if (control.LockRight() && !control.LockLeft()) place.setLeft(place.left() + growth.width());
-    if (control.LockBottom()) place.setBottom(place.bottom() + growth.height());
-    if (control.LockBottom() && !control.LockTop()) place.setTop(place.top() + growth.height());
-    control.peer().Place(place);
-}
-
-// Controls of a group come where the group stands, in an order of their own.
-void WindowPeer::SetTabOrder() {
-    const auto place = [this](const RectControl* control) {
-        const std::string parent = control->peer().widget->parentWidget()->objectName().toStdString();
-        const auto* group = dynamic_cast<GroupBox*>(Find(parent));
-        return group ? std::pair(group->TabIndex(), control->TabIndex()) : std::pair(control->TabIndex(), -1);
-    };
-    std::vector<RectControl*> order = RectControls();
-    std::stable_sort(order.begin(), order.end(), [&place](auto* a, auto* b) { return place(a) < place(b); });
-    for (std::size_t i = 1; i < order.size(); ++i) {
-        setTabOrder(order[i - 1]->peer().widget, order[i]->peer().widget);
-    }
-}
-
-void WindowPeer::FocusFirstField() {
-    for (RectControl* control : RectControls()) {
-        if (!dynamic_cast<EditField*>(control)) continue;
-        auto& field = static_cast<QLineEdit&>(*control->peer().widget);
-        field.setFocus();
-        field.selectAll();
-        return;
-    }
-}
-
 void WindowPeer::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    if (!event->spontaneous()) FocusFirstField();
+    if (!event->spontaneous()) controls_.FocusFirstField();
 }
 
 void WindowPeer::MouseMoved(Int32 x, Int32 y) {
@@ -264,19 +189,6 @@ bool WindowPeer::event(QEvent* event) {
 void WindowPeer::keyPressEvent(QKeyEvent* event) {
     const std::string key = KeyText(*event);
     if (key.empty() || IsRepeat(*event)) return event->ignore();
-    const bool isTaken = Deliver([&] { return owner_.Event_KeyDown(key); }) || PressButton(key);
+    const bool isTaken = Deliver([&] { return owner_.Event_KeyDown(key); }) || controls_.PressButton(key);
     event->setAccepted(isTaken);
-}
-
-/// Return and Enter press the default button, Escape the cancel button.
-bool WindowPeer::PressButton(const std::string& key) {
-    const bool isEscape = key == Chr(27);
-    if (!isEscape && key != Chr(13) && key != Chr(3)) return false;
-    for (RectControl* control : RectControls()) {
-        auto* button = dynamic_cast<PushButton*>(control);
-        if (!button || !(isEscape ? button->Cancel() : button->Default())) continue;
-        static_cast<QPushButton&>(*button->peer().widget).click();
-        return true;
-    }
-    return false;
 }

@@ -5,10 +5,9 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/Window.h"
+#include "platform/qt/ControlList.h"
 #include "platform/qt/MenuBinding.h"
 
 /// The widget of a window: a menu bar, if it has one, and below it the area of the controls. In fullscreen the bar lies
@@ -38,17 +37,11 @@ class WindowPeer final : public QWidget {
     void SetMenuBar(const Ref<MenuBar>& bar);
     Ref<MenuBar> Bar() const { return menu_ ? menu_->Bar() : nullptr; }
     void SetMenuBarVisible(bool on);
-    bool MenuBarVisible() const { return menuBarVisible_; }
     /// The height that a windowed menu bar takes from the window's.
     int BarHeight() const;
 
     QWidget& Content() { return content_; }
-    void Adopt(const std::string& name, std::unique_ptr<Control> control);
-    Control* Find(const std::string& name) const;
-    /// The control whose widget this is; nil if it is none's.
-    RectControl* ControlOf(const QWidget& widget) const;
-    /// Ends the window's threads, each at its next yield.
-    void EndWorkers();
+    ControlList& Controls() { return controls_; }
     void AddHandler(const std::string& itemName, Window::MenuHandler handler);
 
     /// The window's inside on the screen: its controls and a menu bar that takes room.
@@ -76,16 +69,11 @@ class WindowPeer final : public QWidget {
   private:
     void Centre();
     void Arrange();
-    void FollowEdges(RectControl& control, QSize before, QSize after) const;
-    std::vector<RectControl*> RectControls() const;
-    void SetTabOrder();
-    void FocusFirstField();
-    bool PressButton(const std::string& key);
 
     Window& owner_;
     QWidget content_{this};
     std::unique_ptr<MenuBinding> menu_;
-    std::vector<std::pair<std::string, std::unique_ptr<Control>>> controls_;
+    ControlList controls_{content_};
     bool isBuilt_ = false;
     bool isSheet_ = false;
     bool isCentred_ = false;

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/Control.h"
+
+/// The controls of one window, which it owns, and what they do together: the order of the Tab key, the keys that press
+/// buttons, the edges that follow the window's.
+class ControlList {
+  public:
+    /// `content` is the area of the window that they lie in.
+    explicit ControlList(QWidget& content) : content_(content) {}
+
+    void Add(const std::string& name, std::unique_ptr<Control> control);
+    /// Nil when there is none of that name.
+    Control* Find(const std::string& name) const;
+    /// The control whose widget this is; nil if it is none's.
+    RectControl* Of(const QWidget& widget) const;
+    /// All that are seen, as they were added.
+    std::vector<RectControl*> Seen() const;
+
+    /// Ends the window's threads, each at its next yield.
+    void EndWorkers() const;
+    void SetTabOrder() const;
+    void FocusFirstField() const;
+    /// Presses the default button for Return and Enter, the cancel button for Escape. False: there is none to press.
+    bool PressButton(const std::string& key) const;
+    void FollowEdges(QSize before, QSize after) const;
+
+  private:
+    QWidget& content_;
+    std::vector<std::pair<std::string, std::unique_ptr<Control>>> controls_;
+};
