@@ -33,9 +33,7 @@ void winMain::_CreateControls0() {
     timerRun.Mode(Timer::Modes::Repeat);
     timerRun.Action = [this] { TimerRun_Action(); };
 
-    auto& canvas = AddControl<Canvas>("cvTime");
-    canvas.Width(kDesignWidth);
-    canvas.Height(kDesignHeight);
+    auto& canvas = AddControl<Canvas>("cvTime", 0, 0, kDesignWidth, kDesignHeight, 0);
     canvas.LockLeft(true);
     canvas.LockTop(true);
     canvas.LockRight(true);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 
 #include "platform/Accessible.h"
 #include "platform/Control.h"

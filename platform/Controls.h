@@ -33,7 +33,6 @@ class PushButton : public RectControl {
 
     std::function<void()> Action;
 
-    std::string Caption() const;
     void Caption(const std::string& caption);
 
     /// The button that Return and Enter press wherever the focus is, unless it is on another button.
@@ -95,7 +94,6 @@ class ProgressBar : public RectControl {
     ProgressBar();
 
     /// 0 makes the bar indeterminate.
-    Int32 Maximum() const;
     void Maximum(Int32 maximum);
     Int32 Value() const;
     void Value(Int32 value);

@@ -38,7 +38,6 @@ class EditableMovie {
     explicit EditableMovie(std::shared_ptr<MovieWriter> writer) : writer_(std::move(writer)) {}
 
     /// Whether closing makes a movie of what was appended. Otherwise the file stays behind in pieces. Initially False.
-    bool SaveOnClose() const;
     void SaveOnClose(bool value);
 
     /// Adds a track of `width` times `height` pixels and `frameRate` frames per second. Nil when a QuickTime file can't

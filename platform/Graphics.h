@@ -59,7 +59,6 @@ class Graphics {
     virtual Int32 StringHeight(const std::string& text, Int32 wrapWidth) = 0;
     virtual Int32 TextAscent() = 0;
 
-    /// Draws a text with the baseline of its first line at y. A wrapWidth of 0 means no wrapping; `condense` shortens
-    /// with an ellipsis instead.
-    virtual void DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth, bool condense) = 0;
+    /// Draws a text on one line with its baseline at y.
+    virtual void DrawString(const std::string& text, Int32 x, Int32 y) = 0;
 };

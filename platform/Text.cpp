@@ -103,10 +103,6 @@ std::size_t OffsetBehind(std::string_view text, Int32 count) {
     return offset;
 }
 
-std::string_view From(std::string_view text, Int32 start) {
-    return text.substr(std::min(OffsetBehind(text, std::max(start, 1) - 1), text.size()));
-}
-
 }  // namespace
 
 double Val(std::string_view text) {
@@ -149,19 +145,10 @@ std::string Format(double number, std::string_view mask) {
     return wanted.places == 0 ? whole : whole + separators.decimal + digits.substr(point + 1);
 }
 
-Int32 InStr(Int32 start, std::string_view text, std::string_view find) {
-    const std::size_t found = text.find(find, OffsetBehind(text, std::max(start, 1) - 1));
-    return found == npos ? 0 : Len(text.substr(0, found)) + 1;
-}
-
-Int32 InStr(std::string_view text, std::string_view find) { return InStr(1, text, find); }
-
 std::string Mid(std::string_view text, Int32 start, Int32 length) {
-    const std::string_view rest = From(text, start);
-    return std::string(rest.substr(0, OffsetBehind(rest, length)));
+    text.remove_prefix(std::min(OffsetBehind(text, std::max(start, 1) - 1), text.size()));
+    return std::string(text.substr(0, OffsetBehind(text, length)));
 }
-
-std::string Mid(std::string_view text, Int32 start) { return std::string(From(text, start)); }
 
 Int32 Len(std::string_view text) {
     Int32 count = 0;

@@ -22,14 +22,8 @@ std::string Str(double number);
 /// no number, or infinite, comes as Str gives it.
 std::string Format(double number, std::string_view mask);
 
-/// The position of `find` in `text` at or after `start` (0 is taken as 1), or 0 if it isn't there.
-Int32 InStr(Int32 start, std::string_view text, std::string_view find);
-Int32 InStr(std::string_view text, std::string_view find);
-
 /// `length` characters of `text` from `start` on; fewer where the text ends. A length below 0 gives an empty text.
 std::string Mid(std::string_view text, Int32 start, Int32 length);
-/// All of `text` from `start` on.
-std::string Mid(std::string_view text, Int32 start);
 
 /// The number of characters.
 Int32 Len(std::string_view text);

@@ -68,7 +68,6 @@ bool QTVideoTrack::SelectCompressionSettings(const Ref<Picture>& testImage) {
     return true;
 }
 
-bool EditableMovie::SaveOnClose() const { return writer_->saveOnClose; }
 void EditableMovie::SaveOnClose(bool value) { writer_->saveOnClose = value; }
 
 Ref<QTVideoTrack> EditableMovie::NewVideoTrack(Int32 width, Int32 height, double frameRate) {

@@ -1,6 +1,5 @@
 #include "platform/ffmpeg/EncodeSample.h"
 
-#include <memory>
 #include <vector>
 
 #include "platform/ffmpeg/Codecs.h"

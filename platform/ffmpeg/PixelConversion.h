@@ -5,7 +5,6 @@
 #include <span>
 #include <vector>
 
-#include "platform/CompressionSettings.h"
 #include "platform/ffmpeg/Owned.h"
 #include "platform/ffmpeg/PictReader.h"
 

@@ -1,7 +1,6 @@
 #include <QtWidgets/QCheckBox>
 
 #include "platform/Controls.h"
-#include "platform/qt/FittedText.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/RectControlPeer.h"
 

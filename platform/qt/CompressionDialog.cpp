@@ -1,6 +1,5 @@
 #include "platform/qt/CompressionDialog.h"
 
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QHBoxLayout>

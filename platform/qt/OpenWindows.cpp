@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <mutex>
 #include <utility>
+#include <vector>
 
 #include "platform/qt/EventBoundary.h"
 
@@ -23,6 +24,15 @@ struct LastReference final : QObject {
     explicit LastReference(std::shared_ptr<Window> closed) : window(std::move(closed)) {}
     std::shared_ptr<Window> window;
 };
+
+std::vector<std::shared_ptr<Window>> All() {
+    const std::lock_guard lock(mutex);
+    std::vector<std::shared_ptr<Window>> windows;
+    windows.reserve(entries.size());
+    for (const Entry& entry : entries)
+        windows.push_back(entry.window);
+    return windows;
+}
 
 }  // namespace
 
@@ -44,15 +54,6 @@ void Remove(const Window& window) {
     if (entry == entries.end()) return;
     AfterHandlers([closed = std::move(entry->window)] { (new LastReference(closed))->deleteLater(); });
     entries.erase(entry);
-}
-
-std::vector<std::shared_ptr<Window>> All() {
-    const std::lock_guard lock(mutex);
-    std::vector<std::shared_ptr<Window>> windows;
-    windows.reserve(entries.size());
-    for (const Entry& entry : entries)
-        windows.push_back(entry.window);
-    return windows;
 }
 
 void CloseAll() {

@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/Window.h"
 
@@ -14,7 +13,6 @@ void Add(const std::string& key, const std::shared_ptr<Window>& window);
 Window* Find(const std::string& key);
 /// The window no longer counts; it is destroyed once the event under way is over.
 void Remove(const Window& window);
-std::vector<std::shared_ptr<Window>> All();
 /// Closes each as its user would.
 void CloseAll();
 /// Destroys all windows at once.

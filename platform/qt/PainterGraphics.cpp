@@ -20,12 +20,6 @@ QColor Translucent(Color color, double opacityPercent) {
     return result;
 }
 
-QBrush Interior(const RectShape& shape) {
-    return shape.Fill() > 0 ? QBrush(Translucent(shape.FillColor(), shape.Fill())) : QBrush(Qt::NoBrush);
-}
-
-QPen FlatPen(const QColor& color, double width) { return {color, width, Qt::SolidLine, Qt::FlatCap}; }
-
 QRectF Around(const RectShape& shape, Int32 x, Int32 y) {
     return {x - shape.Width() / 2, y - shape.Height() / 2, shape.Width(), shape.Height()};
 }
@@ -90,7 +84,7 @@ void PainterGraphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
     const QRectF ellipse = Around(oval, x, y);
     painter_.setPen(Qt::NoPen);
     if (oval.Fill() > 0) {
-        painter_.setBrush(Interior(oval));
+        painter_.setBrush(Translucent(oval.FillColor(), oval.Fill()));
         painter_.drawEllipse(ellipse);
     }
     if (oval.Border() > 0) {
@@ -111,7 +105,7 @@ void PainterGraphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {
     constexpr double kTurn = 2 * std::numbers::pi;
     const QRectF ellipse = Around(arc, x, y);
     painter_.setPen(Qt::NoPen);
-    painter_.setBrush(Interior(arc));
+    painter_.setBrush(Translucent(arc.FillColor(), arc.Fill()));
     if (std::abs(arc.ArcAngle()) >= kTurn) {
         painter_.drawEllipse(ellipse);
         return;
@@ -130,7 +124,7 @@ void PainterGraphics::DrawObject(const CurveShape& line, Int32 x, Int32 y) {
     const auto turned = [&](double px, double py) {
         return QPointF(x + px * cosine - py * sine, y + px * sine + py * cosine);
     };
-    painter_.setPen(FlatPen(ToQColor(line.BorderColor()), line.BorderWidth()));
+    painter_.setPen({ToQColor(line.BorderColor()), line.BorderWidth(), Qt::SolidLine, Qt::FlatCap});
     painter_.drawLine(turned(line.X(), line.Y()), turned(line.X2(), line.Y2()));
 }
 
@@ -168,18 +162,8 @@ Int32 PainterGraphics::StringHeight(const std::string& text, Int32 wrapWidth) {
 
 Int32 PainterGraphics::TextAscent() { return ToInt32(std::round(QFontMetricsF(Font()).ascent())); }
 
-void PainterGraphics::DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth, bool condense) {
-    const QFont font = Font();
-    const QFontMetricsF metrics(font);
-    const QString string = QString::fromStdString(text);
-    painter_.setFont(font);
+void PainterGraphics::DrawString(const std::string& text, Int32 x, Int32 y) {
+    painter_.setFont(Font());
     painter_.setPen(ToQColor(ForeColor()));
-    if (wrapWidth <= 0) {
-        painter_.drawText(QPointF(x, y), string);
-    } else if (condense) {
-        painter_.drawText(QPointF(x, y), metrics.elidedText(string, Qt::ElideRight, wrapWidth));
-    } else {
-        constexpr double kUnbounded = 1e6;
-        painter_.drawText(QRectF(x, y - metrics.ascent(), wrapWidth, kUnbounded), Qt::TextWordWrap, string);
-    }
+    painter_.drawText(QPointF(x, y), QString::fromStdString(text));
 }

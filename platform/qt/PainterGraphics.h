@@ -34,7 +34,7 @@ class PainterGraphics final : public Graphics {
     double StringWidth(const std::string& text) override;
     Int32 StringHeight(const std::string& text, Int32 wrapWidth) override;
     Int32 TextAscent() override;
-    void DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth, bool condense) override;
+    void DrawString(const std::string& text, Int32 x, Int32 y) override;
 
   private:
     void Prepare();

@@ -3,7 +3,6 @@
 #include <QtCore/QFile>
 #include <QtGui/QGuiApplication>
 #include <filesystem>
-#include <new>
 #include <optional>
 
 #include "platform/FolderItem.h"

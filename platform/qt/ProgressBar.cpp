@@ -8,7 +8,6 @@ ProgressBar::ProgressBar() : RectControl(std::make_unique<Peer>(new QProgressBar
     WidgetOf<QProgressBar>(*this).setTextVisible(false);
 }
 
-Int32 ProgressBar::Maximum() const { return WidgetOf<QProgressBar>(*this).maximum(); }
 void ProgressBar::Maximum(Int32 maximum) {
     auto& bar = WidgetOf<QProgressBar>(*this);
     OnMainThread(

@@ -39,7 +39,6 @@ PushButton::PushButton() : RectControl(std::make_unique<Peer>(new ButtonWidget))
     QObject::connect(&button, &QPushButton::clicked, &button, [this] { Deliver(Action); });
 }
 
-std::string PushButton::Caption() const { return WidgetOf<ButtonWidget>(*this).text().toStdString(); }
 void PushButton::Caption(const std::string& caption) {
     WidgetOf<ButtonWidget>(*this).SetCaption(QString::fromStdString(caption));
 }

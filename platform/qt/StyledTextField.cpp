@@ -3,6 +3,7 @@
 #include <QtGui/QTextCursor>
 #include <QtWidgets/QTextEdit>
 
+#include "platform/qt/Colors.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/RectControlPeer.h"
 
@@ -37,7 +38,7 @@ class ReaderWidget final : public QTextEdit {
 
     void SetColor(QPalette::ColorRole role, Color color) {
         QPalette colors = palette();
-        colors.setColor(role, QColor(color.Red(), color.Green(), color.Blue()));
+        colors.setColor(role, ToQColor(color));
         setPalette(colors);
     }
 };

@@ -42,7 +42,7 @@ class ArrowsWidget final : public QWidget {
     void Repeat() {
         constexpr int kMillisecondsPerRepeat = 100;
         repeat_.start(kMillisecondsPerRepeat);
-        if (held_) Deliver(*held_);
+        Deliver(*held_);
     }
 
     void Release() {

@@ -250,7 +250,6 @@ TEST_F(MovieFileTest, TheFileExistsFromTheStartAndIsAMovieOnlyWhenSaved) {
     std::ofstream(path) << "what was there";
     Ref<EditableMovie> movie = FolderItem(path).CreateMovie();
     EXPECT_TRUE(fs::is_empty(path));
-    EXPECT_FALSE(movie->SaveOnClose());
     Ref<QTVideoTrack> track = movie->NewVideoTrack(32, 32, 1);
     track->AppendPicture(NewPicture(32, 32, 32));
     movie = nullptr;
