@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <QtWidgets/QPushButton>
+
 #include "colour/SmartColorWell.h"
 #include "tests/support/TimerWindowTest.h"
 
@@ -34,6 +36,11 @@ class PrefsTest : public TimerWindowTest {
             colours.push_back(Dialog().Find<SmartColorWell>(name).getColor());
         return colours;
     }
+    static void CloseBy(Qt::Key key) {
+        QWidget& window = *WidgetNamed("bOK").window();
+        Press(window, key, "");
+        EXPECT_FALSE(window.isVisible());
+    }
     void Pick(const char* well, Color color) {
         host.pickedColor = color;
         Dialog().Find<SmartColorWell>(well).pickColor();
@@ -42,7 +49,7 @@ class PrefsTest : public TimerWindowTest {
 
 TEST_F(PrefsTest, ShowsTheClocksColoursAndOkLeavesThem) {
     EXPECT_THAT(Wells(), ElementsAre(kBackground, kWedge, kFace, kFrame));
-    Dialog().bOK_Action();
+    CloseBy(Qt::Key_Return);
     EXPECT_THAT(Clock(), ElementsAre(kBackground, kWedge, kFace, kFrame));
 }
 
@@ -52,17 +59,17 @@ TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsAllBack) {
     Pick("cFace", RGB(13, 0, 0));
     Pick("cFrame", RGB(14, 0, 0));
     EXPECT_THAT(Clock(), ElementsAre(RGB(11, 0, 0), RGB(12, 0, 0), RGB(13, 0, 0), RGB(14, 0, 0)));
-    Dialog().bCancel_Action();
+    CloseBy(Qt::Key_Escape);
     EXPECT_THAT(Clock(), ElementsAre(kBackground, kWedge, kFace, kFrame));
 }
 
 TEST_F(PrefsTest, DefaultsShowAtOnceAndCancelGoesBackToTheOpening) {
     Pick("cFace", kPicked);
-    Dialog().bDefaults_Action();
+    WidgetNamed<QPushButton>("bDefaults").click();
     const auto areDefaults = ElementsAre(RGB(0x9F, 0x9F, 0x9F), RGB(0xFF, 0, 0), RGB(0xFF, 0xFF, 0xFF), RGB(0, 0, 0));
     EXPECT_THAT(Clock(), areDefaults);
     EXPECT_THAT(Wells(), areDefaults);
-    Dialog().bCancel_Action();
+    CloseBy(Qt::Key_Escape);
     EXPECT_THAT(Clock(), ElementsAre(kBackground, kWedge, kFace, kFrame));
 }
 

@@ -1,7 +1,6 @@
 """The Create Movie dialog, as somebody who sits before it knows it, and what another program reads in its movies."""
 
 import subprocess
-import time
 
 from timer import Dialog
 
@@ -17,9 +16,8 @@ def probe(movie):
 class MovieDialog(Dialog):
     """The Create Movie dialog, opened by its shortcut."""
 
-    CANCEL, FACE_OF_CANCEL = (243, 290), (210, 290)
-    LABELS, BOXES, BAR, START = (30, 40, 90, 130), (30, 170, 250, 65), (23, 290, 167, 1), (300, 280, 70, 20)
-    TEXT, EMPTY_BAR = 0x000000, 0xFFFFFF
+    LABELS, START = (30, 40, 90, 130), (300, 280, 70, 20)
+    TEXT = 0x000000
 
     def __init__(self, timer):
         timer.desktop.key("ctrl+m")
@@ -43,60 +41,15 @@ class MovieDialog(Dialog):
             self.desktop.key(*compression)
         return self.movies / (name or "Dwindledial.mov")
 
-    def wait_busy(self):
-        """The dialogs after Start lie over this one and could pass for its bar."""
-        for title in ("Save As", "Compression Settings"):
-            self.wait_until(lambda: title not in self.desktop.windows(), f"{title} closes")
-        self.wait_until(lambda: not self.is_enabled(), "the settings are disabled")
-
     def wait_finished(self, movie):
         found = self.wait_until(lambda: probe(movie), "the movie can be read")
-        self.wait_until(self.is_idle, "the dialog is idle again")
+        self.wait_idle()
         return found
 
-    def at(self, x, y):
+    def wait_idle(self):
+        self.wait_until(lambda: all(map(self.is_dark, (self.LABELS, self.START))), "the dialog is idle")
+
+    def is_dark(self, part):
         left, top, *_ = self.desktop.place(self.window)
-        return left + x, top + y
-
-    def picture(self, left, top, width, height):
-        return self.desktop.picture(*self.at(left, top), width, height)
-
-    def bar(self):
-        """The colours of the progress bar, from left to right."""
-        picture = self.picture(*self.BAR)
-        return [picture.at(x, 0) for x in range(picture.width)]
-
-    def is_enabled(self):
-        return any(self.picture(*part).places(self.TEXT) for part in (self.LABELS, self.START))
-
-    def is_idle(self):
-        return self.is_enabled() and len(set(self.bar())) == 1
-
-    def part_to_do(self):
-        """The share of the bar that is empty; 0 when it is indeterminate or hidden."""
-        return self.bar().count(self.EMPTY_BAR) / self.BAR[2]
-
-    def cancel(self):
-        button, beside = self.at(*self.CANCEL), self.at(0, 0)
-        self.desktop.click(*button)
-        self.desktop.move(*beside)
-
-    def face_of_cancel(self):
-        return self.picture(*self.FACE_OF_CANCEL, 1, 1).at(0, 0)
-
-    def wait_for_new_face(self, what, change):
-        before = self.face_of_cancel()
-        change()
-        self.wait_until(lambda: self.face_of_cancel() != before, what)
-
-    def time_to_answer(self):
-        """How long the Cancel button takes to look pressed. Left before it is let go, it cancels nothing."""
-        cancel, rest = self.at(*self.CANCEL), self.face_of_cancel()
-        self.wait_for_new_face("the pointer is on the button", lambda: self.desktop.move(*cancel))
-        begin = time.monotonic()
-        self.wait_for_new_face("the button looks pressed", lambda: self.desktop.press(*cancel))
-        answered = time.monotonic()
-        self.desktop.move(*self.at(0, 0))
-        self.desktop.release()
-        self.wait_until(lambda: self.face_of_cancel() == rest, "the button has come up")
-        return answered - begin
+        x, y, *size = part
+        return self.desktop.picture(left + x, top + y, *size).places(self.TEXT)

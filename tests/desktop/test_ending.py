@@ -29,20 +29,6 @@ class EndingTest(DesktopTest):
         left, top, width, _ = self.desktop.place(timer.window)
         self.desktop.click(left + width - 10, top - 11)
 
-    def test_a_first_start_shows_and_writes_the_default_colours(self):
-        timer = self.launch()
-        self.assertEqual(timer.saved(), COLOURS)
-        timer.set_time(15, 0)
-        self.wait_until(lambda: self.shown(timer) == COLOURS, "the default colours show")
-
-    def test_one_colour_in_the_file_leaves_the_others_as_they_are(self):
-        timer = self.launch(settings={"Color_Clock_Wedge": 0x00C040})
-        timer.set_time(15, 0)
-        self.wait_until(lambda: self.shown(timer) == timer.colours, "one colour shows among default ones")
-        self.desktop.key("alt+F4")
-        self.assert_ends_well(timer)
-        self.assertEqual(timer.saved(), timer.colours)
-
     def test_closing_keeps_all_colours_in_each_state(self):
         for state in ("stopped", "running", "alert"):
             with self.subTest(state):

@@ -34,10 +34,6 @@ class HelpAboutTest(DesktopTest):
         self.timer.click(5, 220)  # where nothing is
         self.wait_until(lambda: self.desktop.has_keys(self.timer.window), "the timer has the keyboard")
 
-    def picture(self, window):
-        with self.desktop.standing_still():
-            return self.desktop.picture(*self.desktop.place(window))
-
     def test_each_command_shows_its_one_window(self):
         first = {HELP: self.choose(HELP)}
         self.back_to_timer()
@@ -61,17 +57,6 @@ class HelpAboutTest(DesktopTest):
         self.wait_until(lambda: self.desktop.property("_NET_WM_STATE", window), "Help is minimised")
         self.back_to_timer()
         self.choose(HELP)
-
-    def test_keys_scroll_the_help_and_leave_the_timer_alone(self):
-        self.timer.set_time(5, 0)
-        window = self.choose(HELP)
-        self.wait_until(lambda: self.picture(window).at(2, 2) == 0xFFFFFF, "the text shows")
-        beginning = self.picture(window).rows
-        self.desktop.key("x", "Return", "BackSpace", "space")
-        self.wait_until(lambda: self.picture(window).rows != beginning, "the space bar scrolls")
-        self.desktop.key("Home")
-        self.wait_until(lambda: self.picture(window).rows == beginning, "the Home key leads back to an unchanged text")
-        self.assertEqual(self.timer.state(), "stopped")
 
     def test_the_count_goes_on_and_the_end_of_the_timer_is_the_end(self):
         self.timer.set_time(0, 2)

@@ -4,7 +4,7 @@ from Xlib import X
 
 from timer import DesktopTest, main
 
-KEYS = ("Return", "KP_Enter", "space")
+KEYS = ("Return", "KP_Enter", "space", "ctrl+r")
 INSIDE = ((10, 10), (26, 26), (10, 26), (26, 10))
 OUTSIDE = ((9, 10), (27, 10), (10, 9), (10, 27), (220, 114))
 ON_THE_BAR = (18, -3)
@@ -15,6 +15,19 @@ class InputTest(DesktopTest):
         timer = super().launch(**options)
         timer.set_time(50, 0)
         return timer
+
+    def ways(self, timer):
+        """All that starts, stops and dismisses."""
+        by_key = {key: lambda key=key: self.desktop.key(key) for key in KEYS}
+        return by_key | {"click": lambda: timer.click(18, 18), "menu": lambda: timer.choose("t", "Up", "Return")}
+
+    def test_each_way_starts_and_stops(self):
+        timer = self.launch()
+        for name, toggle in self.ways(timer).items():
+            for state in ("running", "stopped"):
+                with self.subTest(name):
+                    toggle()
+                    timer.wait_for(state)
 
     def test_a_click_within_the_icon_starts_and_stops(self):
         timer = self.launch()
@@ -49,13 +62,6 @@ class InputTest(DesktopTest):
                 timer.move(*inside)
                 self.wait_until(lambda: self.desktop.cursor() == hand, f"the pointer is a hand at {inside}")
 
-    def test_each_key_starts_and_stops(self):
-        timer = self.launch()
-        for key in KEYS:
-            for state in ("running", "stopped"):
-                self.desktop.key(key)
-                timer.wait_for(state)
-
     def test_other_keys_do_nothing(self):
         timer = self.launch()
         for key in ("x", "Escape", "Tab", "Down", "ctrl+space", "ctrl+Return"):
@@ -79,25 +85,9 @@ class InputTest(DesktopTest):
         display = self.desktop.display
         return display.pending_events() and display.next_event().type == X.KeyPress
 
-    def test_the_menu_starts_and_stops(self):
-        timer = self.launch()
-        for state in ("running", "stopped"):
-            timer.choose("t", "Up", "Return")
-            timer.wait_for(state)
-
-    def test_an_empty_timer_does_not_start(self):
-        timer = self.launch()
-        timer.set_time(0, 0)
-        self.desktop.key("space", "ctrl+r")
-        timer.click(18, 18)
-        self.assert_stopped(timer)
-
     def test_the_alert_is_dismissed_and_the_timer_not_started_again(self):
         timer = self.launch()
-        ways = {key: lambda key=key: self.desktop.key(key) for key in (*KEYS, "ctrl+r")}
-        ways["click"] = lambda: timer.click(18, 18)
-        ways["menu"] = lambda: timer.choose("t", "Up", "Return")
-        for name, dismiss in ways.items():
+        for name, dismiss in self.ways(timer).items():
             with self.subTest(name):
                 timer.set_time(0, 1)
                 self.desktop.key("space")

@@ -3,7 +3,6 @@
 import os
 import pathlib
 import signal
-import statistics
 import tempfile
 import time
 from unittest import mock
@@ -48,35 +47,7 @@ class MovieTest(DesktopTest):
         save.wait_gone()
         dialog.start(compression=["Escape"])
         self.wait_until(lambda: not list(dialog.movies.iterdir()), "the file has gone again")
-        self.wait_until(dialog.is_idle, "the dialog is idle")
-
-    def test_a_large_movie_lets_the_dialog_live(self):
-        dialog = MovieDialog(self.launch())
-        dialog.enter(120, 1920, 1080, 10)
-        movie = dialog.start(compression=["Return"])
-        dialog.wait_busy()
-        self.wait_until(lambda: 0.1 < dialog.part_to_do() < 0.95, "the bar has begun to fill")
-        before = dialog.part_to_do()
-        self.desktop.key("Return", "alt+F4")  # neither does anything during a job
-        dialog.wait_for_new_face("the keyboard is with the Cancel button", lambda: self.desktop.key("Tab"))
-        self.assertLess(statistics.median(self.answers(dialog, 10)), 0.1)
-        self.wait_until(lambda: 0.1 < dialog.part_to_do() < before, "the bar moves on")
-
-        dialog.cancel()
-        self.wait_until(lambda: not dialog.part_to_do(), "the bar tells only that the movie is being saved")
-        stripes = dialog.bar()
-        self.wait_until(lambda: dialog.bar() != stripes, "the stripes move")
-        *form, frames = dialog.wait_finished(movie)
-        self.assertEqual(form, ["h264", 1920, 1080])
-        self.assertTrue(20 < frames < 1201, frames)
-        dialog.cancel()
-        dialog.wait_gone()
-
-    def answers(self, dialog, count):
-        for _ in range(count):
-            begin = time.monotonic()
-            yield dialog.time_to_answer()
-            time.sleep(max(0, begin + 0.1 - time.monotonic()))
+        dialog.wait_idle()
 
     def test_the_end_of_the_program_keeps_what_has_been_made(self):
         ways = {
@@ -89,8 +60,8 @@ class MovieTest(DesktopTest):
                 dialog = MovieDialog(timer)
                 dialog.enter(3600, 320, 240, 30)
                 movie = dialog.start(compression=["Return"])
-                dialog.wait_busy()
-                self.wait_until(lambda: 0.5 < dialog.part_to_do() < 1, "there are frames")
+                self.wait_until(lambda: movie.exists() and movie.stat().st_size > 100_000, "there are frames")
+                self.desktop.key("Return", "alt+F4")  # neither does anything during a job
                 begin = time.monotonic()
                 leave(timer)
                 self.assertEqual(timer.end(), (0, ""))

@@ -175,8 +175,7 @@ class Dialog:
 class SetTimer(Dialog):
     """The Set Timer dialog, opened by its shortcut."""
 
-    MINUTES_UP, MINUTES_DOWN = (57, 36), (57, 49)
-    SECONDS_UP, SECONDS_DOWN = (110, 36), (110, 49)
+    MINUTES_UP, SECONDS_DOWN = (57, 36), (110, 49)
     CANCEL, SET = (178, 41), (250, 41)
 
     def __init__(self, timer):
