@@ -59,16 +59,6 @@ TEST_F(CountdownTest, GoesThroughItsStatesAndHoldsOffTheScreenSaverDuringTheRunA
                             "DelayScreenSaver", "ReleaseScreenSaver", "Beep", "Beep"));
 }
 
-TEST_F(CountdownTest, ShowsWholeSecondsAtEveryQuarterOfOne) {
-    StartFrom(100);
-    for (int quarter = 1; quarter < 400; ++quarter) {
-        TickAfter(0.25);
-        ASSERT_EQ(Timer().CurrentSeconds, 100 - quarter / 4) << quarter;
-    }
-    TickAfter(0.25);
-    ExpectState(false, true, 0);
-}
-
 TEST_F(CountdownTest, DropsFractionsAndNeverRounds) {
     StartFrom(10);
     TickAfter(0.9999);

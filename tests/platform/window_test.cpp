@@ -6,7 +6,6 @@
 #include <QtCore/QTimer>
 #include <QtGui/QFontMetricsF>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPushButton>
 #include <functional>

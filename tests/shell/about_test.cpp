@@ -2,15 +2,11 @@
 
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QTextEdit>
-#include <cstdlib>
-#include <filesystem>
 
 #include "platform/Controls.h"
 #include "platform/StyledTextField.h"
 #include "shell/AboutWindow.h"
 #include "tests/support/TimerWindowTest.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -127,28 +123,6 @@ TEST_F(AboutTest, ThePicturesAreTransparent) {
             EXPECT_NE(onBlue.pixelColor(canvas.rect().center()), QColor(Qt::blue));
         }
     }
-}
-
-// The images are sought beside the folder of the executable, so a copy of this one is run where there are none.
-TEST_F(AboutTest, MissingPicturesAreReportedOnceAndTheCountGoesOn) {
-    const fs::path executable = Application::ExecutableFile()->Path();
-    if (fs::exists(executable.parent_path().parent_path() / "Resources")) {
-        const fs::path copy = host.preferencesFolder / "bin" / "copy";
-        fs::create_directory(copy.parent_path());
-        fs::copy_file(executable, copy);
-        EXPECT_EQ(std::system((copy.string() + " --gtest_filter=*MissingPictures*").c_str()), 0);
-        return;
-    }
-    StartFrom(60);
-    Open(true);
-    for (int paint = 0; paint < 3; ++paint)
-        WidgetNamed("AppIconCanvas").window()->grab();
-    ASSERT_TRUE(Eventually([this] { return !host.messages.empty(); }));
-    QCoreApplication::processEvents();
-    EXPECT_THAT(host.messages, ElementsAre(testing::StartsWith("Unexpected error: ")));
-    ExpectWithCredits();
-    TickAfter(10);
-    EXPECT_EQ(Timer().CurrentSeconds, 50);
 }
 
 }  // namespace
