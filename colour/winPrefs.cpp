@@ -9,6 +9,21 @@
 
 namespace {
 
+/// What each of the four colours is found by.
+struct Role {
+    const char* well;
+    Color winMain::*onClock;
+    Color winPrefs::*before;
+    Color initial;
+};
+
+constexpr Role kRoles[] = {
+    {"cBackground", &winMain::Color_Window_Background, &winPrefs::mBackground, default_colours::kWindowBackground},
+    {"cWedge", &winMain::Color_Clock_Wedge, &winPrefs::mWedge, default_colours::kClockWedge},
+    {"cFace", &winMain::Color_Clock_Face, &winPrefs::mFace, default_colours::kClockFace},
+    {"cFrame", &winMain::Color_Clock_Frame, &winPrefs::mFrame, default_colours::kClockFrame},
+};
+
 void ShowOnClock() {
     winMain::Instance().UpdateDisplay();
     winMain::Instance().Refresh(true);
@@ -67,21 +82,15 @@ void winPrefs::_CreateControls0() {
 }
 
 void winPrefs::Event_Open() {
-    const auto& timer = winMain::Instance();
-    mBackground = timer.Color_Window_Background;
-    mWedge = timer.Color_Clock_Wedge;
-    mFace = timer.Color_Clock_Face;
-    mFrame = timer.Color_Clock_Frame;
+    for (const Role& role : kRoles)
+        this->*role.before = winMain::Instance().*role.onClock;
     SetButtons();
 }
 
 // A well that changes here writes the same colour back, which does no harm.
 void winPrefs::SetButtons() {
-    const auto& timer = winMain::Instance();
-    Find<SmartColorWell>("cBackground").setColor(timer.Color_Window_Background);
-    Find<SmartColorWell>("cWedge").setColor(timer.Color_Clock_Wedge);
-    Find<SmartColorWell>("cFace").setColor(timer.Color_Clock_Face);
-    Find<SmartColorWell>("cFrame").setColor(timer.Color_Clock_Frame);
+    for (const Role& role : kRoles)
+        Find<SmartColorWell>(role.well).setColor(winMain::Instance().*role.onClock);
 }
 
 void winPrefs::cBackground_ColorChange(Color) {
@@ -107,21 +116,15 @@ void winPrefs::cFrame_ColorChange(Color) {
 void winPrefs::bOK_Action() { Close(); }
 
 void winPrefs::bCancel_Action() {
-    auto& timer = winMain::Instance();
-    timer.Color_Window_Background = mBackground;
-    timer.Color_Clock_Wedge = mWedge;
-    timer.Color_Clock_Face = mFace;
-    timer.Color_Clock_Frame = mFrame;
+    for (const Role& role : kRoles)
+        winMain::Instance().*role.onClock = this->*role.before;
     ShowOnClock();
     Close();
 }
 
 void winPrefs::bDefaults_Action() {
-    auto& timer = winMain::Instance();
-    timer.Color_Window_Background = default_colours::kWindowBackground;
-    timer.Color_Clock_Wedge = default_colours::kClockWedge;
-    timer.Color_Clock_Face = default_colours::kClockFace;
-    timer.Color_Clock_Frame = default_colours::kClockFrame;
+    for (const Role& role : kRoles)
+        winMain::Instance().*role.onClock = role.initial;
     ShowOnClock();
     SetButtons();
 }
