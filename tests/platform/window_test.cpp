@@ -7,10 +7,12 @@
 #include <QtGui/QFontMetricsF>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/Canvas.h"
@@ -252,6 +254,24 @@ TEST_F(WindowTest, LockedEdgesFollowTheWindow) {
     EXPECT_EQ(WidgetNamed("wider").geometry(), QRect(10, 50, 110, 40));
     EXPECT_EQ(WidgetNamed("higher").geometry(), QRect(60, 20, 60, 70));
     EXPECT_THAT(window.heard, ElementsAre("Resizing", "Resized"));
+}
+
+TEST_F(WindowTest, AFastWorkerDoesNotFloodTheMainThread) {
+    auto& bar =
+        Open([](Probe& probe) { probe.AddControl<ProgressBar>("bar", 0, 0, 50, 20, 0); }).Find<ProgressBar>("bar");
+    bar.Maximum(1000);
+    int changes = 0;
+    QObject::connect(&WidgetNamed<QProgressBar>("bar"), &QProgressBar::valueChanged, [&](int) { ++changes; });
+    std::thread([&bar] {
+        for (int i = 1; i <= 1000; ++i) {
+            bar.Value(i);
+            bar.Refresh(true);
+        }
+    }).join();
+    EXPECT_EQ(changes, 0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar.Value(), 1000);
+    EXPECT_EQ(changes, 1);
 }
 
 TEST_F(WindowTest, TextIsSetSmallerWhereItDoesNotFit) {
