@@ -9,10 +9,10 @@
 #include "platform/Host.h"
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/DesktopHost.h"
+#include "platform/qt/EndSignals.h"
 #include "platform/qt/EventBoundary.h"
 #include "platform/qt/LostDisplay.h"
 #include "platform/qt/OpenWindows.h"
-#include "platform/qt/Signals.h"
 #include "platform/qt/WindowPeer.h"
 
 namespace {

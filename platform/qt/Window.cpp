@@ -17,16 +17,16 @@ void Window::Title(const std::string& title) {
 }
 
 // geometry() is the window's inside; its frame belongs to the window manager.
-Int32 Window::Left() const { return peer_->Frame().left(); }
+Int32 Window::Left() const { return peer_->Inside().left(); }
 void Window::Left(Int32 left) { peer_->setGeometry(QRect(QPoint(left, Top()), peer_->size())); }
 
-Int32 Window::Top() const { return peer_->Frame().top(); }
+Int32 Window::Top() const { return peer_->Inside().top(); }
 void Window::Top(Int32 top) { peer_->setGeometry(QRect(QPoint(Left(), top), peer_->size())); }
 
-Int32 Window::Width() const { return peer_->Frame().width(); }
+Int32 Window::Width() const { return peer_->Inside().width(); }
 void Window::Width(Int32 width) { peer_->SetSize({width, peer_->height()}); }
 
-Int32 Window::Height() const { return peer_->Frame().height() - (peer_->IsFullScreen() ? 0 : peer_->BarHeight()); }
+Int32 Window::Height() const { return peer_->Inside().height() - (peer_->IsFullScreen() ? 0 : peer_->BarHeight()); }
 void Window::Height(Int32 height) { peer_->SetSize({peer_->width(), height + peer_->BarHeight()}); }
 
 void Window::MinSize(Int32 width, Int32 height) { peer_->setMinimumSize(width, height + peer_->BarHeight()); }

@@ -127,15 +127,15 @@ void WindowPeer::Zoom() {
         Qt::QueuedConnection);
 }
 
-QRect WindowPeer::Frame() const { return isFullScreen() && !wantsFullScreen_ ? normalGeometry() : geometry(); }
+QRect WindowPeer::Inside() const { return isFullScreen() && !wantsFullScreen_ ? normalGeometry() : geometry(); }
 
 void WindowPeer::SetFullScreen(bool on) {
     if (on == IsFullScreen()) return;
-    if (on) frameBeforeFullScreen_ = Frame();
+    if (on) insideBeforeFullScreen_ = Inside();
     wantsFullScreen_ = on;
     setWindowState(windowState().setFlag(Qt::WindowFullScreen, on));
     // The window manager takes its time to bring the old frame back. Asked for at once, it can be built upon at once.
-    if (!on) setGeometry(frameBeforeFullScreen_);
+    if (!on) setGeometry(insideBeforeFullScreen_);
     Arrange();
 }
 

@@ -45,7 +45,7 @@ class WindowPeer final : public QWidget {
     void AddHandler(const std::string& itemName, Window::MenuHandler handler);
 
     /// The window's inside on the screen: its controls and a menu bar that takes room.
-    QRect Frame() const;
+    QRect Inside() const;
     /// Fullscreen as the program asked for it. One that the window manager has made of itself is a large window.
     bool IsFullScreen() const { return wantsFullScreen_ && isFullScreen(); }
     void SetFullScreen(bool on);
@@ -82,7 +82,7 @@ class WindowPeer final : public QWidget {
     bool menuBarVisible_ = true;
     bool isClosed_ = false;
     bool wantsFullScreen_ = false;
-    QRect frameBeforeFullScreen_;
+    QRect insideBeforeFullScreen_;
     /// The window that lies over this one and takes its input, and the one that this lies over.
     QPointer<WindowPeer> blocker_;
     QPointer<WindowPeer> blocked_;

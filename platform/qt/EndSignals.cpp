@@ -1,4 +1,4 @@
-#include "platform/qt/Signals.h"
+#include "platform/qt/EndSignals.h"
 
 #include <sys/eventfd.h>
 #include <unistd.h>
