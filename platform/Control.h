@@ -24,13 +24,10 @@ class RectControl : public Control {
     std::function<void()> Open;
 
     Int32 Left() const;
-    void Left(Int32 left);
     Int32 Top() const;
     void Top(Int32 top);
     Int32 Width() const;
-    void Width(Int32 width);
     Int32 Height() const;
-    void Height(Int32 height);
     void Bounds(Int32 left, Int32 top, Int32 width, Int32 height);
 
     /// Edges of the window that the control's own edges follow when the window's size changes.

@@ -17,16 +17,11 @@ RectControl::RectControl(std::unique_ptr<Peer> peer) : peer_(std::move(peer)) {}
 RectControl::~RectControl() = default;
 
 Int32 RectControl::Left() const { return peer_->widget->x() + OriginInWindow(*peer_->widget).x(); }
-void RectControl::Left(Int32 left) { Bounds(left, Top(), Width(), Height()); }
-
 Int32 RectControl::Top() const { return peer_->widget->y() + OriginInWindow(*peer_->widget).y(); }
 void RectControl::Top(Int32 top) { Bounds(Left(), top, Width(), Height()); }
 
 Int32 RectControl::Width() const { return peer_->widget->width(); }
-void RectControl::Width(Int32 width) { Bounds(Left(), Top(), width, Height()); }
-
 Int32 RectControl::Height() const { return peer_->widget->height(); }
-void RectControl::Height(Int32 height) { Bounds(Left(), Top(), Width(), height); }
 
 void RectControl::Bounds(Int32 left, Int32 top, Int32 width, Int32 height) {
     const QRect place(left, top, width, height);
