@@ -52,9 +52,13 @@ class Reader:
 
         return self.wait_for(search, f"there is a {role} {name}")
 
-    def press(self, item, action="Press"):
+    def actions(self, item):
+        """What can be done to it now, by name."""
         actions = item.queryAction()
-        names = [actions.getName(i) for i in range(actions.nActions)]
+        return [actions.getName(i) for i in range(actions.nActions)]
+
+    def press(self, item, action="Press"):
+        actions, names = item.queryAction(), self.actions(item)
         with contextlib.suppress(GLib.GError):  # where a dialog opens, the answer comes when that has closed
             actions.doAction(names.index(action))
 
