@@ -12,5 +12,5 @@ struct RgbImage {
     std::vector<std::uint8_t> bytes;
 };
 
-/// The image in a PICT file; nothing when the file can't be read or is none.
+/// The image in a PICT file; nothing when the file can't be read, is none, or is larger than 16 million pixels.
 std::optional<RgbImage> ReadPict(const std::filesystem::path& file);
