@@ -45,11 +45,10 @@ void TryPieces(const std::string& text) {
     const Int32 length = Len(text);
     Require(length >= 0 && static_cast<std::size_t>(length) <= text.size(), "characters are of one byte or more");
     const Int32 cut = length / 2;
-    Require(Mid(text, 1, cut) + Mid(text, cut + 1) == text, "the pieces are the text");
-    const Int32 place = InStr(text, "\"");
-    Require(place == 0 || Mid(text, place, 1) == "\"", "what is found is there");
-    Require(place != 0 || NthField(text, "\"", 2).empty(), "a second piece needs a separator");
-    Require(NthField(text, "\"", 1) == Mid(text, 1, place == 0 ? length : place - 1), "the first piece ends there");
+    Require(Mid(text, 1, cut) + Mid(text, cut + 1, length) == text, "the pieces are the text");
+    const std::string first = NthField(text, "\"", 1);
+    Require(text.starts_with(first) && first.find('"') == std::string::npos, "the first piece ends at the separator");
+    Require(first != text || NthField(text, "\"", 2).empty(), "a second piece needs a separator");
 }
 
 }  // namespace
