@@ -42,8 +42,13 @@ class Reader:
         return self.wait_until(holds, what)
 
     def program(self):
-        with contextlib.suppress(GLib.GError):  # others may just be ending
-            return next((p for p in pyatspi.Registry.getDesktop(0) if p.get_process_id() == self.process.pid), None)
+        desktop = pyatspi.Registry.getDesktop(0)
+        desktop.clear_cache()  # which can miss a program that comes just when another goes
+        for program in desktop:
+            with contextlib.suppress(GLib.GError, AttributeError):  # one that has ended stays in the list for a while
+                if program.get_process_id() == self.process.pid:
+                    return program
+        return None
 
     def find(self, role, name, within=None):
         def search():
