@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::int64_t kMostPixels = 4096 * 4096;
+constexpr std::int64_t kMostPixels = std::int64_t{4096} * 4096;
 
 Owned<AVFormatContext> Open(const std::filesystem::path& file) {
     av_log_set_level(AV_LOG_QUIET);  // a damaged file is the caller's matter, not the terminal's
