@@ -5,8 +5,6 @@
 
 namespace {
 
-constexpr std::int64_t kMostPixels = std::int64_t{4096} * 4096;
-
 Owned<AVFormatContext> Open(const std::filesystem::path& file) {
     av_log_set_level(AV_LOG_QUIET);  // a damaged file is the caller's matter, not the terminal's
     AVFormatContext* context = nullptr;
@@ -20,8 +18,7 @@ Owned<AVFrame> Decode(AVFormatContext& input) {
     Owned<AVCodecContext> decoder(codec ? avcodec_alloc_context3(codec) : nullptr);
     Owned<AVPacket> packet(av_packet_alloc());
     Owned<AVFrame> frame(av_frame_alloc());
-    // A damaged header may ask for hundreds of megabytes.
-    if (decoder) decoder->max_pixels = kMostPixels;
+    if (decoder) decoder->max_pixels = kMostPixelsInFile;
     if (!decoder || !packet || !frame || avcodec_open2(decoder.get(), codec, nullptr) < 0) return nullptr;
     if (av_read_frame(&input, packet.get()) < 0) return nullptr;
     if (avcodec_send_packet(decoder.get(), packet.get()) < 0) return nullptr;

@@ -12,5 +12,8 @@ struct RgbImage {
     std::vector<std::uint8_t> bytes;
 };
 
-/// The image in a PICT file; nothing when the file can't be read, is none, or is larger than 16 million pixels.
+/// A file whose header tells of more than this is taken for a damaged one.
+constexpr std::int64_t kMostPixelsInFile = std::int64_t{4096} * 4096;
+
+/// The image in a PICT file; nothing when the file can't be read or is none.
 std::optional<RgbImage> ReadPict(const std::filesystem::path& file);

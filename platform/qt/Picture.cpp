@@ -2,6 +2,7 @@
 
 #include <QtCore/QFile>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QImageReader>
 #include <filesystem>
 #include <optional>
 
@@ -71,9 +72,20 @@ Ref<Picture> NewPicture(Int32 width, Int32 height, Int32, double scale) {
 
 namespace {
 
+/// An image to read into. What a damaged file lacks stays as it is here; it would be what the memory held before.
+QImage Blank(QSize size, QImage::Format format) {
+    QImage image(size, format);
+    if (!image.isNull() && image.depth() <= 8) image.setColorCount(1 << image.depth());
+    image.fill(Qt::white);
+    return image;
+}
+
 QImage ReadImage(const std::filesystem::path& file) {
-    QImage image(QFile::decodeName(file.c_str()));
-    if (!image.isNull()) return image;
+    QImageReader reader(QFile::decodeName(file.c_str()));
+    const QSize size = reader.size();
+    if (qint64{size.width()} * size.height() > kMostPixelsInFile) return {};
+    QImage image = Blank(size, reader.imageFormat());
+    if (reader.read(&image)) return image;
     const std::optional<RgbImage> pict = ReadPict(file);
     if (!pict) return {};
     const qsizetype bytesPerRow = qsizetype{3} * pict->width;
