@@ -1,6 +1,7 @@
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtGui/QAction>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <algorithm>
@@ -19,8 +20,6 @@
 #include "tests/support/TimerWindowTest.h"
 
 namespace {
-
-using namespace std::literals;
 
 /// A user who does anything at all, in any order.
 class Walk : public TimerWindowTest {
@@ -144,10 +143,11 @@ class Walk : public TimerWindowTest {
         if (widget) QCoreApplication::sendEvent(widget, &release);
     }
     void Drop() {
-        if (!open_windows::Find("winPrefs.winPrefs")) return;
+        const char* const text = OneOf(std::to_array({"#00ff7F", "123456", "no number", "99999999999", "1e999", ""}));
         const char* const well = OneOf(std::to_array({"cBackground", "cWedge", "cFace", "cFrame"}));
-        const char* const text = OneOf(std::to_array({"#00ff7F", "123456", "#fff", "no colour", "#99999999999", ""}));
-        actions_.push_back("drop "s + text + " on " + well);
+        actions_.push_back(std::string("drop ") + text);
+        const auto fields = Dialog()->findChildren<QLineEdit*>();
+        if (!fields.isEmpty()) return OneOf(fields)->insert(text);
         winPrefs::Instance().Find<SmartColorWell>(well).setColorFromHexString(text);
     }
     void Resize() {
