@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <stdexcept>
 #include <vector>
 
@@ -16,6 +17,7 @@
 
 namespace {
 
+using Pixels = std::vector<std::uint32_t>;
 using Frames = std::vector<Owned<AVFrame>>;
 
 void Require(bool isGood) {
@@ -37,24 +39,23 @@ class Stopwatch {
     double seconds_ = 0;
 };
 
-/// Draws the frames of a movie, some at a time: all of them would take too much memory.
+/// Draws the pictures of a movie, some at a time.
 class Painter {
   public:
     explicit Painter(const MovieJob& job)
         : frames_(job.startTime, job.settings.frameRate),
           next_(frames_.Count()),
-          maker_(FindCodec(job.settings.codec), job.width, job.height),
           picture_(NewPicture(job.width, job.height, 32)) {}
 
-    /// Up to `count` frames, in a form that the encoder takes; none at the end.
-    Frames Next(Int32 count) {
+    /// Up to `count` pictures; none at the end.
+    std::vector<Pixels> Next(Int32 count) {
         constexpr double kScale = 0.9;
-        Frames drawn;
+        std::vector<Pixels> drawn;
         for (; count > 0 && next_ >= 0; --count, --next_) {
             winMain::Instance().Redraw(picture_->Graphics(), frames_.Seconds(next_), kScale, true,
                                        FrameSequence::ShowsTimeUp(next_));
-            if (maker_.Take(picture_->Bits())) newest_ = maker_.Make();
-            drawn.emplace_back(av_frame_clone(newest_.get()));
+            const auto pixels = picture_->Bits();
+            drawn.emplace_back(pixels.begin(), pixels.end());
         }
         return drawn;
     }
@@ -62,17 +63,37 @@ class Painter {
   private:
     FrameSequence frames_;
     Int32 next_;
+    Ref<Picture> picture_;
+};
+
+/// Makes pictures into frames of a form that the encoder takes.
+class Converter {
+  public:
+    explicit Converter(const MovieJob& job) : maker_(FindCodec(job.settings.codec), job.width, job.height) {}
+
+    Frames Convert(const std::vector<Pixels>& pictures) {
+        Frames frames;
+        for (const Pixels& picture : pictures) {
+            if (maker_.Take(picture)) newest_ = maker_.Make();
+            frames.emplace_back(av_frame_clone(newest_.get()));
+        }
+        return frames;
+    }
+
+  private:
     FrameMaker maker_;
     Owned<AVFrame> newest_;
-    Ref<Picture> picture_;
 };
 
 }  // namespace
 
-double RunEncoder(const MovieJob& job) {
-    constexpr Int32 kPixelsAtATime = 32 << 20;
+double RunEncoder(const MovieJob& job, EncoderInput input) {
+    constexpr Int32 kPixelsAtATime = 2 << 20;  // few enough to stay in the processor's cache, as in the job
     Stopwatch stopwatch;
+    Stopwatch untimed;
+    Stopwatch& conversion = input == EncoderInput::Pictures ? stopwatch : untimed;
     Painter painter(job);
+    Converter converter(job);
     std::unique_ptr<MovieFile> file;
     std::unique_ptr<Encoder> encoder;
     stopwatch.Time([&] {
@@ -83,7 +104,9 @@ double RunEncoder(const MovieJob& job) {
                 file->WriteHeader(encoder->Context(), ExactRate(job.settings.frameRate), MovieFile::Content::Frames));
     });
     const Int32 chunk = std::max(kPixelsAtATime / (job.width * job.height), 1);
-    for (Frames frames = painter.Next(chunk); !frames.empty(); frames = painter.Next(chunk)) {
+    for (auto pictures = painter.Next(chunk); !pictures.empty(); pictures = painter.Next(chunk)) {
+        Frames frames;
+        conversion.Time([&] { frames = converter.Convert(pictures); });
         stopwatch.Time([&] {
             for (const Owned<AVFrame>& frame : frames) {
                 Require(encoder->Write(*frame));

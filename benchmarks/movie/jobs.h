@@ -26,5 +26,8 @@ double RunDialog(const MovieJob& job, RecordingHost& host);
 /// finds nothing of the picture before that it could use again.
 double RunDistinct(const MovieJob& job, RecordingHost& host);
 
-/// Encoder and file alone: no picture is drawn or converted while the time is taken, and each frame is encoded.
-double RunEncoder(const MovieJob& job);
+/// What an encoder is given while the time is taken: pictures that are drawn, or frames that are converted, too.
+enum class EncoderInput { Pictures, Frames };
+
+/// Encoder and file alone, on one thread. Each frame is encoded.
+double RunEncoder(const MovieJob& job, EncoderInput input);

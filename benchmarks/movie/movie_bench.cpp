@@ -23,14 +23,14 @@ const std::map<std::string, MovieCodec> kCodecs = {
 };
 
 int Usage() {
-    std::fputs("usage: movie_bench dialog|distinct|encoder CODEC WIDTH HEIGHT SECONDS RATE FILE\n", stderr);
+    std::fputs("usage: movie_bench dialog|distinct|encoder|frames CODEC WIDTH HEIGHT SECONDS RATE FILE\n", stderr);
     return 2;
 }
 
 double Run(const std::string& contender, const MovieJob& job, RecordingHost& host) {
     if (contender == "dialog") return RunDialog(job, host);
     if (contender == "distinct") return RunDistinct(job, host);
-    return RunEncoder(job);
+    return RunEncoder(job, contender == "encoder" ? EncoderInput::Pictures : EncoderInput::Frames);
 }
 
 }  // namespace
