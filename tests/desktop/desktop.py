@@ -23,6 +23,16 @@ def start(stack, command, end_by=signal.SIGKILL, **options):
     return process
 
 
+def wait_until(condition, what, meanwhile=lambda: None, timeout=20):
+    deadline = time.monotonic() + timeout
+    while not (result := condition()):
+        if time.monotonic() > deadline:
+            raise AssertionError(f"not within {timeout} s: {what}")
+        meanwhile()
+        time.sleep(0.01)
+    return result
+
+
 class Picture:
     """Pixels of the screen: rows of bytes, four to a pixel: blue, green, red and nothing."""
 
@@ -77,15 +87,9 @@ class Desktop:
         return inherited | private | {
             "DISPLAY": self.name, "DBUS_SESSION_BUS_ADDRESS": f"unix:path={home}/no-bus", "LANG": "C.UTF-8", **more}
 
-    def wait_until(self, condition, what, timeout=20):
+    def wait_until(self, condition, what):
         """Nudges the window manager meanwhile: it oversleeps an event now and then, until the next one wakes it."""
-        deadline = time.monotonic() + timeout
-        while not (result := condition()):
-            if time.monotonic() > deadline:
-                raise AssertionError(f"not within {timeout} s: {what}")
-            self.nudge(self.bystander)
-            time.sleep(0.01)
-        return result
+        return wait_until(condition, what, lambda: self.nudge(self.bystander))
 
     def ask(self, request, window):
         """The window manager, as a task bar asks it."""

@@ -3,11 +3,19 @@ for itself, whatever the display is."""
 
 import contextlib
 import os
+import subprocess
+import tempfile
 
 import pyatspi
-from gi.repository import GLib
+from gi.repository import Atspi, GLib
 
 EVENT = "object:state-changed:showing"
+
+# Where the bus of screen readers has its socket. In a folder that is shared it takes the place of another test's or the
+# user's, and programs that come later no longer find that one.
+RUNTIME = tempfile.TemporaryDirectory(prefix="reader-")
+subprocess.run(["dbus-update-activation-environment", f"XDG_RUNTIME_DIR={RUNTIME.name}"], check=True)
+Atspi.set_timeout(2000, 0)  # not longer for a program that has just begun: what opens a dialog answers when that has closed
 
 
 class Reader:
@@ -37,18 +45,13 @@ class Reader:
         def holds():
             while context.iteration(False):
                 pass
-            return condition()
+            with contextlib.suppress(GLib.GError):  # something may just be ending
+                return condition()
 
         return self.wait_until(holds, what)
 
     def program(self):
-        desktop = pyatspi.Registry.getDesktop(0)
-        desktop.clear_cache()  # which can miss a program that comes just when another goes
-        for program in desktop:
-            with contextlib.suppress(GLib.GError, AttributeError):  # one that has ended stays in the list for a while
-                if program.get_process_id() == self.process.pid:
-                    return program
-        return None
+        return next((p for p in pyatspi.Registry.getDesktop(0) if p and p.get_process_id() == self.process.pid), None)
 
     def find(self, role, name, within=None):
         def search():
@@ -64,7 +67,7 @@ class Reader:
 
     def press(self, item, action="Press"):
         actions, names = item.queryAction(), self.actions(item)
-        with contextlib.suppress(GLib.GError):  # where a dialog opens, the answer comes when that has closed
+        with contextlib.suppress(GLib.GError):  # what opens a dialog doesn't answer in time
             actions.doAction(names.index(action))
 
     def enter(self, field, text):

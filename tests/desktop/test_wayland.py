@@ -7,29 +7,18 @@ import signal
 import struct
 import subprocess
 import tempfile
-import time
 import unittest
 
-from desktop import Picture, start
+from desktop import Picture, start, wait_until
 from reader import Reader
 from timer import COLOURS, PROGRAM, main, seconds_shown
-
-
-
-def wait_until(condition, what, timeout=20):
-    deadline = time.monotonic() + timeout
-    while not (result := condition()):
-        if time.monotonic() > deadline:
-            raise AssertionError(f"not within {timeout} s: {what}")
-        time.sleep(0.05)
-    return result
 
 
 class Compositor:
     def __init__(self, stack, scale):
         self.home = pathlib.Path(stack.enter_context(tempfile.TemporaryDirectory(prefix="wayland-")))
         self.home.chmod(0o700)
-        inherited = {k: v for k, v in os.environ.items() if not k.startswith(("QT_", "XDG_")) and k != "DISPLAY"}
+        inherited = {k: v for k, v in os.environ.items() if not k.startswith(("QT_", "XDG_"))}
         home = {name: f"{self.home}" for name in ("HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME")}
         self.environment = inherited | home | {"WAYLAND_DISPLAY": "wayland-test"}
         screen = ["--width=1280", "--height=800", f"--scale={scale}"]
@@ -52,8 +41,9 @@ class Compositor:
 
 class WaylandTest(unittest.TestCase):
     def test_a_count_down(self):
-        with contextlib.ExitStack() as stack:
-            self.count_down(stack, Compositor(stack, 1))
+        for scale in (1, 2):
+            with self.subTest(scale=scale), contextlib.ExitStack() as stack:
+                self.count_down(stack, Compositor(stack, scale))
 
     def count_down(self, stack, compositor):
         errors = stack.enter_context(tempfile.TemporaryFile("w+"))
