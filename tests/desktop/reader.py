@@ -15,7 +15,7 @@ EVENT = "object:state-changed:showing"
 # user's, and programs that come later no longer find that one.
 RUNTIME = tempfile.TemporaryDirectory(prefix="reader-")
 subprocess.run(["dbus-update-activation-environment", f"XDG_RUNTIME_DIR={RUNTIME.name}"], check=True)
-Atspi.set_timeout(2000, 0)  # not longer for a program that has just begun: what opens a dialog answers when that has closed
+Atspi.set_timeout(2000, 0)  # also for a program that has just begun: what opens a dialog answers once that is closed
 
 
 class Reader:
