@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 /// What the frames of a movie are encoded as.
 enum class MovieCodec { Uncompressed = 1, H264, H265, Mpeg4, ProRes4444, PhotoJpeg, Png, Animation };
@@ -23,7 +22,3 @@ struct CodecChoice {
     std::string name;
     bool hasQuality;
 };
-
-/// The codecs that this machine can write, in the order in which they are offered, the usual one first. Empty when
-/// there is none. Uncompressed is what a movie is without a choice, so it is no item of the list. Any thread.
-std::vector<CodecChoice> InstalledCodecs();

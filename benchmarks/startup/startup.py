@@ -25,22 +25,23 @@ def shows(screen):
     return any(screen.find((b"\x9f\x9f\x9f" + unused) * 200) >= 0 for unused in (b"\0", b"\xff"))
 
 
-def seconds_to_first_frame(desktops, desktop, program):
+def seconds_to_first_frame(desktops, desktop, command):
     desktop.wait_until(lambda: not desktop.windows() and not shows(desktop.memory), "the screen is empty")
     with contextlib.ExitStack() as stack:
         start = time.monotonic()
-        desktops.start(stack, [program], env=desktop.environment(desktop.home))
+        desktops.start(stack, command, env=desktop.environment(desktop.home))
         while not shows(desktop.memory):
             time.sleep(0.0005)
         return time.monotonic() - start
 
 
 def compare_start(programs, rounds, desktops, desktop):
-    contenders = {"Dwindledial": programs / "dwindledial", "empty window": programs / "empty_window"}
+    contenders = {"Dwindledial": [programs / "dwindledial"], "empty window": [programs / "empty_window"],
+                  "with a menu bar": [programs / "empty_window", "menus"]}
     times = {name: [] for name in contenders}
     for _ in range(4 * rounds):
-        for name, program in contenders.items():
-            times[name].append(1000 * seconds_to_first_frame(desktops, desktop, program))
+        for name, command in contenders.items():
+            times[name].append(1000 * seconds_to_first_frame(desktops, desktop, command))
     medians = {name: statistics.median(each) for name, each in times.items()}
     table(f"From the start of the process to the first painted frame, median of {4 * rounds}",
           ["", "milliseconds", "time / empty window's"],

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/System.h"
-
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
@@ -117,4 +115,4 @@ std::vector<CodecChoice> InstalledCodecs() {
     return choices;
 }
 
-bool System::Quicktime::Installed() { return HasMuxer() && std::ranges::any_of(kCodecs, IsInstalled); }
+bool CanWriteMovies() { return HasMuxer() && std::ranges::any_of(kCodecs, IsInstalled); }

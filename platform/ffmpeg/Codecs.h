@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "platform/CompressionSettings.h"
 
@@ -45,6 +46,12 @@ struct Codec {
 };
 
 const Codec& FindCodec(MovieCodec id);
+
+/// Those that FFmpeg has here and a user can choose, the usual one first.
+std::vector<CodecChoice> InstalledCodecs();
+
+/// Whether FFmpeg can write QuickTime files here, with any codec.
+bool CanWriteMovies();
 
 /// The pixel format in which frames of that size are encoded.
 inline AVPixelFormat FormatFor(const Codec& codec, int width, int height) {

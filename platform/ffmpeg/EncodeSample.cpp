@@ -45,11 +45,10 @@ double BytesIn(const Packets& packets) {
 
 }  // namespace
 
-std::optional<EncodedSample> EncodeSample(const CompressionSettings& settings, std::span<const Ref<Picture>> pictures,
+std::optional<EncodedSample> EncodeSample(const CompressionSettings& settings, std::span<const PixelView> frames,
                                           const std::stop_token& stop) {
-    if (pictures.empty()) return std::nullopt;
-    const Int32 width = pictures.front()->Width();
-    const Int32 height = pictures.front()->Height();
+    if (frames.empty()) return std::nullopt;
+    const auto [width, height, ignored] = frames.front();
     Packets packets;
     const auto encoder = Encoder::Open(settings, width, height, [&packets, &stop](AVPacket& packet) {
         packets.emplace_back(av_packet_clone(&packet));
@@ -57,13 +56,13 @@ std::optional<EncodedSample> EncodeSample(const CompressionSettings& settings, s
     });
     FrameMaker frameMaker(FindCodec(settings.codec), width, height);
     Owned<AVFrame> frame;
-    for (const Ref<Picture>& picture : pictures) {
+    for (const PixelView& view : frames) {
         if (stop.stop_requested() || !encoder) return std::nullopt;
-        if (frameMaker.Take(picture->Bits())) frame = frameMaker.Make();
+        if (frameMaker.Take(view.pixels)) frame = frameMaker.Make();
         if (!frame || !encoder->Write(*frame)) return std::nullopt;
     }
     if (!encoder->Finish()) return std::nullopt;
     std::optional<RgbImage> first = DecodeFirst(encoder->Context(), packets);
     if (!first) return std::nullopt;
-    return EncodedSample{std::move(*first), BytesIn(packets) / static_cast<double>(pictures.size())};
+    return EncodedSample{std::move(*first), BytesIn(packets) / static_cast<double>(frames.size())};
 }

@@ -1,6 +1,5 @@
 #include "platform/Application.h"
 
-#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 #include <filesystem>
 #include <utility>
@@ -13,6 +12,7 @@
 #include "platform/qt/EventBoundary.h"
 #include "platform/qt/LostDisplay.h"
 #include "platform/qt/OpenWindows.h"
+#include "platform/qt/WindowIcon.h"
 #include "platform/qt/WindowPeer.h"
 
 namespace {
@@ -54,6 +54,8 @@ Application* Application::Registered() { return runtime.application.get(); }
 
 void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId,
                  const Ref<FolderItem>& alertSound) {
+    // To look for a menu bar outside of the window takes questions over D-Bus.
+    QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     runtime.toolkit = std::make_unique<QApplication>(argc, argv);
     OnLostDisplay([] {
         open_windows::CloseAll();
@@ -62,8 +64,8 @@ void RuntimeInit(int& argc, char** argv, const std::string& name, const std::str
     });
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(desktopId));
-    QApplication::setWindowIcon(QIcon::fromTheme(QString::fromStdString(desktopId)));
     QApplication::setQuitOnLastWindowClosed(false);
+    InstallWindowIcon(desktopId);
     InstallAccessibility();
     runtime.signals = std::make_unique<EndSignals>(open_windows::CloseAll);
     Host::Install(

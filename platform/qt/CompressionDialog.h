@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/CompressionSettings.h"
+#include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
 #include "platform/qt/SampleEncoder.h"
 
@@ -36,7 +37,7 @@ class CompressionDialog final : public QDialog {
 
     const QSize frameSize_;
     const double proposedRate_;
-    const std::vector<CodecChoice> codecs_ = InstalledCodecs();
+    const std::vector<CodecChoice> codecs_ = MovieLibrary::Installed().Codecs();
 
     QComboBox codec_;
     QSlider quality_{Qt::Horizontal};

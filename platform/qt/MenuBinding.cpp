@@ -9,7 +9,6 @@
 
 MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, std::function<void()> enableItems)
     : bar_(std::move(bar)), window_(window), widget_(new QMenuBar(&window)), enableItems_(std::move(enableItems)) {
-    widget_->setNativeMenuBar(false);
     widget_->setAutoFillBackground(true);  // in fullscreen it lies over the controls
     widget_->setCursor(Qt::ArrowCursor);
     for (const Ref<MenuItem>& menu : bar_->Children())

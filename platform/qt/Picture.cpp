@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "platform/FolderItem.h"
-#include "platform/ffmpeg/PictReader.h"
+#include "platform/MovieLibrary.h"
 #include "platform/qt/PainterGraphics.h"
 #include "platform/qt/Pixels.h"
 
@@ -86,7 +86,7 @@ QImage ReadImage(const std::filesystem::path& file) {
     if (qint64{size.width()} * size.height() > kMostPixelsInFile) return {};
     QImage image = Blank(size, reader.imageFormat());
     if (reader.read(&image)) return image;
-    const std::optional<RgbImage> pict = ReadPict(file);
+    const std::optional<RgbImage> pict = MovieLibrary::Installed().ReadPict(file);
     if (!pict) return {};
     const qsizetype bytesPerRow = qsizetype{3} * pict->width;
     return QImage(pict->bytes.data(), pict->width, pict->height, bytesPerRow, QImage::Format_RGB888).copy();

@@ -30,14 +30,15 @@ std::optional<CompressionSettings> SampleEncoder::NextSettings(const std::stop_t
 void SampleEncoder::Work(const std::stop_token& end) {
     // A count-down is long runs of equal pictures.
     constexpr std::size_t kFrames = 24;
-    const std::vector<Ref<Picture>> pictures(kFrames, picture_);
+    const PixelView frame{picture_->Width(), picture_->Height(), picture_->Bits()};
+    const std::vector<PixelView> frames(kFrames, frame);
     const std::stop_callback endsCurrent(end, [this] {
         const std::lock_guard lock(mutex_);
         current_.request_stop();
     });
     while (const auto settings = NextSettings(end)) {
         const std::stop_token stop = current_.get_token();
-        auto sample = EncodeSample(*settings, pictures, stop);
+        auto sample = MovieLibrary::Installed().EncodeSample(*settings, frames, stop);
         if (stop.stop_requested()) continue;
         OnMainThread(
             context_, [done = done_, sample = std::move(sample)] { done(sample); }, "Sample");

@@ -9,8 +9,8 @@
 #include <thread>
 
 #include "platform/CompressionSettings.h"
+#include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
-#include "platform/ffmpeg/EncodeSample.h"
 
 /// Encodes one picture again and again on a worker, as the settings change. Nothing here waits for it but the end.
 class SampleEncoder {

@@ -11,10 +11,18 @@ from movie import MovieDialog, probe
 from timer import DesktopTest, Dialog, main
 
 
+def libraries(timer):
+    return pathlib.Path(f"/proc/{timer.process.pid}/maps").read_text()
+
+
 class MovieTest(DesktopTest):
     def test_the_whole_road(self):
         opened = self.catch_opened_files()
-        dialog = MovieDialog(self.launch())
+        timer = self.launch()
+        timer.choose("f", "Escape", "Escape")
+        self.assertNotIn("libav", libraries(timer), "the start has waited for them")
+        dialog = MovieDialog(timer)
+        self.assertIn("libav", libraries(timer))
         dialog.enter(3, 48, 33, 10)
         self.desktop.key("space", "Tab", "space")  # no compression dialog; open the movie
         movie = dialog.start()

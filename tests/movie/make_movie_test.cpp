@@ -2,6 +2,8 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QStringList>
+#include <cstdlib>
+#include <filesystem>
 
 #include "movie/FileTypes.h"
 #include "movie/winMakeMovie.h"
@@ -16,6 +18,7 @@
 namespace {
 
 using testing::Contains;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -71,6 +74,20 @@ class MakeMovieTest : public TimerWindowTest {
         return frames;
     }
 };
+
+// The module is sought beside the executable, so a copy of this one is run.
+TEST_F(MakeMovieTest, WithoutTheModuleForThemThereAreNoMovies) {
+    const std::filesystem::path self = Application::ExecutableFile()->Path();
+    if (self.filename() != "copy") {
+        const std::filesystem::path copy = host.preferencesFolder / "copy";
+        std::filesystem::copy_file(self, copy);
+        EXPECT_EQ(std::system((copy.string() + " --gtest_filter=*WithoutTheModule*").c_str()), 0);
+        return;
+    }
+    EXPECT_TRUE(Timer()._FileCreateMovie_Action());
+    EXPECT_THAT(host.messages, ElementsAre("QuickTime needs to be installed to create movies."));
+    EXPECT_FALSE(IsOpen());
+}
 
 TEST_F(MakeMovieTest, EstimatesTheSizeFromTheFieldsAsTheyStand) {
     const auto size = [] { return Dialog().Find<StaticText>("lSize").Text(); };

@@ -15,9 +15,9 @@
 #include "platform/EditableMovie.h"
 #include "platform/FolderItem.h"
 #include "platform/Graphics.h"
+#include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
 #include "platform/System.h"
-#include "platform/ffmpeg/EncodeSample.h"
 #include "tests/support/Files.h"
 #include "tests/support/RecordingHost.h"
 
@@ -86,6 +86,14 @@ std::string Bytes(const Picture& picture) {
         }
     }
     return bytes;
+}
+
+std::optional<EncodedSample> Sample(const CompressionSettings& settings, const std::vector<Ref<Picture>>& pictures,
+                                    const std::stop_token& stop = {}) {
+    std::vector<PixelView> frames;
+    for (const Ref<Picture>& picture : pictures)
+        frames.push_back({picture->Width(), picture->Height(), picture->Bits()});
+    return MovieLibrary::Installed().EncodeSample(settings, frames, stop);
 }
 
 /// The largest difference of two pictures in the middle of the stripes, above and below.
@@ -165,7 +173,7 @@ TEST_F(MovieFileTest, ProposesH264FirstAndThenTheChoiceBefore) {
 TEST_F(MovieFileTest, OffersTheCodecsOfThisMachine) {
     EXPECT_TRUE(System::Quicktime::Installed());
     std::string names;
-    for (const CodecChoice& choice : InstalledCodecs())
+    for (const CodecChoice& choice : MovieLibrary::Installed().Codecs())
         names += choice.name + ", ";
     EXPECT_EQ(names, "H.264, H.265, MPEG-4, Apple ProRes 4444, Photo - JPEG, PNG, Animation, ");
 }
@@ -302,7 +310,7 @@ TEST_F(MovieFileTest, ASampleShowsWhatTheCodecMakesOfAPicture) {
         Draw(*pictures[1], 2);
         for (const Form& form : kForms) {
             SCOPED_TRACE(form.tag);
-            const auto sample = EncodeSample({.codec = form.codec}, pictures, {});
+            const auto sample = Sample({.codec = form.codec}, pictures);
             ASSERT_TRUE(sample);
             const std::string decoded(sample->firstFrame.bytes.begin(), sample->firstFrame.bytes.end());
             EXPECT_LE(Difference(decoded, Bytes(*pictures[0]), width, height), 2);
@@ -312,7 +320,7 @@ TEST_F(MovieFileTest, ASampleShowsWhatTheCodecMakesOfAPicture) {
     }
     std::stop_source source;
     source.request_stop();
-    EXPECT_FALSE(EncodeSample({}, std::vector{NewPicture(32, 32, 32)}, source.get_token()));
+    EXPECT_FALSE(Sample({}, {NewPicture(32, 32, 32)}, source.get_token()));
 }
 
 TEST_F(MovieFileTest, ABetterQualityTakesMoreBytes) {
@@ -322,10 +330,10 @@ TEST_F(MovieFileTest, ABetterQualityTakesMoreBytes) {
         picture->Graphics()->ForeColor(Color{static_cast<Int32>(random() & 0xFFFFFF)});
         picture->Graphics()->FillRect(static_cast<Int32>(random() % 160), static_cast<Int32>(random() % 120), 9, 5);
     }
-    for (const CodecChoice& choice : InstalledCodecs()) {
+    for (const CodecChoice& choice : MovieLibrary::Installed().Codecs()) {
         double before = 0;
         for (const int quality : {0, 25, 50, 75, 100}) {
-            const auto sample = EncodeSample({choice.codec, quality, 1}, std::vector{picture}, {});
+            const auto sample = Sample({choice.codec, quality, 1}, {picture});
             const double bytes = sample.value().bytesPerFrame;
             EXPECT_TRUE(before == 0 || (choice.hasQuality ? bytes > before : bytes == before)) << choice.name << bytes;
             before = bytes;

@@ -9,6 +9,7 @@ LINK, PROGRAM = "bin/dwindledial", "lib/dwindledial/bin/dwindledial"
 FILES = {
     LINK,
     PROGRAM,
+    f"lib/dwindledial/bin/dwindledial_movies-{os.environ['VERSION']}.so",
     *(f"lib/dwindledial/Resources/{picture.name}" for picture in (BUILD / "Resources").iterdir()),
     f"share/applications/{ID}.desktop",
     f"share/metainfo/{ID}.metainfo.xml",

@@ -42,7 +42,8 @@ TEST(ImagesTest, IconsAreTransparentFromTheirFirstDraw) {
     }
 }
 
-// The images are sought beside the folder of the executable, so a copy of this one is run where they are missing.
+// The images are sought beside the folder of the executable, so a copy of this one is run where they are missing. The
+// module that reads PICT files isn't there either.
 TEST(ImagesTest, AMissingImageIsNilAndSoughtAgain) {
     const fs::path executable = Application::ExecutableFile()->Path();
     const fs::path home = executable.parent_path().parent_path();
@@ -57,11 +58,12 @@ TEST(ImagesTest, AMissingImageIsNilAndSoughtAgain) {
     EXPECT_FALSE(Run_Icon() || AboutIcon() || MwRbHzMd());
     EXPECT_EQ(Drawn(RGB(1, 2, 3), Run_Icon()).At(18, 18), RGB(1, 2, 3));
     fs::rename(executable.parent_path() / "later", home / "Resources");
-    for (auto* const image : {Run_Icon, Run_Mask, Pause_Icon, Pause_Mask, Alert_Icon, Alert_Mask, AboutIcon, AboutMask,
-                              MwRbHzMd, MwRbHzMdMask}) {
+    for (auto* const image :
+         {Run_Icon, Run_Mask, Pause_Icon, Pause_Mask, Alert_Icon, Alert_Mask, MwRbHzMd, MwRbHzMdMask}) {
         ASSERT_TRUE(image());
         EXPECT_EQ(image(), image());
     }
+    EXPECT_FALSE(AboutIcon() || AboutMask());
 }
 
 TEST(ImagesTest, ADenseScreenGetsFinerPicturesOfTheSameSize) {

@@ -1,0 +1,53 @@
+#include "platform/EditableMovie.h"
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "platform/FolderItem.h"
+#include "platform/Host.h"
+#include "platform/MovieLibrary.h"
+#include "platform/Picture.h"
+
+namespace {
+
+/// What the compression dialog proposes: the choice before, in this run of the program.
+CompressionSettings& Proposal() {
+    static CompressionSettings proposal = [] {
+        const std::vector<CodecChoice> choices = MovieLibrary::Installed().Codecs();
+        return choices.empty() ? CompressionSettings{} : CompressionSettings{.codec = choices.front().codec};
+    }();
+    return proposal;
+}
+
+}  // namespace
+
+double QTVideoTrack::FrameRate() const { return writer_->Settings().frameRate; }
+
+void QTVideoTrack::AppendPicture(const Ref<Picture>& picture) {
+    writer_->Append({picture->Width(), picture->Height(), picture->Bits()});
+}
+
+bool QTVideoTrack::SelectCompressionSettings(const Ref<Picture>& testImage) {
+    CompressionSettings settings = Proposal();
+    settings.frameRate = FrameRate();
+    if (!Host::Current().SelectCompressionSettings(testImage, settings)) return false;
+    writer_->Settings(settings);
+    Proposal() = settings;
+    return true;
+}
+
+void EditableMovie::SaveOnClose(bool value) { writer_->SaveOnClose(value); }
+
+Ref<QTVideoTrack> EditableMovie::NewVideoTrack(Int32 width, Int32 height, double frameRate) {
+    if (!writer_->AddTrack(width, height, frameRate)) return nullptr;
+    return MakeRef<QTVideoTrack>(writer_);
+}
+
+Ref<EditableMovie> FolderItem::CreateMovie() {
+    std::error_code ignored;
+    if (Exists() && !std::filesystem::is_regular_file(path_, ignored)) return nullptr;
+    std::shared_ptr<MovieWriter> writer = MovieLibrary::Installed().Create(path_);
+    if (!writer) return nullptr;
+    return MakeRef<EditableMovie>(std::move(writer));
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
+#include <stop_token>
+#include <vector>
+
+#include "platform/CompressionSettings.h"
+
+/// Pixels as 0xFFRRGGBB, `width` times `height` of them, row by row without padding.
+struct PixelView {
+    int width = 0;
+    int height = 0;
+    std::span<const std::uint32_t> pixels;
+};
+
+/// An image of `width` times `height` pixels, three bytes each (red, green, blue), row by row without padding.
+struct RgbImage {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint8_t> bytes;
+};
+
+/// What a few frames look like, and how much they take, once they are encoded.
+struct EncodedSample {
+    RgbImage firstFrame;
+    double bytesPerFrame = 0;
+};
+
+/// A file whose header tells of more than this is taken for a damaged one.
+constexpr std::int64_t kMostPixelsInFile = std::int64_t{4096} * 4096;
+
+/// A QuickTime file with one video track that is being written. One thread at a time. Its end closes the file, which
+/// waits until all frames are written.
+class MovieWriter {
+  public:
+    virtual ~MovieWriter() = default;
+
+    /// Whether closing makes a movie of what was appended. Otherwise the file stays behind in pieces. Initially False.
+    virtual void SaveOnClose(bool value) noexcept = 0;
+
+    /// The one track, uncompressed until other settings come. False when there can't be such a track, or there is one.
+    virtual bool AddTrack(int width, int height, double frameRate) noexcept = 0;
+
+    /// Of the track, which must be there. They are set before the first frame only.
+    virtual const CompressionSettings& Settings() const noexcept = 0;
+    virtual void Settings(const CompressionSettings& settings) noexcept = 0;
+
+    /// Adds a frame to the track; its pixels are not needed any more when it returns. One of another size than the
+    /// track's is left out. Waits while the frames before it are too far behind with being written.
+    virtual void Append(const PixelView& frame) noexcept = 0;
+};
+
+/// What movies are written with, and pictures read that the toolkit can't read itself. It lives in a module of its own,
+/// since it brings so many libraries with it that loading them would be most of the program's start. This base class is
+/// that of a machine which has none. Any thread. Nothing is thrown: what fails for want of memory just fails.
+class MovieLibrary {
+  public:
+    virtual bool CanWrite() const noexcept { return false; }
+
+    /// The codecs that this machine can write, in the order in which they are offered, the usual one first. Empty when
+    /// there is none. Uncompressed is what a movie is without a choice, so it is no item of the list.
+    virtual std::vector<CodecChoice> Codecs() const noexcept { return {}; }
+
+    /// A new empty file in place of what was there; nil when it can't be made.
+    virtual std::shared_ptr<MovieWriter> Create(const std::filesystem::path&) const noexcept { return nullptr; }
+
+    /// Encodes frames of one size in memory, and decodes the first of them again. Nothing when that can't be done or
+    /// `stop` asks for the end, which is looked at before each frame.
+    virtual std::optional<EncodedSample> EncodeSample(const CompressionSettings&, std::span<const PixelView>,
+                                                      const std::stop_token&) const noexcept {
+        return std::nullopt;
+    }
+
+    /// The image in a PICT file; nothing when the file can't be read or is none.
+    virtual std::optional<RgbImage> ReadPict(const std::filesystem::path&) const noexcept { return std::nullopt; }
+
+    /// The one of this machine. The first call opens the module.
+    static const MovieLibrary& Installed();
+
+  protected:
+    ~MovieLibrary() = default;
+};
+
+/// The one function that the module gives out.
+extern "C" const MovieLibrary* MovieLibraryOfModule();
