@@ -5,8 +5,6 @@
 #include <QtCore/QMimeData>
 #include <QtGui/QDropEvent>
 #include <QtTest/QTest>
-#include <cstdlib>
-#include <span>
 #include <vector>
 
 #include "platform/Controls.h"
@@ -19,7 +17,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr Int32 kSide = 32;
-const Color kColor = RGB(200, 60, 150);
+const Color kColor = RGB(60, 150, 200);
+const std::string kPicked = "SelectColor Pick a color:";
 
 struct WellProbe final : Window {
     static WellProbe& Instance() { return ImplicitInstance<WellProbe>("WellProbe.WellProbe"); }
@@ -80,32 +79,22 @@ class ColorWellTest : public testing::Test {
     int ups = 0;
 };
 
-// The look, at each edge between two of its parts.
-
-struct Spot {
-    int x, y;
-    QRgb raised, pressed;
+/// Two corners of a part of the look, and how red it is.
+struct Stretch {
+    QPoint from, to;
+    int raised, pressed;
 };
-
-constexpr Spot Grey(int x, int y, int raised, int pressed) {
-    return {x, y, qRgb(raised, raised, raised), qRgb(pressed, pressed, pressed)};
-}
-
-constexpr Spot kBevel[] = {
-    Grey(0, 16, 128, 71), Grey(31, 16, 128, 71), Grey(16, 0, 128, 71), Grey(16, 31, 128, 71),  // outline
-    Grey(1, 16, 217, 105), Grey(30, 16, 217, 105), Grey(1, 30, 217, 105),                      // edges
-    Grey(3, 1, 252, 140), Grey(3, 2, 237, 125), Grey(3, 30, 242, 130),
-    // 0.2 of the height is 6.4: the bands begin at 0, 6, 12, 19, 25, and each is covered by the next.
-    Grey(3, 3, 222, 110), Grey(3, 5, 222, 110), Grey(3, 6, 230, 117), Grey(3, 11, 230, 117), Grey(3, 12, 237, 125),
-    Grey(3, 18, 237, 125), Grey(3, 19, 245, 133), Grey(3, 24, 245, 133), Grey(3, 25, 255, 143)};
-
-constexpr Spot Swatch(int x, int y) { return {x, y, qRgb(200, 60, 150), qRgb(88, 26, 66)}; }
-constexpr Spot InnerFrame(int x, int y) { return {x, y, qRgb(175, 52, 131), qRgb(62, 19, 47)}; }
-constexpr Spot OuterFrame(int x, int y) { return {x, y, qRgb(149, 45, 112), qRgb(37, 11, 28)}; }
-
-constexpr Spot kSwatch[] = {OuterFrame(5, 16), OuterFrame(26, 16), OuterFrame(16, 5), OuterFrame(16, 26),
-                            InnerFrame(6, 16), InnerFrame(25, 16), InnerFrame(16, 6), Swatch(16, 25),
-                            Swatch(7, 7),      Swatch(24, 24)};
+// 0.2 of the height is 6.4: the bands begin at 0, 6, 12, 19, 25, and each is covered by the next.
+const std::vector<Stretch> kBevel = {
+    {{0, 0}, {31, 31}, 128, 71},   {{0, 31}, {31, 0}, 128, 71},   {{1, 2}, {1, 30}, 217, 105},
+    {{30, 2}, {30, 30}, 217, 105}, {{1, 1}, {30, 1}, 252, 140},   {{2, 2}, {29, 2}, 237, 125},
+    {{2, 3}, {29, 5}, 222, 110},   {{2, 6}, {29, 11}, 230, 117},  {{2, 12}, {29, 18}, 237, 125},
+    {{2, 19}, {29, 24}, 245, 133}, {{2, 25}, {29, 29}, 255, 143}, {{2, 30}, {29, 30}, 242, 130}};
+const std::vector<Stretch> kSwatch = {{{5, 5}, {26, 26}, 45, 11},
+                                      {{5, 26}, {26, 5}, 45, 11},
+                                      {{6, 6}, {25, 25}, 52, 19},
+                                      {{6, 25}, {25, 6}, 52, 19},
+                                      {{7, 7}, {24, 25}, 60, 26}};
 
 struct Look {
     bool isPressed = false;
@@ -113,26 +102,17 @@ struct Look {
     bool isSwatchPale = false;
 };
 
-MATCHER_P(IsNear, expected, "") {
-    return std::abs(qRed(arg) - qRed(expected)) <= 1 && std::abs(qGreen(arg) - qGreen(expected)) <= 1 &&
-           std::abs(qBlue(arg) - qBlue(expected)) <= 1;
-}
-
 void ExpectLook(QWidget& widget, const Look& look) {
     const QImage seen = widget.grab().toImage();
-    const QColor ground = widget.palette().color(QPalette::Window);
-    const auto paled = [&ground](QRgb c) {
-        const auto half = [](int a, int b) { return (a * 127 + b * 128) / 255; };
-        return qRgb(half(qRed(c), ground.red()), half(qGreen(c), ground.green()), half(qBlue(c), ground.blue()));
-    };
-    const auto expect = [&](std::span<const Spot> spots, bool isPale) {
-        for (const Spot& spot : spots) {
-            const QRgb solid = look.isPressed ? spot.pressed : spot.raised;
-            EXPECT_THAT(seen.pixel(spot.x, spot.y), IsNear(isPale ? paled(solid) : solid)) << spot.x << ", " << spot.y;
+    const int ground = widget.palette().color(QPalette::Window).red();
+    for (const auto& [stretches, isPale] : {std::pair(kBevel, look.isBevelPale), {kSwatch, look.isSwatchPale}}) {
+        for (const auto& [from, to, raised, pressed] : stretches) {
+            const int solid = look.isPressed ? pressed : raised;
+            for (const QPoint& place : {from, to})
+                EXPECT_NEAR(qRed(seen.pixel(place)), isPale ? (solid * 127 + ground * 128) / 255 : solid, 1)
+                    << place.x() << ", " << place.y();
         }
-    };
-    expect(kBevel, look.isBevelPale);
-    expect(kSwatch, look.isSwatchPale);
+    }
 }
 
 TEST_F(ColorWellTest, LooksRaisedPressedAndDimmed) {
@@ -140,44 +120,36 @@ TEST_F(ColorWellTest, LooksRaisedPressedAndDimmed) {
     PressAt(3, 3);
     ExpectLook(widget, {.isPressed = true});
     ReleaseAt(-1, 3);
-
     window.Find<GroupBox>("group").Enabled(false);
     ExpectLook(widget, {.isBevelPale = true});
     well.AlsoDimColor = true;
     ExpectLook(widget, {.isBevelPale = true, .isSwatchPale = true});
     well.AlsoDimColor = false;
     window.Find<GroupBox>("group").Enabled(true);
-    ExpectLook(widget, {});
-
     QApplication::setActiveWindow(nullptr);
     ExpectLook(widget, {.isBevelPale = true, .isSwatchPale = true});
     host.picking = [this](Color) { ExpectLook(widget, {}); };
     well.pickColor();
-    EXPECT_THAT(host.calls, ElementsAre("SelectColor Pick a color:"));
+    EXPECT_THAT(host.calls, ElementsAre(kPicked));
 }
 
 TEST_F(ColorWellTest, KeepsItsMarginWithinReason) {
-    EXPECT_EQ(well.Margin, 5);
-    EXPECT_EQ(window.Find<SmartColorWell>("flat").Margin, 2);
-    EXPECT_EQ(window.Find<SmartColorWell>("given").Margin, 3);
-    EXPECT_EQ(window.Find<SmartColorWell>("negative").Margin, 0);
+    const auto margin = [this](const char* name) { return window.Find<SmartColorWell>(name).Margin; };
+    EXPECT_TRUE(margin("flat") == 2 && margin("given") == 3 && margin("negative") == 0);
 }
 
 TEST_F(ColorWellTest, ThePressedLookFollowsThePointerAndAReleaseInsidePicks) {
     PressAt(16, 16);
-    MoveTo(31.9, 16);
-    ExpectLook(widget, {.isPressed = true});
-    MoveTo(32, 16);
-    ExpectLook(widget, {});
-    MoveTo(0, 0);
-    ExpectLook(widget, {.isPressed = true});
-    MoveTo(-0.1, 0);
-    ReleaseAt(-0.1, 0);
+    for (const auto& [x, y, isInside] :
+         {std::tuple(31.9, 16.0, true), {32, 16, false}, {0, 0, true}, {0, -0.1, false}}) {
+        MoveTo(x, y);
+        ExpectLook(widget, {.isPressed = isInside});
+    }
+    ReleaseAt(0, -0.1);
     EXPECT_THAT(host.calls, IsEmpty());
-
     PressAt(16, 16);
     ReleaseAt(31, 31);
-    EXPECT_THAT(host.calls, ElementsAre("SelectColor Pick a color:"));
+    EXPECT_THAT(host.calls, ElementsAre(kPicked));
     ExpectLook(widget, {});
     EXPECT_EQ(ups, 2);
 }
@@ -190,14 +162,13 @@ TEST_F(ColorWellTest, APressOnTheSwatchWithAKeyHeldDragsTheColour) {
         ReleaseAt(from, from);  // when it was dragged, that press is over already
         return host.calls.back();
     };
-    const std::string dragged = "DragText #C83C96";
-    const std::string picked = "SelectColor Pick a color:";
-    EXPECT_EQ(pressAndMove(16, 9, Qt::NoModifier), picked);
+    const std::string dragged = "DragText #3C96C8";
+    EXPECT_EQ(pressAndMove(16, 9, Qt::NoModifier), kPicked);
     EXPECT_EQ(pressAndMove(16, 9, Qt::ControlModifier), dragged);
     EXPECT_EQ(pressAndMove(16, 9, Qt::AltModifier), dragged);
     EXPECT_EQ(pressAndMove(16, -4, Qt::ShiftModifier), dragged);
-    EXPECT_EQ(pressAndMove(16, 3, Qt::ControlModifier), picked);
-    EXPECT_EQ(pressAndMove(4, 9, Qt::AltModifier), picked) << "from the bevel";
+    EXPECT_EQ(pressAndMove(16, 3, Qt::ControlModifier), kPicked);
+    EXPECT_EQ(pressAndMove(4, 9, Qt::AltModifier), kPicked) << "from the bevel";
     EXPECT_EQ(pressAndMove(27, -9, Qt::AltModifier), dragged) << "from the pixel beyond the swatch";
     well.EnableColorDrag = true;
     EXPECT_EQ(pressAndMove(16, 9, Qt::NoModifier), dragged);
@@ -206,42 +177,37 @@ TEST_F(ColorWellTest, APressOnTheSwatchWithAKeyHeldDragsTheColour) {
 }
 
 TEST_F(ColorWellTest, DroppedTextsBecomeColours) {
-    EXPECT_EQ(Drop("#ff0000"), "#FF0000");
-    EXPECT_EQ(changes.size(), 1U);
-    well.ColorSelected = RGB(0, 0, 0);
-    EXPECT_EQ(Drop("#ff0000"), "#000000") << "the same text twice";
-    well.setColor(RGB(1, 2, 3));
-    EXPECT_EQ(Drop("#ff0000"), "#FF0000") << "the colour has come from elsewhere in between";
-    EXPECT_EQ(Drop("00fF0a"), "#00FF0A");
-    EXPECT_EQ(changes.size(), 4U);
-    EXPECT_EQ(Drop("#00FF0A"), "#00FF0A");
-    EXPECT_EQ(changes.size(), 4U) << "the present colour, written differently";
-
-    EXPECT_EQ(Drop("#123456 and more"), "#123456");
-    EXPECT_EQ(Drop("no colour"), "#000000");
-    EXPECT_EQ(Drop("#7fffffff"), "#FFFFFF");
-    EXPECT_EQ(Drop("#" + QString(1'000'000, u'9')), "#FFFFFF");
-    EXPECT_EQ(Drop(""), "#000000");
-    well.setColor(RGB(5, 10, 255));
-    EXPECT_EQ(well.getColorAsHexString(), "#050AFF");
+    const std::pair<QString, const char*> rows[] = {
+        {"00fF0a", "#00FF0A"},    {"#123456 and more", "#123456"}, {"no colour", "#000000"},
+        {"#7fffffff", "#FFFFFF"}, {"#050aFF", "#050AFF"},          {"#" + QString(1'000'000, u'9'), "#FFFFFF"},
+        {"", "#000000"}};
+    for (const auto& [text, colour] : rows)
+        EXPECT_EQ(Drop(text), colour);
+    EXPECT_EQ(changes.size(), 7U);
+    Drop("#000000");
+    EXPECT_EQ(changes.size(), 7U) << "the present colour, written differently";
 }
 
-TEST_F(ColorWellTest, PickingAndSettingRaiseWhatTheyMust) {
+// The same text twice is taken once, unless the colour has come from elsewhere in between.
+TEST_F(ColorWellTest, KnowsTheTextThatItsColourCameFrom) {
+    const auto isTaken = [this] {
+        well.ColorSelected = kColor;
+        return Drop("#00FF00") == "#00FF00";
+    };
+    EXPECT_TRUE(isTaken());
+    EXPECT_FALSE(isTaken());
     well.setColor(kColor);
-    EXPECT_THAT(changes, IsEmpty());
-
-    Drop("#00FF00");
-    changes.clear();
     well.pickColor();
-    EXPECT_THAT(changes, IsEmpty()) << "cancelled";
-    well.ColorSelected = kColor;
-    EXPECT_EQ(Drop("#00FF00"), well.getColorAsHexString()) << "the text is still the last one";
-
+    EXPECT_FALSE(isTaken()) << "neither is a change";
+    EXPECT_EQ(changes.size(), 1U);
+    well.setColor(RGB(1, 2, 3));
+    EXPECT_TRUE(isTaken());
     host.pickedColor = kColor;
+    changes.clear();
     well.pickColor();
     well.pickColor();
     EXPECT_THAT(changes, ElementsAre(kColor, kColor)) << "confirmed, though it is the same";
-    EXPECT_EQ(Drop("#00FF00"), "#00FF00");
+    EXPECT_TRUE(isTaken());
 }
 
 TEST(Colors, EachComesBackFromItsHueSaturationAndValue) {

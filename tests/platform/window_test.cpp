@@ -18,6 +18,7 @@
 #include "platform/Canvas.h"
 #include "platform/Controls.h"
 #include "platform/Timer.h"
+#include "shell/MenuBar1.h"
 #include "tests/support/Input.h"
 #include "tests/support/RecordingHost.h"
 
@@ -35,87 +36,85 @@ bool Fault(const std::string& handler) {
     throw std::runtime_error("in " + handler);
 }
 
-/// A window that a test furnishes, which writes down what it hears.
+/// A window with controls of many kinds, which writes down what it hears.
 struct Probe final : Window {
-    static inline std::function<void(Probe&)> furnish;
     static inline int alive = 0;
+    std::vector<std::string> heard;
 
     static Probe& Instance() { return ImplicitInstance<Probe>("Probe.Probe"); }
     Probe() { ++alive; }
     ~Probe() override { --alive; }
-    using Window::AddControl;
-
-    std::vector<std::string> heard;
 
     bool Hear(const std::string& event, const std::string& details = "") {
         heard.push_back(event + details);
         return Fault(event);
     }
-    void HearAt(const std::string& event, Int32 x, Int32 y) {
-        Hear(event, " " + std::to_string(x) + "," + std::to_string(y));
+    bool HearAt(const std::string& event, Int32 x, Int32 y) {
+        return Hear(event, " " + std::to_string(x) + "," + std::to_string(y));
     }
     void Layout() override {
         Width(200);
         Height(100);
+        MenuBar(MenuBar1::Instance());
+        _AddMenuHandler("ViewToggleFullscreen", [] { return Fault("command"); });
     }
     void CreateControls() override {
-        if (furnish) furnish(*this);
+        auto& canvas = AddControl<Canvas>("canvas", 30, 7, 60, 60, 0);
+        canvas.Paint = [](const Ref<Graphics>&) { Fault("Paint"); };
+        canvas.MouseDown = [this](Int32 x, Int32 y) { return HearAt("MouseDown", x, y), false; };
+        canvas.MouseMove = [this](Int32 x, Int32 y) { HearAt("canvas MouseMove", x, y); };
+        auto& field = AddControl<EditField>("field", 50, 0, 50, 22, 1);
+        field.KeyDown = [this](const std::string& key) { return Hear("field KeyDown", " " + key); };
+        field.LostFocus = [] { Fault("LostFocus"); };
+        AddControl<PushButton>("button", 50, 22, 50, 22, 2).Action = [] { Fault("button Action"); };
+        AddControl<UpDownArrows>("arrows", 50, 50, 13, 22, 2).Up = [] { Fault("Up"); };
+        AddControl<Timer>("timer").Action = [] { Fault("timer Action"); };
+        AddControl<ProgressBar>("bar", 0, 0, 50, 20, 0).Maximum(1000);
+        AddControl<StaticText>("label", 0, 0, 180, 30, 0);
+        for (const bool isWider : {true, false}) {
+            auto& locked = AddControl<Canvas>(isWider ? "wider" : "higher", 10, 20, 60, 40, 0);
+            locked.LockLeft(isWider);
+            locked.LockTop(!isWider);
+            locked.LockRight(true);
+            locked.LockBottom(true);
+        }
     }
     void Event_Open() override { Hear("Open"); }
     void Event_Close() override { Hear("Close"); }
     void Event_Resizing() override { Hear("Resizing"); }
     void Event_Resized() override { Hear("Resized"); }
     void Event_MouseMove(Int32 x, Int32 y) override { HearAt("MouseMove", x, y); }
-    void Event_EnableMenuItems() override { Hear("EnableMenuItems"); }
+    void Event_EnableMenuItems() override { Fault("EnableMenuItems"); }
     bool Event_KeyDown(const std::string& key) override { return Hear("KeyDown", " " + key); }
 };
 
 class WindowTest : public testing::Test {
   protected:
+    WindowTest() { Open(); }
     ~WindowTest() override {
         faulty.clear();
         End(Probe::Instance());
-        Probe::furnish = nullptr;
     }
 
-    static Probe& Open(std::function<void(Probe&)> furnish = nullptr) {
+    static void Open() {
         End(Probe::Instance());
-        Probe::furnish = std::move(furnish);
-        auto& window = Probe::Instance();
+        Probe::Instance();
         Eventually([] { return QApplication::activeWindow(); });
-        window.heard.clear();
-        return window;
+        Probe::Instance().heard.clear();
     }
     static QWidget& Top() { return *QApplication::activeWindow(); }
+    static void Dispose() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     RecordingHost& host = RecordingHost::InstallNew();
 };
 
 TEST_F(WindowTest, EachHandlerIsABoundaryForExceptions) {
-    const auto furnish = [](Probe& window) {
-        const auto bar = MakeRef<MenuBar>();
-        bar->Append(MakeRef<MenuItem>());
-        bar->Children()[0]->Append(MakeRef<MenuItem>());
-        bar->Children()[0]->Children()[0]->Name("command");
-        window.MenuBar(bar);
-        window._AddMenuHandler("command", [] { return Fault("command"); });
-        auto& canvas = window.AddControl<Canvas>("canvas", 0, 0, 50, 50, 0);
-        canvas.Paint = [](const Ref<Graphics>&) { Fault("Paint"); };
-        canvas.MouseDown = [](Int32, Int32) { return Fault("MouseDown"); };
-        canvas.MouseMove = [](Int32, Int32) { Fault("canvas MouseMove"); };
-        auto& field = window.AddControl<EditField>("field", 50, 0, 50, 22, 1);
-        field.KeyDown = [](const std::string&) { return !Fault("field KeyDown"); };
-        field.LostFocus = [] { Fault("LostFocus"); };
-        window.AddControl<PushButton>("button", 50, 22, 50, 22, 2).Action = [] { Fault("button Action"); };
-        window.AddControl<UpDownArrows>("arrows", 50, 50, 13, 22, 2).Up = [] { Fault("Up"); };
-        window.AddControl<Timer>("timer").Action = [] { Fault("timer Action"); };
-    };
     const auto widen = [] { Probe::Instance().Width(Probe::Instance().Width() + 1); };
     const auto move = [] { Mouse(QEvent::MouseMove, WidgetNamed("canvas"), {1, 1}, Qt::NoButton); };
     const auto press = [](const char* name) { Mouse(QEvent::MouseButtonPress, WidgetNamed(name), {5, 5}); };
-    const auto menu = [] { return Top().findChild<QMenuBar*>()->actions()[0]->menu(); };
+    const auto menu = [] { return Top().findChild<QMenuBar*>()->actions()[3]->menu(); };
     const std::pair<const char*, std::function<void()>> rows[] = {
-        {"Open", [&] { Open(furnish); }},
+        {"Open", Open},
         {"Resizing", widen},
         {"Resized", widen},
         {"KeyDown", [] { Press(Top(), Qt::Key_A, "a"); }},
@@ -131,7 +130,6 @@ TEST_F(WindowTest, EachHandlerIsABoundaryForExceptions) {
         {"Up", [&] { press("arrows"); }},
         {"timer Action", [] { Probe::Instance().Find<Timer>("timer").Mode(Timer::Modes::Single); }},
     };
-    Open(furnish);
     for (const auto& [fault, provoke] : rows) {
         SCOPED_TRACE(fault);
         host.messages.clear();
@@ -149,7 +147,6 @@ TEST_F(WindowTest, EachHandlerIsABoundaryForExceptions) {
 }
 
 TEST_F(WindowTest, AFaultWhileClosingEndsTheProgramWithStatus1) {
-    Open();
     faulty = "Close";
     QTimer::singleShot(0, qApp, [] { Probe::Instance().Close(); });
     EXPECT_EQ(QCoreApplication::exec(), 1);
@@ -159,107 +156,75 @@ TEST_F(WindowTest, AFaultWhileClosingEndsTheProgramWithStatus1) {
 }
 
 TEST_F(WindowTest, AnInstanceLastsUntilItIsClosed) {
-    auto& first = Open([](Probe& probe) { probe.AddControl<Canvas>("canvas"); });
-    EXPECT_EQ(&Probe::Instance(), &first);
+    auto& first = Probe::Instance();
     EXPECT_THROW(first.Find<EditField>("canvas"), NilObjectException);
     first.Close();
     first.Close();
     EXPECT_THAT(first.heard, ElementsAre("Close"));
-    EXPECT_THAT(Probe::Instance().heard, ElementsAre("Open"));
+    EXPECT_NE(&Probe::Instance(), &first);
     EXPECT_EQ(Probe::alive, 2);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Dispose();
     EXPECT_EQ(Probe::alive, 1);
 }
 
 TEST_F(WindowTest, AWindowOutlivesAHandlerThatWaitsWhileItCloses) {
     int aliveInHandler = 0;
-    Open([&](Probe& window) {
-        window.AddControl<PushButton>("button", 0, 0, 50, 22, 0).Action = [&] {
-            QEventLoop loop;
-            QTimer::singleShot(0, [&] { window.Close(); });
-            QTimer::singleShot(1, &loop, &QEventLoop::quit);
-            loop.exec();
-            aliveInHandler = Probe::alive;
-        };
-    });
+    Probe::Instance().Find<PushButton>("button").Action = [&] {
+        QEventLoop loop;
+        QTimer::singleShot(0, [] { Probe::Instance().Close(); });
+        QTimer::singleShot(1, &loop, &QEventLoop::quit);
+        loop.exec();
+        aliveInHandler = Probe::alive;
+    };
     WidgetNamed<QPushButton>("button").click();
     EXPECT_EQ(aliveInHandler, 1);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Dispose();
     EXPECT_EQ(Probe::alive, 0);
 }
 
 TEST_F(WindowTest, KeysComeAsOneCharacter) {
-    auto& window = Open([&](Probe& probe) {
-        probe.AddControl<EditField>("field", 0, 0, 50, 22, 0).KeyDown = [&](const std::string& key) {
-            return probe.Event_KeyDown(key);
-        };
-    });
-    using Row = std::tuple<Qt::Key, const char*, const char*>;  // key, its text, what is heard of it
-    for (QWidget* widget : {&Top(), &WidgetNamed("field")}) {
-        const auto expect = [&](const Row& row, Qt::KeyboardModifiers held) {
-            const auto& [key, text, heard] = row;
-            window.heard.clear();
-            Press(*widget, key, text, held);
-            const std::vector<std::string> expected(*heard ? 1 : 0, std::string("KeyDown ") + heard);
-            EXPECT_EQ(window.heard, expected) << key << " with " << held;
-        };
-        for (const Row& row :
-             {Row{Qt::Key_Return, "\r", "\x0D"}, Row{Qt::Key_Enter, "\r", "\x03"}, Row{Qt::Key_Escape, "\x1b", "\x1B"},
-              Row{Qt::Key_Backspace, "\b", "\x08"}, Row{Qt::Key_Tab, "\t", "\x09"}, Row{Qt::Key_Backtab, "", "\x09"},
-              Row{Qt::Key_Delete, "\x7f", "\x7F"}, Row{Qt::Key_Left, "", "\x1C"}, Row{Qt::Key_Right, "", "\x1D"},
-              Row{Qt::Key_Up, "", "\x1E"}, Row{Qt::Key_Down, "", "\x1F"}, Row{Qt::Key_A, "A", "A"},
-              Row{Qt::Key_unknown, "é\u0301", "é"}, Row{Qt::Key_F1, "", ""}}) {
-            expect(row, Qt::ShiftModifier);
-            expect(row, Qt::KeypadModifier);
-        }
-        for (const auto held : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
-            expect({Qt::Key_Return, "\r", ""}, held);
-            expect({Qt::Key_A, "a", ""}, held);
-        }
+    const auto expect = [](Qt::Key key, const char* text, const std::string& heard, Qt::KeyboardModifiers held) {
+        Probe::Instance().heard.clear();
+        Press(WidgetNamed("field"), key, text, held);
+        const std::vector<std::string> expected(heard.empty() ? 0 : 1, "field KeyDown " + heard);
+        EXPECT_EQ(Probe::Instance().heard, expected) << key << " with " << held;
+    };
+    const std::tuple<Qt::Key, const char*, const char*> rows[] = {
+        {Qt::Key_Return, "\r", "\x0D"},    {Qt::Key_Enter, "\r", "\x03"}, {Qt::Key_Escape, "\x1b", "\x1B"},
+        {Qt::Key_Backspace, "\b", "\x08"}, {Qt::Key_Tab, "\t", "\x09"},   {Qt::Key_Backtab, "", "\x09"},
+        {Qt::Key_Delete, "\x7f", "\x7F"},  {Qt::Key_Left, "", "\x1C"},    {Qt::Key_Right, "", "\x1D"},
+        {Qt::Key_Up, "", "\x1E"},          {Qt::Key_Down, "", "\x1F"},    {Qt::Key_A, "A", "A"},
+        {Qt::Key_unknown, "é\u0301", "é"}, {Qt::Key_F1, "", ""}};
+    for (const auto& [key, text, heard] : rows) {
+        for (const auto held : {Qt::ShiftModifier, Qt::KeypadModifier})
+            expect(key, text, heard, held);
+        for (const auto held : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier})
+            expect(key, text, "", held);
     }
-    EXPECT_EQ(window.Find<EditField>("field").Text(), "") << "a consumed key has come through";
+    EXPECT_EQ(Probe::Instance().Find<EditField>("field").Text(), "") << "a consumed key has come through";
 }
 
 TEST_F(WindowTest, ThePointerCountsInWholePixelsForTheCanvasAndTheWindow) {
-    auto& window = Open([](Probe& probe) {
-        auto& canvas = probe.AddControl<Canvas>("canvas", 30, 7, 60, 60, 0);
-        canvas.MouseDown = [&](Int32 x, Int32 y) { return probe.HearAt("down", x, y), false; };
-        canvas.MouseMove = [&](Int32 x, Int32 y) { probe.HearAt("move", x, y); };
-    });
     QWidget& canvas = WidgetNamed("canvas");
     Mouse(QEvent::MouseButtonPress, canvas, {9.75, 26.99});
-    Mouse(QEvent::MouseButtonRelease, canvas, {9.75, 26.99});
     Mouse(QEvent::MouseButtonDblClick, canvas, {10, 10});
     Mouse(QEvent::MouseButtonPress, canvas, {10, 10}, Qt::RightButton);
     Mouse(QEvent::MouseMove, canvas, {12, 12}, Qt::NoButton, Qt::LeftButton);
     Mouse(QEvent::MouseMove, canvas, {9.75, -0.25}, Qt::NoButton);
-    EXPECT_THAT(window.heard, ElementsAre("down 9,26", "down 10,10", "move 9,-1", "MouseMove 39,6"));
+    EXPECT_THAT(Probe::Instance().heard,
+                ElementsAre("MouseDown 9,26", "MouseDown 10,10", "canvas MouseMove 9,-1", "MouseMove 39,6"));
 }
 
 TEST_F(WindowTest, LockedEdgesFollowTheWindow) {
-    auto& window = Open([](Probe& probe) {
-        const auto add = [&](const char* name, bool left, bool top, bool right, bool bottom) {
-            auto& canvas = probe.AddControl<Canvas>(name, 10, 20, 60, 40, 0);
-            canvas.LockLeft(left);
-            canvas.LockTop(top);
-            canvas.LockRight(right);
-            canvas.LockBottom(bottom);
-        };
-        add("none", false, false, false, false);
-        add("wider", true, false, true, true);
-        add("higher", false, true, true, true);
-    });
-    Top().resize(250, 130);
-    EXPECT_EQ(WidgetNamed("none").geometry(), QRect(10, 20, 60, 40));
+    Top().resize(Top().size() + QSize(50, 30));
+    EXPECT_EQ(WidgetNamed("canvas").geometry(), QRect(30, 7, 60, 60));
     EXPECT_EQ(WidgetNamed("wider").geometry(), QRect(10, 50, 110, 40));
     EXPECT_EQ(WidgetNamed("higher").geometry(), QRect(60, 20, 60, 70));
-    EXPECT_THAT(window.heard, ElementsAre("Resizing", "Resized"));
+    EXPECT_THAT(Probe::Instance().heard, ElementsAre("Resizing", "Resized"));
 }
 
 TEST_F(WindowTest, AFastWorkerDoesNotFloodTheMainThread) {
-    auto& bar =
-        Open([](Probe& probe) { probe.AddControl<ProgressBar>("bar", 0, 0, 50, 20, 0); }).Find<ProgressBar>("bar");
-    bar.Maximum(1000);
+    auto& bar = Probe::Instance().Find<ProgressBar>("bar");
     int changes = 0;
     QObject::connect(&WidgetNamed<QProgressBar>("bar"), &QProgressBar::valueChanged, [&](int) { ++changes; });
     std::thread([&bar] {
@@ -275,17 +240,17 @@ TEST_F(WindowTest, AFastWorkerDoesNotFloodTheMainThread) {
 }
 
 TEST_F(WindowTest, TextIsSetSmallerWhereItDoesNotFit) {
+    auto& label = Probe::Instance().Find<StaticText>("label");
+    const auto& widget = WidgetNamed<QLabel>("label");
     for (const auto& [text, box] : {std::pair("Flat", QSize(60, 9)), {"A label that is long", QSize(80, 16)}}) {
-        auto& window = Open([&, text = text, box = box](Probe& probe) {
-            probe.AddControl<StaticText>("label", 0, 0, box.width(), box.height(), 0).Text(text);
-        });
-        const auto& label = WidgetNamed<QLabel>("label");
-        const QFontMetricsF metrics(label.font());
+        label.Text(text);
+        EXPECT_TRUE(widget.font().pixelSize() == 13 && widget.font().stretch() == 100) << text;
+        label.Bounds(0, 0, box.width(), box.height());
+        const QFontMetricsF metrics(widget.font());
         const QRectF letters = metrics.tightBoundingRect(text).translated(0, metrics.ascent() - metrics.height() / 2);
         EXPECT_LE(metrics.horizontalAdvance(text), box.width()) << text;
         EXPECT_TRUE(letters.top() >= -box.height() / 2.0 && letters.bottom() <= box.height() / 2.0) << text;
-        window.Find<StaticText>("label").Bounds(0, 0, 180, 30);
-        EXPECT_TRUE(label.font().pixelSize() == 13 && label.font().stretch() == 100) << text;
+        label.Bounds(0, 0, 180, 30);
     }
 }
 
