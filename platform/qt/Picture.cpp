@@ -3,6 +3,7 @@
 #include <QtCore/QFile>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImageReader>
+#include <cstdlib>
 #include <filesystem>
 #include <optional>
 
@@ -82,7 +83,8 @@ QImage Blank(QSize size, QImage::Format format) {
 
 QImage ReadImage(const std::filesystem::path& file) {
     QImageReader reader(QFile::decodeName(file.c_str()));
-    const QSize size = reader.size();
+    // A BMP file whose rows go from top to bottom tells a negative height.
+    const QSize size(reader.size().width(), std::abs(reader.size().height()));
     if (qint64{size.width()} * size.height() > kMostPixelsInFile) return {};
     QImage image = Blank(size, reader.imageFormat());
     if (reader.read(&image)) return image;
