@@ -19,7 +19,8 @@ def command(programs, contender, codec, job, folder):
 
 
 def versus_script(programs, rounds, folder):
-    contenders = {name: command(programs, name, "h264", DEFAULT, folder) for name in ("dialog", "script", "encoder", "frames")}
+    names = ("dialog", "script", "encoder", "frames")
+    contenders = {name: command(programs, name, "h264", DEFAULT, folder) for name in names}
     runs = interleaved(contenders, rounds)
     job, script = runs["dialog"], runs["script"]
     table("Default movie: 3601 frames of 320 x 240, H.264. Whole processes",
