@@ -3,8 +3,8 @@
 #include <numbers>
 #include <vector>
 
-#include "platform/qt/PainterGraphics.h"
-#include "platform/qt/Pixels.h"
+#include "platform/qt/drawing/PainterGraphics.h"
+#include "platform/qt/drawing/Pixels.h"
 #include "tests/support/TimerWindowTest.h"
 
 // How the picture looks: what colour must be at which angle and radius, at several sizes and scale factors.

@@ -14,7 +14,7 @@
 #include "colour/SmartColorWell.h"
 #include "colour/winPrefs.h"
 #include "movie/FileTypes.h"
-#include "platform/qt/OpenWindows.h"
+#include "platform/qt/window/OpenWindows.h"
 #include "tests/core/StateCheck.h"
 #include "tests/fuzz/effort.h"
 #include "tests/support/TimerWindowTest.h"

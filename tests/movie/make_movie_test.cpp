@@ -11,7 +11,7 @@
 #include "platform/Controls.h"
 #include "platform/Picture.h"
 #include "platform/Thread.h"
-#include "platform/qt/OpenWindows.h"
+#include "platform/qt/window/OpenWindows.h"
 #include "tests/support/Files.h"
 #include "tests/support/TimerWindowTest.h"
 

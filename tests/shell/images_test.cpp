@@ -8,7 +8,7 @@
 
 #include "platform/Application.h"
 #include "platform/Graphics.h"
-#include "platform/qt/Pixels.h"
+#include "platform/qt/drawing/Pixels.h"
 #include "tests/support/RecordingHost.h"
 
 namespace fs = std::filesystem;

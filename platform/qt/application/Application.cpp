@@ -1,0 +1,109 @@
+#include "platform/Application.h"
+
+#include <QtWidgets/QApplication>
+#include <filesystem>
+#include <utility>
+#include <vector>
+
+#include "platform/Host.h"
+#include "platform/qt/application/Accessibility.h"
+#include "platform/qt/application/EndSignals.h"
+#include "platform/qt/application/LostDisplay.h"
+#include "platform/qt/application/WindowIcon.h"
+#include "platform/qt/dialogs/DesktopHost.h"
+#include "platform/qt/events/EventBoundary.h"
+#include "platform/qt/window/OpenWindows.h"
+#include "platform/qt/window/WindowPeer.h"
+
+namespace {
+
+/// What lives from RuntimeInit to RuntimeExit.
+struct Runtime {
+    std::unique_ptr<QApplication> toolkit;
+    std::unique_ptr<EndSignals> signals;
+    std::unique_ptr<Application> application;
+    bool hasFailed = false;
+    int status = 0;
+};
+Runtime runtime;
+
+std::vector<WindowPeer*> Windows() {
+    std::vector<WindowPeer*> windows;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* window = dynamic_cast<WindowPeer*>(widget)) windows.push_back(window);
+    }
+    return windows;
+}
+
+}  // namespace
+
+void Application::AutoQuit(bool on) { QApplication::setQuitOnLastWindowClosed(on); }
+
+void Application::MouseCursor(MouseCursors cursor) {
+    const auto shape = cursor == FingerPointer ? Qt::PointingHandCursor : Qt::ArrowCursor;
+    for (WindowPeer* window : Windows())
+        window->Content().setCursor(shape);
+}
+
+Ref<FolderItem> Application::ExecutableFile() {
+    std::error_code ignored;
+    return MakeRef<FolderItem>(std::filesystem::read_symlink("/proc/self/exe", ignored));
+}
+
+Application* Application::Registered() { return runtime.application.get(); }
+
+void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId,
+                 const Ref<FolderItem>& alertSound) {
+    // To look for a menu bar outside of the window takes questions over D-Bus.
+    QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+    runtime.toolkit = std::make_unique<QApplication>(argc, argv);
+    OnLostDisplay([] {
+        open_windows::CloseAll();
+        AbandonHandlers();
+        open_windows::Clear();
+    });
+    QApplication::setApplicationName(QString::fromStdString(name));
+    QApplication::setDesktopFileName(QString::fromStdString(desktopId));
+    QApplication::setQuitOnLastWindowClosed(false);
+    InstallWindowIcon(desktopId);
+    InstallAccessibility();
+    runtime.signals = std::make_unique<EndSignals>(open_windows::CloseAll);
+    Host::Install(
+        std::make_unique<DesktopHost>(desktopId, name, alertSound ? alertSound->Path() : std::filesystem::path()));
+}
+
+void RunFrameworkInitialization(const std::function<int()>& startUp) {
+    try {
+        startUp();
+    } catch (...) {
+        QuitOnUncaught();
+        runtime.hasFailed = true;
+    }
+}
+
+void RuntimeRegisterAppObject(std::unique_ptr<Application> application) {
+    runtime.application = std::move(application);
+}
+
+void RuntimeRun() {
+    if (runtime.hasFailed) return;
+    Deliver([] { runtime.application->Event_Open(); });
+    QApplication::exec();
+}
+
+int RuntimeExit() {
+    open_windows::Clear();
+    runtime.application.reset();
+    Host::Install(nullptr);
+    runtime.signals.reset();
+    runtime.toolkit.reset();
+    return runtime.status;
+}
+
+void Quit(int status) {
+    // While every window that they look for is still there.
+    for (WindowPeer* window : Windows())
+        window->Controls().EndWorkers();
+    runtime.status = status;
+    QCoreApplication::exit(status);
+}

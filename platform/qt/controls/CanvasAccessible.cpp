@@ -1,0 +1,108 @@
+#include "platform/qt/controls/CanvasAccessible.h"
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QApplication>
+
+#include "platform/qt/events/EventBoundary.h"
+
+/// A text that is said when it appears.
+class Announcement final : public QAccessibleInterface {
+  public:
+    explicit Announcement(CanvasWidget& canvas) : canvas_(&canvas) {}
+
+    void Text(const std::string& text) { text_ = QString::fromStdString(text); }
+
+    // A reader may hold it longer than there is a canvas.
+    bool isValid() const override { return canvas_ != nullptr; }
+    QObject* object() const override { return nullptr; }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(canvas_); }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    QString text(QAccessible::Text which) const override { return which == QAccessible::Name ? text_ : QString(); }
+    void setText(QAccessible::Text, const QString&) override {}
+    QRect rect() const override { return canvas_ ? parent()->rect() : QRect(); }
+    QAccessible::Role role() const override { return QAccessible::Notification; }
+    QAccessible::State state() const override { return canvas_ ? parent()->state() : QAccessible::State(); }
+
+  private:
+    QPointer<CanvasWidget> canvas_;
+    QString text_;
+};
+
+CanvasAccessible::~CanvasAccessible() {
+    if (announcement_ != kNone) QAccessible::deleteAccessibleInterface(announcement_);
+}
+
+const Accessible& CanvasAccessible::Told() const { return static_cast<CanvasWidget*>(widget())->Owner().Accessibility; }
+
+Announcement& CanvasAccessible::Latest() {
+    if (announcement_ == kNone) {
+        announcement_ =
+            QAccessible::registerAccessibleInterface(new Announcement(static_cast<CanvasWidget&>(*widget())));
+    }
+    return static_cast<Announcement&>(*QAccessible::accessibleInterface(announcement_));
+}
+
+QAccessible::Role CanvasAccessible::role() const {
+    return Told().Role == Accessible::Roles::Button ? QAccessible::PushButton : QAccessible::Graphic;
+}
+
+QString CanvasAccessible::text(QAccessible::Text which) const {
+    if (which == QAccessible::Description) return QString::fromStdString(Deliver(Told().Description));
+    return QAccessibleWidget::text(which);
+}
+
+void* CanvasAccessible::interface_cast(QAccessible::InterfaceType type) {
+    if (type == QAccessible::ValueInterface) {
+        return Told().Value ? static_cast<QAccessibleValueInterface*>(this) : nullptr;
+    }
+    return QAccessibleWidget::interface_cast(type);
+}
+
+QAccessibleInterface* CanvasAccessible::child(int index) const {
+    return index < childCount() ? QAccessible::accessibleInterface(announcement_) : nullptr;
+}
+
+int CanvasAccessible::indexOfChild(const QAccessibleInterface* wanted) const {
+    return wanted && wanted == child(0) ? 0 : -1;
+}
+
+// Not behind a dialog, be it one of ours or of the toolkit's.
+bool CanvasAccessible::CanBePressed() const {
+    const QWidget* const dialog = QApplication::activeModalWidget();
+    return Told().Press && widget()->isEnabled() && (!dialog || dialog == widget()->window());
+}
+
+QStringList CanvasAccessible::actionNames() const {
+    return CanBePressed() ? QStringList(pressAction()) : QStringList();
+}
+
+// Once the reader has its answer: a press may open a dialog and wait for it.
+void CanvasAccessible::doAction(const QString& name) {
+    if (name != pressAction() || !CanBePressed()) return;
+    const auto press = [canvas = static_cast<CanvasWidget*>(widget())] {
+        Deliver(canvas->Owner().Accessibility.Press);
+    };
+    QMetaObject::invokeMethod(widget(), press, Qt::QueuedConnection);
+}
+
+QVariant CanvasAccessible::currentValue() const { return Deliver(Told().Value); }
+
+void CanvasAccessible::TellChange(CanvasWidget& canvas) {
+    QAccessibleEvent changed(&canvas, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&changed);
+}
+
+void CanvasAccessible::Say(CanvasWidget& canvas, const std::string& text) {
+    if (!QAccessible::isActive()) return;
+    TellChange(canvas);
+    auto* told = static_cast<CanvasAccessible*>(QAccessible::queryAccessibleInterface(&canvas));
+    told->Latest().Text(text);
+    // A notification that shows is what screen readers say unasked.
+    QAccessibleEvent named(&told->Latest(), QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&named);
+    QAccessibleEvent shown(&told->Latest(), QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
+}

@@ -1,0 +1,42 @@
+#include <QtCore/QEvent>
+#include <QtCore/QPointer>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QGroupBox>
+
+#include "platform/Controls.h"
+#include "platform/qt/controls/RectControlPeer.h"
+#include "platform/qt/drawing/Fonts.h"
+
+namespace {
+
+/// While the group is disabled, its window has the focus. Otherwise whatever control comes next would get it, so that a
+/// Return too many presses a button that nobody has chosen.
+class GroupWidget final : public QGroupBox {
+  public:
+    GroupWidget() {
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+            if (isAncestorOf(now)) lastFocused_ = now;
+        });
+    }
+
+  protected:
+    void changeEvent(QEvent* event) override {
+        QGroupBox::changeEvent(event);
+        if (event->type() != QEvent::EnabledChange) return;
+        QWidget* next = isEnabled() ? lastFocused_.data() : window();
+        if (next) next->setFocus();
+    }
+
+  private:
+    QPointer<QWidget> lastFocused_;
+};
+
+}  // namespace
+
+GroupBox::GroupBox() : RectControl(std::make_unique<Peer>(new GroupWidget)) {
+    WidgetOf<GroupWidget>(*this).setFont(FontNamed("System"));
+}
+
+void GroupBox::Caption(const std::string& caption) {
+    WidgetOf<GroupWidget>(*this).setTitle(QString::fromStdString(caption));
+}

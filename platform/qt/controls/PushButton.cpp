@@ -1,0 +1,47 @@
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionButton>
+
+#include "platform/Controls.h"
+#include "platform/qt/controls/RectControlPeer.h"
+#include "platform/qt/drawing/FittedText.h"
+#include "platform/qt/drawing/Fonts.h"
+#include "platform/qt/events/EventBoundary.h"
+
+namespace {
+
+class ButtonWidget final : public QPushButton {
+  public:
+    // Return presses the button that has the focus, as everywhere on the desktop.
+    ButtonWidget() { setAutoDefault(true); }
+
+    void SetCaption(const QString& caption) {
+        setText(caption);
+        Fit();
+    }
+
+  protected:
+    void resizeEvent(QResizeEvent*) override { Fit(); }
+
+  private:
+    void Fit() {
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        setFont(FittedFont(FontNamed("System"), text(),
+                           style()->subElementRect(QStyle::SE_PushButtonContents, &option, this).size()));
+    }
+};
+
+}  // namespace
+
+PushButton::PushButton() : RectControl(std::make_unique<Peer>(new ButtonWidget)) {
+    auto& button = WidgetOf<ButtonWidget>(*this);
+    QObject::connect(&button, &QPushButton::clicked, &button, [this] { Deliver(Action); });
+}
+
+void PushButton::Caption(const std::string& caption) {
+    WidgetOf<ButtonWidget>(*this).SetCaption(QString::fromStdString(caption));
+}
+
+bool PushButton::Default() const { return WidgetOf<ButtonWidget>(*this).isDefault(); }
+void PushButton::Default(bool on) { WidgetOf<ButtonWidget>(*this).setDefault(on); }

@@ -1,0 +1,65 @@
+#include "platform/StyledTextField.h"
+
+#include <QtGui/QTextCursor>
+#include <QtWidgets/QTextEdit>
+
+#include "platform/qt/controls/RectControlPeer.h"
+#include "platform/qt/drawing/Colors.h"
+#include "platform/qt/drawing/Fonts.h"
+
+namespace {
+
+// Without the family, which is the field's throughout.
+QTextCharFormat FormatOf(const TextStyle& style) {
+    QTextCharFormat format;
+    format.setProperty(QTextFormat::FontPixelSize, FontNamed("System", style.size).pixelSize());
+    format.setFontWeight(style.isBold ? QFont::Bold : QFont::Normal);
+    format.setFontItalic(style.isItalic);
+    return format;
+}
+
+class ReaderWidget final : public QTextEdit {
+  public:
+    ReaderWidget() {
+        setReadOnly(true);
+        setTextInteractionFlags(Qt::TextSelectableByMouse);  // with a caret, the arrow keys would move it unseen
+        setTabChangesFocus(true);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setFont(FontNamed("System"));
+    }
+
+    void Show(const StyledText& text) {
+        clear();
+        QTextCursor end(document());
+        for (const StyleRun& run : text)
+            end.insertText(QString::fromStdString(run.text), FormatOf(run.style));
+        setTextCursor(QTextCursor(document()));
+    }
+
+    void SetColor(QPalette::ColorRole role, Color color) {
+        QPalette colors = palette();
+        colors.setColor(role, ToQColor(color));
+        setPalette(colors);
+    }
+};
+
+ReaderWidget& Reader(const StyledTextField& field) { return WidgetOf<ReaderWidget>(field); }
+
+}  // namespace
+
+StyledTextField::StyledTextField() : RectControl(std::make_unique<Peer>(new ReaderWidget)) {}
+
+std::string StyledTextField::Text() const { return Reader(*this).toPlainText().replace(u'\n', u'\r').toStdString(); }
+void StyledTextField::Text(const std::string& text) { StyledText({{text, {false, false, TextSize()}}}); }
+
+void StyledTextField::StyledText(const ::StyledText& text) { Reader(*this).Show(text); }
+
+Int32 StyledTextField::TextSize() const { return Reader(*this).font().pixelSize(); }
+void StyledTextField::TextSize(Int32 size) {
+    Reader(*this).setFont(FontNamed(Reader(*this).font().family().toStdString(), size));
+}
+
+void StyledTextField::TextFont(const std::string& name) { Reader(*this).setFont(FontNamed(name, TextSize())); }
+
+void StyledTextField::TextColor(Color color) { Reader(*this).SetColor(QPalette::Text, color); }
+void StyledTextField::BackColor(Color color) { Reader(*this).SetColor(QPalette::Base, color); }

@@ -1,0 +1,112 @@
+#include "platform/Picture.h"
+
+#include <QtCore/QFile>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QImageReader>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+
+#include "platform/FolderItem.h"
+#include "platform/MovieLibrary.h"
+#include "platform/qt/drawing/PainterGraphics.h"
+#include "platform/qt/drawing/Pixels.h"
+
+Picture::Pixels::Pixels(QSize logicalSize, double devicePixelRatio)
+    : logicalSize_(logicalSize), size_((QSizeF(logicalSize) * devicePixelRatio).toSize()), ratio_(devicePixelRatio) {
+    constexpr QRgb kWhite = 0xFFFFFFFF;
+    memory_.assign(static_cast<std::size_t>(size_.width()) * static_cast<std::size_t>(size_.height()), kWhite);
+}
+
+QImage Picture::Pixels::View() {
+    QImage view(reinterpret_cast<uchar*>(memory_.data()), size_.width(), size_.height(),
+                static_cast<qsizetype>(size_.width()) * static_cast<qsizetype>(sizeof(QRgb)), QImage::Format_RGB32);
+    view.setDevicePixelRatio(ratio_);
+    return view;
+}
+
+Picture::Picture(std::unique_ptr<Pixels> pixels) : pixels_(std::move(pixels)) {}
+
+Picture::~Picture() = default;
+
+Int32 Picture::Width() const { return pixels_->LogicalSize().width(); }
+Int32 Picture::Height() const { return pixels_->LogicalSize().height(); }
+
+std::span<const std::uint32_t> Picture::Bits() const { return pixels_->Bits(); }
+
+Ref<Graphics> Picture::Graphics() {
+    if (!graphics_) graphics_ = MakeRef<PainterGraphics>(pixels_->View(), pixels_->LogicalSize());
+    return graphics_;
+}
+
+Ref<Picture> Picture::Mask(bool create) {
+    if (!mask_ && create) {
+        mask_ = NewPicture(Width(), Height(), 32, pixels_->Ratio());
+        mask_->Graphics()->ForeColor(RGB(0, 0, 0));
+        mask_->Graphics()->FillRect(0, 0, Width(), Height());
+    }
+    return mask_;
+}
+
+QImage Composed(Picture& picture) {
+    QImage image = picture.pixels().View();
+    if (const Ref<Picture> mask = picture.Mask(false)) {
+        QImage opacity = mask->pixels().View().convertToFormat(QImage::Format_Grayscale8);
+        opacity.invertPixels();
+        // Which reads the scales of both images, and places the one in the other by them.
+        opacity.setDevicePixelRatio(1);
+        image.setDevicePixelRatio(1);
+        image.setAlphaChannel(opacity);
+        image.setDevicePixelRatio(picture.pixels().Ratio());
+    }
+    return image;
+}
+
+Ref<Picture> NewPicture(Int32 width, Int32 height, Int32, double scale) {
+    if (width <= 0 || height <= 0) return nullptr;
+    try {
+        return MakeRef<Picture>(std::make_unique<Picture::Pixels>(QSize(width, height), scale));
+    } catch (const std::exception&) {  // a size that no memory holds
+        return nullptr;
+    }
+}
+
+namespace {
+
+/// An image to read into. What a damaged file lacks stays as it is here; it would be what the memory held before.
+QImage Blank(QSize size, QImage::Format format) {
+    QImage image(size, format);
+    if (!image.isNull() && image.depth() <= 8) image.setColorCount(1 << image.depth());
+    image.fill(Qt::white);
+    return image;
+}
+
+QImage ReadImage(const std::filesystem::path& file) {
+    QImageReader reader(QFile::decodeName(file.c_str()));
+    // A BMP file whose rows go from top to bottom tells a negative height.
+    const QSize size(reader.size().width(), std::abs(reader.size().height()));
+    if (qint64{size.width()} * size.height() > kMostPixelsInFile) return {};
+    QImage image = Blank(size, reader.imageFormat());
+    if (reader.read(&image)) return image;
+    const std::optional<RgbImage> pict = MovieLibrary::Installed().ReadPict(file);
+    if (!pict) return {};
+    const qsizetype bytesPerRow = qsizetype{3} * pict->width;
+    return QImage(pict->bytes.data(), pict->width, pict->height, bytesPerRow, QImage::Format_RGB888).copy();
+}
+
+/// `scale` of the image's pixels are a logical one; nil for no image.
+Ref<Picture> PictureOf(const QImage& image, int scale) {
+    Ref<Picture> picture = NewPicture(image.width() / scale, image.height() / scale, 32, scale);
+    if (picture) static_cast<PainterGraphics&>(*picture->Graphics()).Fill(image);
+    return picture;
+}
+
+}  // namespace
+
+Ref<Picture> FolderItem::OpenAsPicture() const {
+    if (qApp->devicePixelRatio() > 1) {
+        const std::string name = Path().stem().string() + "@2x" + Path().extension().string();
+        if (Ref<Picture> dense = PictureOf(ReadImage(Path().parent_path() / name), 2)) return dense;
+    }
+    return PictureOf(ReadImage(Path()), 1);
+}

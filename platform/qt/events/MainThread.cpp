@@ -1,0 +1,64 @@
+#include "platform/qt/events/MainThread.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
+#include <QtCore/QPointer>
+#include <QtCore/QThread>
+#include <deque>
+#include <mutex>
+#include <utility>
+
+namespace {
+
+struct Entry {
+    QPointer<QObject> context;
+    std::function<void()> action;
+    std::string_view property;
+};
+
+std::mutex mutex;
+std::deque<Entry> waiting;
+
+std::deque<Entry> TakeAll() {
+    const std::lock_guard lock(mutex);
+    return std::exchange(waiting, {});
+}
+
+void CarryOutAll() {
+    for (const Entry& entry : TakeAll()) {
+        if (entry.context) entry.action();
+    }
+}
+
+/// Takes word that there is something to carry out. An event is Qt's own affair on both threads, where a queued call
+/// would be data of ours that only Qt's lock guards, and the thread sanitizer doesn't see that one.
+class Receiver final : public QObject {
+  public:
+    Receiver() { moveToThread(qApp->thread()); }
+
+  protected:
+    void customEvent(QEvent*) override { CarryOutAll(); }
+};
+
+/// The entry that an action may replace; nil if there is none.
+Entry* Replaceable(const QObject& context, std::string_view property) {
+    for (auto entry = waiting.rbegin(); entry != waiting.rend(); ++entry) {
+        if (property.empty() || entry->property.empty() || entry->context != &context) return nullptr;
+        if (entry->property == property) return &*entry;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+void OnMainThread(QObject& context, std::function<void()> action, std::string_view property) {
+    if (QThread::currentThread() == qApp->thread()) return action();
+    const std::lock_guard lock(mutex);
+    if (Entry* entry = Replaceable(context, property)) {
+        entry->action = std::move(action);
+        return;
+    }
+    waiting.push_back({&context, std::move(action), property});
+    static Receiver receiver;
+    if (waiting.size() == 1) QCoreApplication::postEvent(&receiver, new QEvent(QEvent::User));
+}

@@ -1,0 +1,53 @@
+#include "platform/Thread.h"
+
+#include <atomic>
+#include <stop_token>
+#include <thread>
+
+#include "platform/qt/events/EventBoundary.h"
+
+namespace {
+
+/// Unwinds a worker that is to end. It is no std::exception, so that nothing takes it for a fault.
+struct Ended {};
+
+/// The stop token of the worker that this thread is; one that never asks to stop on any other thread.
+thread_local std::stop_token stopToken;
+
+}  // namespace
+
+struct Thread::Peer {
+    std::atomic<bool> isRunning = false;
+    bool hasEnded = false;
+    std::jthread worker;  // last, so that it has ended before what it uses goes
+};
+
+Thread::Thread() : peer_(std::make_unique<Peer>()) {}
+
+Thread::~Thread() = default;
+
+void Thread::Run() {
+    if (peer_->hasEnded || peer_->isRunning.exchange(true)) return;
+    peer_->worker = std::jthread([this](const std::stop_token& token) {
+        stopToken = token;
+        Deliver([this] {
+            try {
+                RunEvent();
+            } catch (const Ended&) {
+            }
+        });
+        peer_->isRunning = false;
+    });
+}
+
+Thread::States Thread::State() const { return peer_->isRunning ? States::Running : States::NotRunning; }
+
+void Thread::End() {
+    peer_->hasEnded = true;
+    peer_->worker.request_stop();
+    if (peer_->worker.joinable()) peer_->worker.join();
+}
+
+void Thread::Yield() {
+    if (stopToken.stop_requested()) throw Ended();
+}

@@ -1,0 +1,97 @@
+#include "platform/qt/window/ControlList.h"
+
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+#include <algorithm>
+
+#include "platform/Controls.h"
+#include "platform/Text.h"
+#include "platform/Thread.h"
+#include "platform/qt/controls/RectControlPeer.h"
+
+namespace {
+
+void Follow(RectControl& control, QSize growth) {
+    QRect place = control.peer().place;
+    if (control.LockRight()) place.setRight(place.right() + growth.width());
+    if (control.LockRight() && !control.LockLeft()) place.setLeft(place.left() + growth.width());
+    if (control.LockBottom()) place.setBottom(place.bottom() + growth.height());
+    if (control.LockBottom() && !control.LockTop()) place.setTop(place.top() + growth.height());
+    control.peer().Place(place);
+}
+
+}  // namespace
+
+void ControlList::Add(const std::string& name, std::unique_ptr<Control> control) {
+    if (auto* seen = dynamic_cast<RectControl*>(control.get())) {
+        seen->peer().widget->setObjectName(QString::fromStdString(name));
+        seen->peer().widget->setParent(&content_);
+    }
+    controls_.emplace_back(name, std::move(control));
+}
+
+Control* ControlList::Find(const std::string& name) const {
+    const auto found =
+        std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) { return control.first == name; });
+    return found == controls_.end() ? nullptr : found->second.get();
+}
+
+RectControl* ControlList::Of(const QWidget& widget) const {
+    const std::vector<RectControl*> all = Seen();
+    const auto found = std::find_if(all.begin(), all.end(), [&](auto* c) { return c->peer().widget == &widget; });
+    return found == all.end() ? nullptr : *found;
+}
+
+std::vector<RectControl*> ControlList::Seen() const {
+    std::vector<RectControl*> found;
+    for (const auto& [name, control] : controls_) {
+        if (auto* seen = dynamic_cast<RectControl*>(control.get())) found.push_back(seen);
+    }
+    return found;
+}
+
+void ControlList::EndWorkers() const {
+    for (const auto& [name, control] : controls_) {
+        if (auto* thread = dynamic_cast<Thread*>(control.get())) thread->End();
+    }
+}
+
+// Controls of a group come where the group stands, in an order of their own.
+void ControlList::SetTabOrder() const {
+    const auto place = [this](const RectControl* control) {
+        const auto* group = dynamic_cast<GroupBox*>(Of(*control->peer().widget->parentWidget()));
+        return group ? std::pair(group->TabIndex(), control->TabIndex()) : std::pair(control->TabIndex(), -1);
+    };
+    std::vector<RectControl*> order = Seen();
+    std::stable_sort(order.begin(), order.end(), [&place](auto* a, auto* b) { return place(a) < place(b); });
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        QWidget::setTabOrder(order[i - 1]->peer().widget, order[i]->peer().widget);
+    }
+}
+
+void ControlList::FocusFirstField() const {
+    for (RectControl* control : Seen()) {
+        if (!dynamic_cast<EditField*>(control)) continue;
+        auto& field = WidgetOf<QLineEdit>(*control);
+        field.setFocus();
+        field.selectAll();
+        return;
+    }
+}
+
+bool ControlList::PressButton(const std::string& key) const {
+    const bool isEscape = key == Chr(27);
+    if (!isEscape && key != Chr(13) && key != Chr(3)) return false;
+    for (RectControl* control : Seen()) {
+        auto* button = dynamic_cast<PushButton*>(control);
+        if (!button || !(isEscape ? button->Cancel() : button->Default())) continue;
+        WidgetOf<QPushButton>(*button).click();
+        return true;
+    }
+    return false;
+}
+
+void ControlList::FollowEdges(QSize before, QSize after) const {
+    for (RectControl* control : Seen())
+        Follow(*control, after - before);
+}

@@ -1,0 +1,77 @@
+#include "platform/qt/window/MenuBinding.h"
+
+#include <utility>
+
+#include "platform/Text.h"
+#include "platform/qt/events/EventBoundary.h"
+#include "platform/qt/window/EditCommands.h"
+#include "platform/qt/window/OpenWindows.h"
+
+MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, std::function<void()> enableItems)
+    : bar_(std::move(bar)), window_(window), widget_(new QMenuBar(&window)), enableItems_(std::move(enableItems)) {
+    widget_->setAutoFillBackground(true);  // in fullscreen it lies over the controls
+    widget_->setCursor(Qt::ArrowCursor);
+    for (const Ref<MenuItem>& menu : bar_->Children())
+        AddMenu(*menu);
+    Sync();
+}
+
+void MenuBinding::AddHandler(const std::string& itemName, Window::MenuHandler handler) {
+    handlers_[itemName] = std::move(handler);
+}
+
+void MenuBinding::AddMenu(const MenuItem& menu) {
+    QMenu* widget = widget_->addMenu(QString::fromStdString(menu.Text()));
+    QObject::connect(widget, &QMenu::aboutToShow, widget, [this] { PassEnabling(); });
+    for (const Ref<MenuItem>& item : menu.Children())
+        AddItem(*widget, item);
+}
+
+void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
+    if (item->Text() == "-") {
+        menu.addSeparator();
+        return;
+    }
+    QAction* action = menu.addAction(QString());
+    action->setMenuRole(QAction::NoRole);
+    action->setShortcut(QKeySequence(QString::fromStdString(Replace(item->KeyboardShortcut(), "Cmd+", "Ctrl+"))));
+    action->setAutoRepeat(false);
+    QObject::connect(action, &QAction::triggered, action, [this, item] { Choose(*item); });
+    // Of the window too: the shortcuts of a hidden menu bar are dead.
+    window_.addAction(action);
+    rows_.push_back({item, action});
+}
+
+void MenuBinding::PassEnabling() {
+    for (const Row& row : rows_) {
+        row.item->Disable();
+        if (row.item->AutoEnable() && IsTaken(*row.item)) row.item->Enable();
+    }
+    Deliver(enableItems_);
+    Sync();
+}
+
+bool MenuBinding::IsTaken(const MenuItem& item) const {
+    return handlers_.contains(item.Name()) || dynamic_cast<const QuitMenuItem*>(&item) ||
+           edit_commands::IsAvailable(item.Name());
+}
+
+// A command may come without a menu or a shortcut, from a screen reader, and then at any time.
+void MenuBinding::Choose(const MenuItem& item) {
+    PassEnabling();
+    if (!item.Enabled() || !window_.isEnabled()) return;
+    if (const auto handler = handlers_.find(item.Name()); handler != handlers_.end()) {
+        Deliver(handler->second);
+    } else if (dynamic_cast<const QuitMenuItem*>(&item)) {
+        open_windows::CloseAll();
+    } else {
+        edit_commands::Run(item.Name());
+    }
+}
+
+void MenuBinding::Sync() {
+    for (const Row& row : rows_) {
+        row.action->setText(QString::fromStdString(row.item->Text()));
+        row.action->setEnabled(row.item->Enabled());
+    }
+}

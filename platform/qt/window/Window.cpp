@@ -1,0 +1,108 @@
+#include "platform/Window.h"
+
+#include <QtCore/QThread>
+#include <QtWidgets/QApplication>
+
+#include "platform/qt/drawing/Colors.h"
+#include "platform/qt/window/OpenWindows.h"
+#include "platform/qt/window/WindowPeer.h"
+
+Window::Window() : peer_(std::make_unique<WindowPeer>(*this)) {}
+
+Window::~Window() = default;
+
+// For an empty title, the program's name would show.
+void Window::Title(const std::string& title) {
+    peer_->setWindowTitle(QString::fromStdString(title.empty() ? " " : title));
+}
+
+// geometry() is the window's inside; its frame belongs to the window manager.
+Int32 Window::Left() const { return peer_->Inside().left(); }
+void Window::Left(Int32 left) { peer_->setGeometry(QRect(QPoint(left, Top()), peer_->size())); }
+
+Int32 Window::Top() const { return peer_->Inside().top(); }
+void Window::Top(Int32 top) { peer_->setGeometry(QRect(QPoint(Left(), top), peer_->size())); }
+
+Int32 Window::Width() const { return peer_->Inside().width(); }
+void Window::Width(Int32 width) { peer_->SetSize({width, peer_->height()}); }
+
+Int32 Window::Height() const { return peer_->Inside().height() - (peer_->IsFullScreen() ? 0 : peer_->BarHeight()); }
+void Window::Height(Int32 height) { peer_->SetSize({peer_->width(), height + peer_->BarHeight()}); }
+
+void Window::MinSize(Int32 width, Int32 height) { peer_->setMinimumSize(width, height + peer_->BarHeight()); }
+
+void Window::BackColor(Color color) { peer_->SetBackground(ToQColor(color)); }
+
+void Window::Frame(Frames frame) { peer_->SetFrame(frame); }
+
+void Window::Placement(Placements placement) { peer_->SetCentred(placement == Placements::MainScreen); }
+
+void Window::CloseButton(bool on) { peer_->SetCloseable(on); }
+
+void Window::MinimizeButton(bool on) { peer_->SetTitleButton(Qt::WindowMinimizeButtonHint, on); }
+
+void Window::MaximizeButton(bool on) { peer_->SetTitleButton(Qt::WindowMaximizeButtonHint, on); }
+
+void Window::Resizeable(bool on) { peer_->SetResizeable(on); }
+
+bool Window::Visible() const { return peer_->isVisible(); }
+
+Ref<MenuBar> Window::MenuBar() const { return peer_->Bar(); }
+void Window::MenuBar(const Ref<::MenuBar>& bar) { peer_->SetMenuBar(bar); }
+
+void Window::MenuBarVisible(bool on) { peer_->SetMenuBarVisible(on); }
+
+bool Window::FullScreen() const { return peer_->IsFullScreen(); }
+void Window::FullScreen(bool on) { peer_->SetFullScreen(on); }
+
+void Window::Maximize() { peer_->Zoom(); }
+
+void Window::Show() {
+    peer_->setWindowState(peer_->windowState() & ~Qt::WindowMinimized);
+    peer_->show();
+    peer_->raise();
+    peer_->activateWindow();
+}
+
+void Window::ShowWithin(Window& parent, Int32) { peer_->ShowOver(*parent.peer_); }
+
+void Window::ShowModalWithin(Window& parent) {
+    const auto alive = shared_from_this();  // closing gives up the list's reference while this still waits
+    peer_->ShowOver(*parent.peer_);
+    peer_->WaitUntilClosed();
+}
+
+void Window::Close() { peer_->close(); }
+
+void Window::Refresh(bool) {
+    peer_->update();
+    peer_->Content().update();
+}
+
+void Window::UpdateNow() { peer_->repaint(); }
+
+void Window::SetFocus() {
+    if (QWidget* focused = peer_->focusWidget()) focused->clearFocus();
+}
+
+void Window::_AddMenuHandler(const std::string& itemName, MenuHandler handler) {
+    peer_->AddHandler(itemName, std::move(handler));
+}
+
+Window* Window::FindOpen(const std::string& key) { return open_windows::Find(key); }
+
+void Window::Open(const std::string& key, const std::shared_ptr<Window>& window) {
+    open_windows::Add(key, window);
+    window->peer_->Build();
+    if (!window->peer_->IsSheet()) window->peer_->show();
+}
+
+bool Window::IsMainThread() { return QThread::currentThread() == qApp->thread(); }
+
+void Window::EndWorkers() { peer_->Controls().EndWorkers(); }
+
+Control* Window::FindControl(const std::string& name) const { return peer_->Controls().Find(name); }
+
+void Window::Adopt(const std::string& name, std::unique_ptr<Control> control) {
+    peer_->Controls().Add(name, std::move(control));
+}
