@@ -4,11 +4,13 @@ import contextlib
 import mmap
 import os
 import pathlib
+import random
 import signal
 import struct
 import subprocess
 import tempfile
 import time
+import zlib
 
 from Xlib import X, XK, display, error, protocol
 from Xlib.ext import xtest
@@ -51,6 +53,19 @@ class Picture:
         """Where a colour is: (x, y) of each of its pixels."""
         return [(x, y) for y in range(self.height) for x in range(self.width) if self.at(x, y) == colour]
 
+    def save(self, path):
+        """As a PNG."""
+        lines = bytearray()
+        for row in self.rows:
+            pixels = bytearray(3 * self.width)
+            pixels[0::3], pixels[1::3], pixels[2::3] = row[2::4], row[1::4], row[0::4]
+            lines += b"\0" + pixels
+        header = struct.pack(">2I5B", self.width, self.height, 8, 2, 0, 0, 0)
+        with open(path, "wb") as file:
+            file.write(b"\x89PNG\r\n\x1a\n")
+            for kind, data in (b"IHDR", header), (b"IDAT", zlib.compress(lines)), (b"IEND", b""):
+                file.write(struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data)))
+
 
 class Desktop:
     def __init__(self, stack, size=(1280, 800)):
@@ -65,16 +80,25 @@ class Desktop:
         self.manager = start(stack, ["openbox"], env=self.environment(self.home), **silent)
         self.bystander = self.new_window()
         self.wait_until(lambda: self.property("_NET_SUPPORTING_WM_CHECK"), "there is a window manager")
+        self.settle()
         self.move(size[0] - 1, size[1] - 1)
 
     def start_server(self, stack):
-        reader, writer = os.pipe()
-        screen = ["-screen", "0", "{}x{}x24".format(*self.size), "-fbdir", self.home]
-        command = ["Xvfb", "-displayfd", f"{writer}", "-nolisten", "tcp", *screen]
-        start(stack, command, end_by=signal.SIGTERM, pass_fds=[writer], stderr=subprocess.DEVNULL)
-        os.close(writer)
-        with open(reader) as answer:
-            self.name = ":" + answer.readline().strip()
+        """On a display of its own choice: servers that look for a free one at the same time take each other's."""
+        log = self.home / "server.log"
+        for number in random.sample(range(100, 50000), 5):
+            reader, writer = os.pipe()
+            screen = ["-screen", "0", "{}x{}x24".format(*self.size), "-fbdir", self.home]
+            command = ["Xvfb", f":{number}", "-displayfd", f"{writer}", "-nolisten", "tcp", *screen]
+            with log.open("w") as errors:
+                start(stack, command, end_by=signal.SIGTERM, pass_fds=[writer], stderr=errors)
+            os.close(writer)
+            with open(reader) as answer:
+                if answer.readline():
+                    break
+        else:
+            raise AssertionError("the X server has not started: " + " ".join(log.read_text().split()))
+        self.name = f":{number}"
         with open(self.home / "Xvfb_screen0", "rb") as file:
             self.memory = stack.enter_context(mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ))
 
@@ -88,8 +112,13 @@ class Desktop:
             "DISPLAY": self.name, "DBUS_SESSION_BUS_ADDRESS": f"unix:path={home}/no-bus", "LANG": "C.UTF-8", **more}
 
     def wait_until(self, condition, what):
-        """Nudges the window manager meanwhile: it oversleeps an event now and then, until the next one wakes it."""
-        return wait_until(condition, what, lambda: self.nudge(self.bystander))
+        return wait_until(condition, what, self.keep_awake)
+
+    def keep_awake(self):
+        """The window manager oversleeps an event now and then, until the next one wakes it."""
+        if self.manager.poll() is not None:
+            raise AssertionError(f"the window manager has ended with {self.manager.returncode}")
+        self.nudge(self.bystander)
 
     def ask(self, request, window):
         """The window manager, as a task bar asks it."""
@@ -156,7 +185,8 @@ class Desktop:
             self.display.ungrab_server()
             self.display.flush()
 
-    def picture(self, left, top, width, height):
+    def picture(self, left=0, top=0, width=None, height=None):
+        width, height = width or self.size[0], height or self.size[1]
         header = struct.unpack_from(">25I", self.memory)
         first, line = header[0] + 12 * header[19] + 4 * left, header[12]
         starts = range(first + line * top, first + line * (top + height), line)

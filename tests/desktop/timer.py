@@ -5,7 +5,6 @@ import math
 import os
 import pathlib
 import re
-import shutil
 import signal
 import struct
 import sys
@@ -64,9 +63,8 @@ class Timer:
         self.wait_for("stopped")
 
     def find_window(self):
-        for process in (self.process, self.desktop.manager):
-            if process.poll() is not None:
-                raise AssertionError(f"{process.args} has ended with {process.returncode}")
+        if self.process.poll() is not None:
+            raise AssertionError("the program has ended with {}: {}".format(*self.end()))
         return self.desktop.windows().get("Dwindledial")
 
     def icon(self, name):
@@ -202,7 +200,7 @@ class DesktopTest(unittest.TestCase):
     def keep_screen(self, failures_before):
         folder = os.environ.get("DWINDLEDIAL_SCREENSHOTS")
         if folder and self.failures() > failures_before:
-            shutil.copy(self.desktop.home / "Xvfb_screen0", pathlib.Path(folder, f"{self.id()}.xwd"))
+            self.desktop.picture().save(pathlib.Path(folder, f"{self.id()}.png"))
 
     def launch(self, **options):
         return Timer(self.stack, self.desktop, **options)
@@ -213,6 +211,10 @@ class DesktopTest(unittest.TestCase):
         self.assertEqual(timer.state(), "stopped")
 
 
+def end_by_way_of_all_clean_up():
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("ended from outside"))
+
+
 def main():
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit("ended from outside"))  # by way of all clean-up
+    end_by_way_of_all_clean_up()
     unittest.main()

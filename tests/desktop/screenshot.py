@@ -1,0 +1,16 @@
+"""Saves a picture of the program on a desktop of its own: screenshot.py PICTURE"""
+
+import contextlib
+import sys
+
+from desktop import Desktop
+from timer import Timer, end_by_way_of_all_clean_up
+
+end_by_way_of_all_clean_up()
+try:
+    with contextlib.ExitStack() as stack:
+        desktop = Desktop(stack, size=(1024, 640))
+        Timer(stack, desktop)
+        desktop.picture().save(sys.argv[1])
+except Exception as fault:
+    sys.exit(f"There is no screenshot: {fault}")
