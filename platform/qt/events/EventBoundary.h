@@ -31,7 +31,7 @@ class HandlerUnderWay {
 template <class Handler, class... Arguments>
 auto Deliver(const Handler& handler, const Arguments&... arguments) {
     using Result = std::invoke_result_t<const Handler&, const Arguments&...>;
-    if constexpr (std::is_constructible_v<bool, const Handler&>) {
+    if constexpr (requires { handler.target_type(); }) {
         if (!handler) return Result();
     }
     const HandlerUnderWay underWay;
