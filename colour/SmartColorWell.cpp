@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "platform/Application.h"
 #include "platform/DragItem.h"
 #include "platform/Graphics.h"
 #include "platform/Host.h"
-#include "platform/Keyboard.h"
 #include "platform/Picture.h"
 #include "platform/Text.h"
 #include "platform/targets.h"

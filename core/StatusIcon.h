@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Numbers.h"
+#include "platform/Values.h"
 
 /// The square of the status icon in the timer's canvas, in pixels. It is fixed, whatever the size of the picture drawn
 /// there and of the window.

@@ -5,8 +5,8 @@
 #include "platform/Color.h"
 #include "platform/Graphics.h"
 #include "platform/Menu.h"
-#include "platform/Numbers.h"
 #include "platform/Ref.h"
+#include "platform/Values.h"
 #include "platform/Window.h"
 #include "settings/default_colours.h"
 

@@ -4,7 +4,7 @@
 #include "core/StatusIcon.h"
 #include "core/winMain.h"
 #include "platform/Canvas.h"
-#include "platform/Shapes.h"
+#include "platform/Graphics.h"
 #include "platform/Thread.h"
 #include "platform/targets.h"
 #include "shell/images.h"

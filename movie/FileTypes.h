@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/FileType.h"
+#include "platform/FolderItem.h"
 #include "platform/Ref.h"
 
 /// The types of the files that the program writes.

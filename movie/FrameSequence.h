@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Numbers.h"
+#include "platform/Values.h"
 
 /// The frames of the movie of a count-down. They are numbered backwards: frame Count() comes first, frame 0 last, so
 /// there is one more than Count() says. Pure arithmetic.

@@ -1,7 +1,7 @@
 #include "core/winMain.h"
 #include "movie/winMakeMovie.h"
+#include "platform/EditableMovie.h"
 #include "platform/Host.h"
-#include "platform/System.h"
 
 bool winMain::_FileCreateMovie_Action() {
     if (!System::Quicktime::Installed()) {

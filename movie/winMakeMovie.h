@@ -5,8 +5,8 @@
 
 #include "platform/EditableMovie.h"
 #include "platform/FolderItem.h"
-#include "platform/Numbers.h"
 #include "platform/Ref.h"
+#include "platform/Values.h"
 #include "platform/Window.h"
 
 /// The Create Movie dialog and the job that renders a count-down into a movie. The settings stand in the dialog's

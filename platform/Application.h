@@ -5,9 +5,8 @@
 #include <string>
 
 #include "platform/FolderItem.h"
-#include "platform/Numbers.h"
-#include "platform/Property.h"
 #include "platform/Ref.h"
+#include "platform/Values.h"
 
 enum class MouseCursors { StandardPointer, FingerPointer };
 constexpr MouseCursors StandardPointer = MouseCursors::StandardPointer;
@@ -58,3 +57,13 @@ int RuntimeExit();
 
 /// Ends all workers, each at its next yield, then the event loop, with a status.
 void Quit(int status);
+
+/// Keys as they are held now, whatever event is being handled.
+namespace Keyboard {
+
+/// Ctrl.
+bool AsyncCommandKey();
+/// Alt; Shift as well, since many window managers keep Alt with the pointer for themselves.
+bool AsyncOptionKey();
+
+}  // namespace Keyboard

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/Numbers.h"
+#include "platform/Values.h"
 
 /// A 24-bit colour, compared by value: red in bits 16 to 23, green in bits 8 to 15, blue in bits 0 to 7.
 struct Color {

@@ -4,8 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/Numbers.h"
-#include "platform/Property.h"
+#include "platform/Values.h"
 
 /// What a window holds by name. The window owns its controls.
 class Control {

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/Property.h"
 #include "platform/Ref.h"
+#include "platform/Values.h"
 
 class Picture;
 

@@ -51,3 +51,5 @@ Ref<EditableMovie> FolderItem::CreateMovie() {
     if (!writer) return nullptr;
     return MakeRef<EditableMovie>(std::move(writer));
 }
+
+bool System::Quicktime::Installed() { return MovieLibrary::Installed().CanWrite(); }

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/Numbers.h"
 #include "platform/Ref.h"
+#include "platform/Values.h"
 
 class MovieWriter;
 class Picture;
@@ -47,3 +47,10 @@ class EditableMovie {
   private:
     std::shared_ptr<MovieWriter> writer_;
 };
+
+namespace System::Quicktime {
+
+/// Whether movies can be written on this machine. Any thread.
+bool Installed();
+
+}  // namespace System::Quicktime

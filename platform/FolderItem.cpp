@@ -2,9 +2,11 @@
 
 #include <limits.h>
 
+#include <sstream>
 #include <system_error>
 
 #include "platform/Host.h"
+#include "platform/Text.h"
 
 namespace fs = std::filesystem;
 
@@ -17,6 +19,22 @@ bool IsPlainFile(const fs::path& path) {
 }
 
 }  // namespace
+
+std::string FileType::ToString() const {
+    std::string patterns;
+    for (Int32 i = 1; !NthField(Extensions(), ";", i).empty(); ++i) {
+        patterns += (i == 1 ? "*" : " *") + NthField(Extensions(), ";", i);
+    }
+    return Name() + " (" + patterns + ")";
+}
+
+std::string TextInputStream::ReadAll() {
+    std::ostringstream contents;
+    contents << file_.rdbuf();
+    return std::move(contents).str();
+}
+
+void TextOutputStream::WriteLine(std::string_view text) { file_ << text << '\n'; }
 
 Ref<FolderItem> FolderItem::Parent() const {
     const fs::path parent = path_.parent_path();

@@ -1,13 +1,54 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
 #include <string>
+#include <string_view>
 
 #include "platform/Ref.h"
-#include "platform/TextStreams.h"
+#include "platform/Values.h"
 
 class EditableMovie;
 class Picture;
+
+/// A kind of file.
+class FileType {
+  public:
+    Property<std::string> Name;
+    /// The endings of file names, each with its point, separated by semicolons.
+    Property<std::string> Extensions;
+    Property<std::string> MacType;
+    Property<std::string> MacCreator;
+
+    /// The text form, which dialogs for files take as their filter: "Name (*.one *.two)".
+    std::string ToString() const;
+};
+
+/// A file being read. Bytes come as they stand in the file, in no encoding.
+class TextInputStream {
+  public:
+    explicit TextInputStream(std::ifstream file) : file_(std::move(file)) {}
+
+    /// All that is left of the file.
+    std::string ReadAll();
+    void Close() { file_.close(); }
+
+  private:
+    std::ifstream file_;
+};
+
+/// A file being written.
+class TextOutputStream {
+  public:
+    explicit TextOutputStream(std::ofstream file) : file_(std::move(file)) {}
+
+    /// Writes the text and one line feed.
+    void WriteLine(std::string_view text);
+    void Close() { file_.close(); }
+
+  private:
+    std::ofstream file_;
+};
 
 /// A reference to a file or folder, which need not exist.
 class FolderItem {

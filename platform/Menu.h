@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Property.h"
 #include "platform/Ref.h"
+#include "platform/Values.h"
 
 /// An entry of a menu, or a menu itself. The program sets these values; a window that shows the menu reads them after
 /// each enabling pass.
@@ -34,6 +34,14 @@ class MenuItem {
     bool enabled_ = false;
     std::vector<Ref<MenuItem>> children_;
 };
+
+inline Ref<MenuItem> MenuItem::Child(const std::string& name) const {
+    for (const Ref<MenuItem>& child : children_) {
+        if (child->Name() == name) return child;
+        if (Ref<MenuItem> deeper = child->Child(name)) return deeper;
+    }
+    return nullptr;
+}
 
 // These three stand where the tree puts them, since Linux has no application menu.
 class PrefsMenuItem : public MenuItem {};

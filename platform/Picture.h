@@ -4,8 +4,8 @@
 #include <memory>
 #include <span>
 
-#include "platform/Numbers.h"
 #include "platform/Ref.h"
+#include "platform/Values.h"
 
 class Graphics;
 

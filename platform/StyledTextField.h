@@ -1,10 +1,31 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/Color.h"
 #include "platform/Control.h"
-#include "platform/StyledText.h"
+#include "platform/Values.h"
+
+struct TextStyle {
+    bool isBold = false;
+    bool isItalic = false;
+    /// In pixels; 0 is the font's own default.
+    Int32 size = 0;
+
+    bool operator==(const TextStyle&) const = default;
+};
+
+/// A stretch of text in one style.
+struct StyleRun {
+    std::string text;
+    TextStyle style;
+
+    bool operator==(const StyleRun&) const = default;
+};
+
+/// A text from its beginning to its end.
+using StyledText = std::vector<StyleRun>;
 
 /// A field of wrapped text that the user can scroll, select and copy, but not change. It has no caret: the keys that
 /// would move one scroll. Lines are separated by carriage returns.

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Numbers.h"
+#include "platform/Values.h"
 
 // Text is UTF-8. Positions count characters (code points) and begin at 1.
 

@@ -4,7 +4,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <variant>
+#include <vector>
 
 #include "platform/Color.h"
 
@@ -37,4 +39,28 @@ class Variant {
     };
 
     std::variant<SharedText, Color> value_;
+};
+
+/// A hash map of Variants that keeps the order in which its keys were first stored.
+class Dictionary {
+  public:
+    bool HasKey(const Variant& key) const;
+
+    /// The value stored under `key`. Throws std::out_of_range if there is none.
+    const Variant& Value(const Variant& key) const;
+    /// Stores or replaces the value under `key`.
+    void Value(const Variant& key, Variant value);
+
+    /// Keys and values in the same order: the value of Keys()[i] is Values()[i].
+    const std::vector<Variant>& Keys() const { return keys_; }
+    const std::vector<Variant>& Values() const { return values_; }
+
+  private:
+    struct Hasher {
+        std::size_t operator()(const Variant& key) const { return key.Hash(); }
+    };
+
+    std::vector<Variant> keys_;
+    std::vector<Variant> values_;
+    std::unordered_map<Variant, std::size_t, Hasher> index_;
 };

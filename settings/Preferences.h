@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "platform/Dictionary.h"
 #include "platform/Variant.h"
 
 /// A small key-value store: a dictionary in memory, and a text file in the user's folder for settings. The file that it

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/Numbers.h"
+#include "platform/Values.h"
 
 class EditField;
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/StyledText.h"
+#include "platform/StyledTextField.h"
 
 /// Turns text with tags in it into text with style runs. `baseSize` is the text size at the beginning, where nothing is
 /// bold or italic; no run is empty, and neighbours differ in style.

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "platform/CompressionSettings.h"
-#include "platform/Numbers.h"
+#include "platform/Values.h"
 
 class RecordingHost;
 

@@ -17,7 +17,6 @@
 #include "platform/Graphics.h"
 #include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
-#include "platform/System.h"
 #include "tests/support/Files.h"
 #include "tests/support/RecordingHost.h"
 

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "platform/Shapes.h"
+#include "platform/Graphics.h"
 #include "platform/qt/drawing/Colors.h"
 #include "platform/qt/drawing/Fonts.h"
 #include "platform/qt/drawing/Pixels.h"

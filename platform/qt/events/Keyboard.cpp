@@ -1,4 +1,4 @@
-#include "platform/Keyboard.h"
+#include "platform/Application.h"
 
 #include <QtGui/QGuiApplication>
 

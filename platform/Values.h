@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 using Int32 = std::int32_t;
 using Int64 = std::int64_t;
@@ -20,3 +21,17 @@ I Truncate(double value) {
 
 inline Int32 ToInt32(double value) { return Truncate<Int32>(value); }
 inline Int64 ToInt64(double value) { return Truncate<Int64>(value); }
+
+/// A plain value that is read as `object.P()` and set by `object.P(value)`, like every property of the toolkit.
+template <class T>
+class Property {
+  public:
+    Property() = default;
+    explicit(false) Property(T initial) : value_(std::move(initial)) {}
+
+    const T& operator()() const { return value_; }
+    void operator()(T value) { value_ = std::move(value); }
+
+  private:
+    T value_{};
+};
