@@ -84,7 +84,7 @@ class Desktop:
         self.move(size[0] - 1, size[1] - 1)
 
     def start_server(self, stack):
-        """On a display of its own choice: servers that look for a free one at the same time take each other's."""
+        """With a number given: a server that looks for a free one may take the socket of another."""
         log = self.home / "server.log"
         for number in random.sample(range(100, 50000), 5):
             reader, writer = os.pipe()
