@@ -1,6 +1,7 @@
 """Saves a picture of the program on a desktop of its own: screenshot.py PICTURE"""
 
 import contextlib
+import os
 import sys
 
 from desktop import Desktop
@@ -10,7 +11,7 @@ end_by_way_of_all_clean_up()
 try:
     with contextlib.ExitStack() as stack:
         desktop = Desktop(stack, size=(1024, 640))
-        Timer(stack, desktop)
+        Timer(stack, desktop, scale=int(os.environ.get("QT_SCALE_FACTOR", "1")))
         desktop.picture().save(sys.argv[1])
 except Exception as fault:
     sys.exit(f"There is no screenshot: {fault}")
