@@ -1,0 +1,62 @@
+"""The Debian package on a system in a folder of its own: in, judged by the desktop's validators, started, out."""
+
+import configparser
+import os
+import pathlib
+import subprocess
+import tempfile
+
+from timer import DesktopTest, main
+
+ID = os.environ["DWINDLEDIAL_ID"]
+
+
+def run(*command):
+    """What the command says; an error that tells it all if it fails."""
+    command = [str(part) for part in command]
+    done = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                          umask=0o022)
+    if done.returncode:
+        raise AssertionError(f"{' '.join(command)} ended with {done.returncode}:\n{done.stdout}")
+    return done.stdout
+
+
+class PackageTest(DesktopTest):
+    def test_it_installs_passes_the_validators_starts_with_its_icon_and_leaves_nothing(self):
+        folder = pathlib.Path(self.stack.enter_context(tempfile.TemporaryDirectory(prefix="package-")))
+        run(os.environ["CPACK"], "--config", pathlib.Path(os.environ["BUILD"], "CPackConfig.cmake"), "-B", folder / "made")
+        (package,) = (folder / "made").glob("*.deb")
+        depends = run("dpkg-deb", "--field", package, "Depends")
+        for library in ("libqt6widgets6", "libqt6dbus6", "libavformat", "libcanberra0", "libxcb-screensaver0"):
+            self.assertIn(library, depends)
+
+        root, usr = folder / "root", folder / "root/usr"
+        for name in ("info", "updates", "triggers"):
+            (root / "var/lib/dpkg" / name).mkdir(parents=True)
+        for name in ("status", "available"):
+            (root / "var/lib/dpkg" / name).touch()
+        dpkg = "dpkg", f"--root={root}", f"--log={os.devnull}", "--force-not-root,depends"
+        run(*dpkg, "--install", package)
+        self.assertEqual(run(*dpkg, "--verify", "dwindledial"), "", "files differ from their checksums")
+        for path in usr.rglob("*"):
+            runs = path.is_dir() or path.name == "dwindledial"
+            self.assertEqual(path.stat().st_mode & 0o777, 0o755 if runs else 0o644, path)
+
+        self.assertEqual(run("desktop-file-validate", usr / f"share/applications/{ID}.desktop"), "")
+        run("appstreamcli", "validate-tree", "--no-net", root)
+        (folder / "dwindledial.1").write_text(run("gzip", "-dc", usr / "share/man/man1/dwindledial.1.gz"))
+        self.assertEqual(run("mandoc", "-T", "lint", "-W", "style", folder / "dwindledial.1"), "")
+
+        timer = self.launch(path=usr / "bin/dwindledial")
+        entry = configparser.ConfigParser()
+        entry.read(usr / f"share/applications/{ID}.desktop")
+        self.assertEqual(timer.window.get_wm_class()[1], entry["Desktop Entry"]["StartupWMClass"])
+        self.wait_until(lambda: self.desktop.property("_NET_WM_ICON", timer.window)[:2] == [16, 16], "the window has its icon")
+        self.desktop.key("ctrl+q")
+        self.assertEqual(timer.end(), (0, ""))
+        run(*dpkg, "--purge", "dwindledial")
+        self.assertEqual([path.name for path in root.iterdir()], ["var"])
+
+
+if __name__ == "__main__":
+    main()
