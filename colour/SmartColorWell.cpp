@@ -23,7 +23,7 @@ constexpr Int32 kDragSize = 12;
 
 std::string TwoDigits(Int32 component) {
     const std::string digits = Hex(component);
-    return Len(digits) == 1 ? "0" + digits : digits;
+    return digits.size() == 1 ? "0" + digits : digits;
 }
 
 /// The colour itself, in a thin frame that shows on any ground.

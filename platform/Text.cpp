@@ -80,29 +80,6 @@ std::string Grouped(std::string digits, const std::string& separator) {
     return digits;
 }
 
-/// The bytes that the first character of `text` takes; a byte that is part of no character counts as one.
-std::size_t CharacterSize(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t size = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (size == 1 || size > text.size()) return 1;
-
-    Int32 code = lead & (0x7F >> size);
-    for (const char byte : text.substr(1, size - 1))
-        code = code << 6 | (byte & 0x3F);
-    // Well formed is only the one way in which the code is written.
-    return Chr(code) == text.substr(0, size) ? size : 1;
-}
-
-/// The offset in bytes behind the first `count` characters; npos if there are fewer.
-std::size_t OffsetBehind(std::string_view text, Int32 count) {
-    std::size_t offset = 0;
-    for (; count > 0; --count) {
-        if (offset == text.size()) return npos;
-        offset += CharacterSize(text.substr(offset));
-    }
-    return offset;
-}
-
 }  // namespace
 
 double Val(std::string_view text) {
@@ -143,18 +120,6 @@ std::string Format(double number, std::string_view mask) {
     const bool isZero = digits.find_first_not_of("0.") == npos;
     if (number < 0 && !isZero) whole.insert(0, "-");
     return wanted.places == 0 ? whole : whole + separators.decimal + digits.substr(point + 1);
-}
-
-std::string Mid(std::string_view text, Int32 start, Int32 length) {
-    text.remove_prefix(std::min(OffsetBehind(text, std::max(start, 1) - 1), text.size()));
-    return std::string(text.substr(0, OffsetBehind(text, length)));
-}
-
-Int32 Len(std::string_view text) {
-    Int32 count = 0;
-    for (; !text.empty(); ++count)
-        text.remove_prefix(CharacterSize(text));
-    return count;
 }
 
 std::string NthField(std::string_view text, std::string_view separator, Int32 number) {

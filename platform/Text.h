@@ -5,7 +5,7 @@
 
 #include "platform/Values.h"
 
-// Text is UTF-8. Positions count characters (code points) and begin at 1.
+// Text is UTF-8.
 
 /// The number with which `text` begins, 0 if there is none. Leading blanks, a sign, a fraction and an exponent are
 /// read, "&h" begins a hexadecimal number, what follows the number is ignored. The decimal sign is always the point.
@@ -21,12 +21,6 @@ std::string Str(double number);
 /// Separators are those of the user's locale: Format(5, "00") is "05", Format(1234.56, "###,##0.0") "1,234.6". What is
 /// no number, or infinite, comes as Str gives it.
 std::string Format(double number, std::string_view mask);
-
-/// `length` characters of `text` from `start` on; fewer where the text ends. A length below 0 gives an empty text.
-std::string Mid(std::string_view text, Int32 start, Int32 length);
-
-/// The number of characters.
-Int32 Len(std::string_view text);
 
 /// The `number`th piece of `text` cut at every `separator`, counting from 1; empty where there is no such piece.
 std::string NthField(std::string_view text, std::string_view separator, Int32 number);

@@ -42,10 +42,6 @@ void TryColour(const std::string& text) {
 }
 
 void TryPieces(const std::string& text) {
-    const Int32 length = Len(text);
-    Require(length >= 0 && static_cast<std::size_t>(length) <= text.size(), "characters are of one byte or more");
-    const Int32 cut = length / 2;
-    Require(Mid(text, 1, cut) + Mid(text, cut + 1, length) == text, "the pieces are the text");
     const std::string first = NthField(text, "\"", 1);
     Require(text.starts_with(first) && first.find('"') == std::string::npos, "the first piece ends at the separator");
     Require(first != text || NthField(text, "\"", 2).empty(), "a second piece needs a separator");

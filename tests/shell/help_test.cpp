@@ -13,7 +13,7 @@
 namespace {
 
 TEST(HelpTextTest, IsCompleteAndWellFormed) {
-    EXPECT_EQ(Len(kHelpText), 5371);
+    EXPECT_EQ(kHelpText.size(), 5371u);
     const StyledText guide = ParseMarkup(kHelpText, 12);
     EXPECT_EQ(guide.front(), (StyleRun{"Dwindledial - Help", {true, false, 14}}));
     EXPECT_EQ(guide.back().style, (TextStyle{false, false, 12}));

@@ -1,5 +1,10 @@
 #include "platform/qt/dialogs/DesktopHost.h"
 
+#include <pwd.h>
+#include <sys/stat.h>
+#include <time.h>
+#include <unistd.h>
+
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
 #include <QtCore/QStandardPaths>
@@ -11,8 +16,6 @@
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
 
-#include "platform/linux/Clock.h"
-#include "platform/linux/PreferencesFolder.h"
 #include "platform/qt/dialogs/CompressionDialog.h"
 #include "platform/qt/drawing/Colors.h"
 #include "platform/qt/drawing/Pixels.h"
@@ -21,14 +24,18 @@ DesktopHost::DesktopHost(std::string applicationId, std::string name, std::files
     : applicationId_(std::move(applicationId)),
       name_(std::move(name)),
       alertSoundFile_(std::move(alertSound)),
-      screenSaver_(MakeScreenSaver(applicationId_, name_)) {}
+      desktopSaver_(applicationId_, name_) {}
 
-double DesktopHost::Microseconds() { return MicrosecondsSinceBoot(); }
+double DesktopHost::Microseconds() {
+    timespec now{};
+    clock_gettime(CLOCK_BOOTTIME, &now);
+    return static_cast<double>(now.tv_sec) * 1e6 + static_cast<double>(now.tv_nsec) / 1e3;
+}
 
 void DesktopHost::Beep() {
     if (!alertSound_) {
         const auto bell = [] { QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::QueuedConnection); };
-        alertSound_ = MakeAlertSound({applicationId_, name_}, alertSoundFile_, bell);
+        alertSound_ = std::make_unique<AlertSound>(applicationId_, name_, alertSoundFile_, bell);
     }
     alertSound_->Play();
     QApplication::alert(nullptr);
@@ -87,11 +94,31 @@ void DesktopHost::Launch(const std::filesystem::path& file) {
         qApp, [url] { QDesktopServices::openUrl(url); }, Qt::QueuedConnection);
 }
 
-void DesktopHost::InhibitScreenSaver() { screenSaver_->Inhibit(); }
-void DesktopHost::ReleaseScreenSaver() { screenSaver_->Release(); }
-void DesktopHost::DelayScreenSaver() { screenSaver_->Delay(); }
+void DesktopHost::InhibitScreenSaver() {
+    desktopSaver_.Inhibit();
+    serverSaver_.Inhibit();
+}
 
-std::filesystem::path DesktopHost::PreferencesFolder() { return UserPreferencesFolder(); }
+void DesktopHost::ReleaseScreenSaver() {
+    desktopSaver_.Release();
+    serverSaver_.Release();
+}
+
+void DesktopHost::DelayScreenSaver() { serverSaver_.Delay(); }
+
+std::filesystem::path DesktopHost::PreferencesFolder() {
+    // Without HOME, Qt would take the root folder for it; and Qt 6.4 takes a relative path, which counts as none.
+    const passwd* const user = qEnvironmentVariableIsEmpty("HOME") ? getpwuid(getuid()) : nullptr;
+    if (user) qputenv("HOME", user->pw_dir);
+    if (QFileInfo(qEnvironmentVariable("XDG_CONFIG_HOME")).isRelative()) qunsetenv("XDG_CONFIG_HOME");
+    const std::filesystem::path folder =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toStdString();
+    std::filesystem::path made;
+    for (const auto& part : folder)
+        mkdir((made /= part).c_str(), S_IRWXU);
+    std::error_code ignored;
+    return std::filesystem::is_directory(folder, ignored) ? folder : std::filesystem::path();
+}
 
 bool DesktopHost::SelectCompressionSettings(const Ref<Picture>& testImage, CompressionSettings& settings) {
     CompressionDialog dialog(QApplication::activeWindow(), testImage, settings);

@@ -3,8 +3,9 @@
 #include <memory>
 
 #include "platform/Host.h"
-#include "platform/linux/alert/AlertSound.h"
-#include "platform/linux/screensaver/ScreenSaver.h"
+#include "platform/linux/AlertSound.h"
+#include "platform/linux/DBusInhibitor.h"
+#include "platform/linux/XServerSaver.h"
 
 /// The real host: the desktop that the program runs on.
 class DesktopHost final : public Host {
@@ -33,7 +34,10 @@ class DesktopHost final : public Host {
     std::string applicationId_;
     std::string name_;
     std::filesystem::path alertSoundFile_;
-    std::unique_ptr<ScreenSaver> screenSaver_;
+    /// A desktop that holds its own saver off leaves the X server's alone, and the other way round; so both are held
+    /// off.
+    DBusInhibitor desktopSaver_;
+    XServerSaver serverSaver_;
     /// Made for the first alert: it costs a thread.
     std::unique_ptr<AlertSound> alertSound_;
 };

@@ -50,5 +50,6 @@ void RememberRelease(const QKeyEvent& release) { lastRelease = {release.key(), r
 std::string KeyText(const QKeyEvent& event) {
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return "";
     if (const Int32 code = ControlCode(event.key())) return Chr(code);
-    return Mid(event.text().toStdString(), 1, 1);
+    const QList<uint> characters = event.text().toUcs4();
+    return characters.isEmpty() ? "" : Chr(static_cast<Int32>(characters.front()));
 }

@@ -1,4 +1,4 @@
-#include "platform/linux/screensaver/XServerSaver.h"
+#include "platform/linux/XServerSaver.h"
 
 #include <xcb/screensaver.h>
 #include <xcb/xcb.h>

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+/// The alert sound of this session: the desktop theme's own, else the sound in a file, else a bell. A session without
+/// sound is no error.
+class AlertSound {
+  public:
+    using Bell = std::function<void()>;
+
+    /// `applicationId` and `name` are what the desktop's volume control shows. `file` is a WAV file. `bell` may be
+    /// called on any thread, but not once the object has gone.
+    AlertSound(const std::string& applicationId, const std::string& name, const std::filesystem::path& file,
+               const Bell& bell);
+    /// Doesn't wait for a sound under way.
+    ~AlertSound();
+
+    /// Plays the sound once, and doesn't wait for it. The bell also rings when the sound before has not begun yet.
+    void Play();
+
+  private:
+    class Request;
+
+    Bell bell_;
+    std::shared_ptr<Request> request_;
+};

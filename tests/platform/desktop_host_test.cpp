@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <string>
+
+#include "platform/FolderItem.h"
+#include "platform/Variant.h"
+#include "platform/linux/AlertSound.h"
+#include "platform/qt/dialogs/DesktopHost.h"
+#include "tests/support/Files.h"
+#include "tests/support/RecordingHost.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+TEST(VariantTest, ConvertsBetweenTextAndColor) {
+    EXPECT_EQ(Variant(Color{0x0A0B0C}).StringValue(), "#0A0B0C");
+    EXPECT_EQ(Variant("#fFa001").ColorValue(), Color{0xFFA001});
+    EXPECT_EQ(Variant("00FF10").ColorValue(), Color{0x00FF10});
+    for (const char* text : {"", "#", "#FFFFFFF", "##FFFFF", "-12345", " FFFFF", "0xFFFF", "#GGGGGG"})
+        EXPECT_EQ(Variant(text).ColorValue(), Color{}) << text;
+}
+
+class StorageTest : public testing::Test {
+  protected:
+    const fs::path folder = RecordingHost::InstallNew().preferencesFolder;
+    FolderItem item{folder};
+};
+
+TEST_F(StorageTest, ChildAndParentAreNilWhereThereIsNone) {
+    for (const std::string& name : {std::string(), std::string("."), std::string(".."), std::string("a/b"),
+                                    std::string("a\0", 2), std::string(256, 'x')})
+        EXPECT_FALSE(item.Child(name)) << name;
+    EXPECT_TRUE(item.Child(std::string(255, 'x'))->CreateTextFile());
+    EXPECT_EQ(item.Child(".hidden")->Parent()->Path(), folder);
+    EXPECT_FALSE(FolderItem("/").Parent());
+}
+
+TEST_F(StorageTest, OnlyPlainFilesOpen) {
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), S_IRWXU), 0);
+    EXPECT_TRUE(item.Child("pipe")->Exists());
+    EXPECT_FALSE(item.Child("pipe")->OpenAsTextFile());
+    EXPECT_FALSE(item.Child("pipe")->CreateTextFile());
+}
+
+TEST_F(StorageTest, ThePreferencesFolderFollowsTheEnvironmentAndIsTheUsersAlone) {
+    SaveText(folder / "file", "in the way");
+    struct Row {
+        std::string config;
+        fs::path expected;
+    };
+    setenv("HOME", folder.c_str(), 1);
+    for (const auto& [config, expected] : {
+             Row{folder / "new/config", folder / "new/config"},
+             Row{folder / "file/config", ""},
+             Row{"relative/path", folder / ".config"},
+             Row{"", folder / ".config"},
+         }) {
+        setenv("XDG_CONFIG_HOME", config.c_str(), 1);
+        EXPECT_EQ(DesktopHost("", "", "").PreferencesFolder(), expected);
+    }
+    for (const char* made : {"new", "new/config", ".config"})
+        EXPECT_EQ(fs::status(folder / made).permissions(), fs::perms::owner_all) << made;
+}
+
+// A service that takes connections and never says a word.
+TEST_F(StorageTest, ASoundServiceThatHangsHoldsUpNothingAndTheBellRings) {
+    const int listening = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    (folder / "silent").string().copy(address.sun_path, sizeof address.sun_path - 1);
+    ASSERT_EQ(bind(listening, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(listen(listening, 5), 0);
+    setenv("PULSE_SERVER", ("unix:" + (folder / "silent").string()).c_str(), 1);
+
+    const auto begin = std::chrono::steady_clock::now();
+    auto rings = std::make_shared<std::atomic<int>>(0);
+    {
+        AlertSound sound("org.example.test", "Test", "", [rings] { ++*rings; });
+        for (int i = 0; i < 3; ++i)
+            sound.Play();
+        EXPECT_EQ(*rings, 2) << "the first one still waits for the service";
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
+    close(listening);
+}
+
+}  // namespace
