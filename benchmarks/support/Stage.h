@@ -1,17 +1,33 @@
 #pragma once
 
-class RecordingHost;
+#include <cstdlib>
+#include <memory>
+
+#include "core/winMain.h"
+#include "movie/FileTypes.h"
+#include "platform/Application.h"
+#include "shell/App.h"
+#include "shell/desktop_id.h"
+#include "tests/support/RecordingHost.h"
 
 /// The program brought up without a desktop, for a benchmark to drive: file types, application object, timer window.
 class Stage {
   public:
-    Stage(int& argc, char** argv);
-    ~Stage();
+    Stage(int& argc, char** argv) : host(BringUp(argc, argv)) {
+        FileTypes::_Initialize();
+        RuntimeRegisterAppObject(std::make_unique<App>());
+        winMain::Instance();
+    }
+    ~Stage() { RuntimeExit(); }
     Stage(const Stage&) = delete;
     Stage& operator=(const Stage&) = delete;
 
     RecordingHost& host;
 
   private:
-    static RecordingHost& BringUp(int& argc, char** argv);
+    static RecordingHost& BringUp(int& argc, char** argv) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        RuntimeInit(argc, argv, "Dwindledial", kDesktopId, nullptr);
+        return RecordingHost::InstallNew();
+    }
 };
