@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <limits>
 #include <span>
 #include <utility>
@@ -45,6 +46,8 @@ constexpr std::array kServices{
             "org.freedesktop.portal.Inhibit"_L1, "Close"_L1},
 };
 
+constexpr auto kBus = "org.freedesktop.DBus"_L1;
+constexpr auto kBusPath = "/org/freedesktop/DBus"_L1;
 constexpr auto kPortalRequest = "org.freedesktop.portal.Request"_L1;
 /// Session managers and the portal name the same thing by the same bit: the session isn't to be taken for idle.
 constexpr uint kIdle = 8;
@@ -76,31 +79,69 @@ bool IsGrant(const Service& service, const QDBusMessage& reply) {
     return reply.type() == QDBusMessage::ReplyMessage && reply.signature() == expected;
 }
 
-/// The call that gives back what was granted. It names the owner that granted it, so that it never reaches a successor,
-/// to whom the token means nothing.
-QDBusMessage ReleaseCall(const Service& service, const QDBusMessage& grant) {
-    const QVariant token = grant.arguments().constFirst();
+/// The call that gives back what `owner` has granted.
+QDBusMessage ReleaseCall(const Service& service, const QString& owner, const QVariant& token) {
     if (service.protocol == Service::Protocol::Portal) {
         const QString request = token.value<QDBusObjectPath>().path();
-        return QDBusMessage::createMethodCall(grant.service(), request, kPortalRequest, service.release);
+        return QDBusMessage::createMethodCall(owner, request, kPortalRequest, service.release);
     }
-    auto call = QDBusMessage::createMethodCall(grant.service(), service.path, service.interface, service.release);
+    auto call = QDBusMessage::createMethodCall(owner, service.path, service.interface, service.release);
     call << token;
     return call;
+}
+
+/// Calls without waiting. `done` gets the answer, however late it comes, as long as the application object lives.
+void Call(const QDBusMessage& call, const std::function<void(const QDBusMessage& answer)>& done) {
+    auto* const pending = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, kForever), qApp);
+    QObject::connect(pending, &QDBusPendingCallWatcher::finished, pending, [pending, done] {
+        pending->deleteLater();
+        done(pending->reply());
+    });
 }
 
 }  // namespace
 
 /// One stretch from Inhibit to Release. Lives until every service that it asked has answered.
-struct DBusInhibitor::Run {
-    bool hasEnded = false;
-    /// Of all that is granted and not given back.
-    std::vector<QDBusMessage> releases;
+class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
+  public:
+    Run(const std::string& applicationId, const std::string& reason)
+        : application_(QString::fromStdString(applicationId)), reason_(QString::fromStdString(reason)) {}
 
-    void GiveBack() {
-        for (const QDBusMessage& release : std::exchange(releases, {}))
+    void Ask(const Service& service) {
+        // The portal speaks for others and may have to be started. What it grants is known to nobody else.
+        if (service.protocol == Service::Protocol::Portal) return AskOwner(service, service.name);
+        // A saver that isn't running needs no holding off. Another is asked by its owner's own name, so that no release
+        // reaches a successor, to whom the number would mean something else.
+        auto call = QDBusMessage::createMethodCall(kBus, kBusPath, kBus, u"GetNameOwner"_s);
+        call << QString(service.name);
+        Call(call, [run = shared_from_this(), &service](const QDBusMessage& answer) {
+            const bool isOwned = answer.type() == QDBusMessage::ReplyMessage;
+            if (isOwned && !run->hasEnded_) run->AskOwner(service, answer.arguments().constFirst().toString());
+        });
+    }
+
+    void End() {
+        hasEnded_ = true;
+        for (const QDBusMessage& release : std::exchange(releases_, {}))
             QDBusConnection::sessionBus().send(release);
     }
+
+  private:
+    void AskOwner(const Service& service, const QString& owner) {
+        auto call = QDBusMessage::createMethodCall(owner, service.path, service.interface, u"Inhibit"_s);
+        call.setArguments(Arguments(service.protocol, application_, reason_));
+        Call(call, [run = shared_from_this(), &service, owner](const QDBusMessage& answer) {
+            if (!IsGrant(service, answer)) return;
+            run->releases_.push_back(ReleaseCall(service, owner, answer.arguments().constFirst()));
+            if (run->hasEnded_) run->End();
+        });
+    }
+
+    const QString application_;
+    const QString reason_;
+    bool hasEnded_ = false;
+    /// The calls that give back all that is granted.
+    std::vector<QDBusMessage> releases_;
 };
 
 DBusInhibitor::DBusInhibitor(std::string applicationId, std::string reason)
@@ -109,28 +150,13 @@ DBusInhibitor::DBusInhibitor(std::string applicationId, std::string reason)
 DBusInhibitor::~DBusInhibitor() { Release(); }
 
 void DBusInhibitor::Inhibit() {
-    const auto bus = QDBusConnection::sessionBus();
-    if (run_ || !bus.isConnected()) return;
-    run_ = std::make_shared<Run>();
-    for (const Service& service : ServicesToAsk()) {
-        auto call = QDBusMessage::createMethodCall(service.name, service.path, service.interface, u"Inhibit"_s);
-        // A saver that isn't running needs no holding off. The portal speaks for others and may have to be started.
-        call.setAutoStartService(service.protocol == Service::Protocol::Portal);
-        call.setArguments(
-            Arguments(service.protocol, QString::fromStdString(applicationId_), QString::fromStdString(reason_)));
-        auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(call, kForever), qApp);
-        QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, run = run_, &service] {
-            answer->deleteLater();
-            if (!IsGrant(service, answer->reply())) return;
-            run->releases.push_back(ReleaseCall(service, answer->reply()));
-            if (run->hasEnded) run->GiveBack();
-        });
-    }
+    if (run_ || !QDBusConnection::sessionBus().isConnected()) return;
+    run_ = std::make_shared<Run>(applicationId_, reason_);
+    for (const Service& service : ServicesToAsk())
+        run_->Ask(service);
 }
 
 void DBusInhibitor::Release() {
-    if (!run_) return;
-    run_->hasEnded = true;
-    run_->GiveBack();
+    if (run_) run_->End();
     run_.reset();
 }

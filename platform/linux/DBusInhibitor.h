@@ -20,7 +20,7 @@ class DBusInhibitor {
     void Release();
 
   private:
-    struct Run;
+    class Run;
 
     std::string applicationId_;
     std::string reason_;

@@ -122,8 +122,8 @@ TEST(DBusInhibitorTest, AGrantIsGivenBackHoweverLateAndToNobodyElse) {
     services->Expect({});
 
     inhibitor->Inhibit();
-    inhibitor.reset();
     services->Expect({kSaver + "Inhibit timer why"});
+    inhibitor.reset();
     services->Answer();
     services->Expect({kSaver + "UnInhibit 1"});
 }
