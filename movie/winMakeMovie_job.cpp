@@ -4,6 +4,7 @@
 #include "movie/FileTypes.h"
 #include "movie/FrameSequence.h"
 #include "movie/winMakeMovie.h"
+#include "platform/CompressionSettings.h"
 #include "platform/Controls.h"
 #include "platform/Picture.h"
 #include "platform/Text.h"
@@ -23,11 +24,10 @@ void winMakeMovie::bStart_Action() {
 // The bounds are not those that the labels speak of; what lies beyond them is raised, and the dialog shows it.
 void winMakeMovie::ReadSettings() {
     constexpr double kSmallestSide = 32;
-    constexpr double kLowestRate = 0.016666666666666;
     const auto number = [this](const std::string& name) { return Val(Find<EditField>(name).Text()); };
     SizeX = ToInt32(std::max(number("eSizeX"), kSmallestSide));
     SizeY = ToInt32(std::max(number("eSizeY"), kSmallestSide));
-    FrameRate = std::max(number("eFrameRate"), kLowestRate);
+    FrameRate = std::max(number("eFrameRate"), kLowestFrameRate);
     StartTime = ToInt32(number("eStart"));
     Compress = Find<CheckBox>("CheckBox1").Value();
     OpenMovie = Find<CheckBox>("CheckBox2").Value();
@@ -53,7 +53,10 @@ bool winMakeMovie::CreateMovieFile() {
 bool winMakeMovie::ChooseCompression() {
     const Ref<Picture> testImage = NewPicture(SizeX, SizeY, 32);
     winMain::Instance().Redraw(testImage->Graphics(), StartTime, Scale, true, false);
-    if (!t->SelectCompressionSettings(testImage)) {
+    const auto draw = [this](const Ref<Graphics>& graphics, double seconds) {
+        winMain::Instance().Redraw(graphics, ToInt32(std::max(StartTime - seconds, 0.0)), Scale, true, false);
+    };
+    if (!t->SelectCompressionSettings(testImage, {static_cast<double>(StartTime), draw})) {
         DiscardMovie();
         return false;
     }

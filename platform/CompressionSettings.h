@@ -16,9 +16,15 @@ struct CompressionSettings {
     bool operator==(const CompressionSettings&) const = default;
 };
 
+/// From here on a rate can be chosen, in frames per second: a frame a minute.
+constexpr double kLowestFrameRate = 0.016666666666666;
+
 /// A codec as a user chooses it.
 struct CodecChoice {
     MovieCodec codec;
     std::string name;
     bool hasQuality;
 };
+
+/// How a codec gets on with frames of a certain size. What is rarely played is made in a way that many players lack.
+enum class SizeSupport { Refused, RarelyPlayed, Full };

@@ -28,10 +28,10 @@ void QTVideoTrack::AppendPicture(const Ref<Picture>& picture) {
     writer_->Append({picture->Width(), picture->Height(), picture->Bits()});
 }
 
-bool QTVideoTrack::SelectCompressionSettings(const Ref<Picture>& testImage) {
+bool QTVideoTrack::SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan) {
     CompressionSettings settings = Proposal();
     settings.frameRate = FrameRate();
-    if (!Host::Current().SelectCompressionSettings(testImage, settings)) return false;
+    if (!Host::Current().SelectCompressionSettings(testImage, plan, settings)) return false;
     writer_->Settings(settings);
     Proposal() = settings;
     return true;

@@ -1,12 +1,22 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "platform/Ref.h"
 #include "platform/Values.h"
 
+class Graphics;
 class MovieWriter;
 class Picture;
+
+/// What a movie is going to show: from this the user is told how much space it will take.
+struct MoviePlan {
+    double seconds = 0;
+    /// Draws the picture that is shown so many seconds from the beginning, on a surface of the movie's size. It is
+    /// called on a thread of its own while the user chooses.
+    std::function<void(const Ref<Graphics>&, double seconds)> draw;
+};
 
 /// The video track of a movie that is being written. It may be made on one thread and used on another, by one thread at
 /// a time.
@@ -25,7 +35,8 @@ class QTVideoTrack {
     /// Lets the user choose how the frames are encoded, with `testImage` as the preview, and waits; before the first
     /// picture, on the main thread. Stores the choice in the track, its frame rate included, and proposes it the next
     /// time. False, with nothing changed, when the user cancels. A track for which nobody chose is uncompressed.
-    bool SelectCompressionSettings(const Ref<Picture>& testImage);
+    /// Without a plan the user is told nothing of the movie's size.
+    bool SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan = {});
 
   private:
     std::shared_ptr<MovieWriter> writer_;

@@ -9,6 +9,7 @@
 class Picture;
 struct Color;
 struct CompressionSettings;
+struct MoviePlan;
 
 /// Everything that reaches outside the process and blocks or can't be undone. The program goes through the functions
 /// below (Microseconds, Beep, ...); they go through the host that is installed: the desktop's, or one that records.
@@ -48,7 +49,8 @@ class Host {
 
     /// Shows the dialog in which the user chooses how a movie is encoded, with `testImage` as the preview, and waits.
     /// `settings` come in as the proposal and go out as chosen; False when the user cancels. Main thread.
-    virtual bool SelectCompressionSettings(const Ref<Picture>& testImage, CompressionSettings& settings) = 0;
+    virtual bool SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan,
+                                           CompressionSettings& settings) = 0;
 
     /// The host in use. There is one from RuntimeInit on.
     static Host& Current();

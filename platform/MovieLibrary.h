@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -24,10 +25,11 @@ struct RgbImage {
     std::vector<std::uint8_t> bytes;
 };
 
-/// What a few frames look like, and how much they take, once they are encoded.
-struct EncodedSample {
-    RgbImage firstFrame;
-    double bytesPerFrame = 0;
+/// What a movie is going to show.
+struct MovieContent {
+    double seconds = 0;
+    /// The picture at so many seconds from the beginning; its pixels stay until the next call.
+    std::function<PixelView(double seconds)> pictureAt;
 };
 
 /// A file whose header tells of more than this is taken for a damaged one.
@@ -62,16 +64,29 @@ class MovieLibrary {
     virtual bool CanWrite() const noexcept { return false; }
 
     /// The codecs that this machine can write, in the order in which they are offered, the usual one first. Empty when
-    /// there is none. Uncompressed is what a movie is without a choice, so it is no item of the list.
+    /// there is none. Uncompressed is what a movie is without a choice, so it is in the list only if it is all there
+    /// is.
     virtual std::vector<CodecChoice> Codecs() const noexcept { return {}; }
+
+    /// Asks the codec's encoder.
+    virtual SizeSupport Supports(MovieCodec, int /*width*/, int /*height*/) const noexcept {
+        return SizeSupport::Refused;
+    }
 
     /// A new empty file in place of what was there; nil when it can't be made.
     virtual std::shared_ptr<MovieWriter> Create(const std::filesystem::path&) const noexcept { return nullptr; }
 
-    /// Encodes frames of one size in memory, and decodes the first of them again. Nothing when that can't be done or
-    /// `stop` asks for the end, which is looked at before each frame.
-    virtual std::optional<EncodedSample> EncodeSample(const CompressionSettings&, std::span<const PixelView>,
-                                                      const std::stop_token&) const noexcept {
+    /// How an image looks as the first frame of a movie, encoded and decoded again. Nothing when that can't be done or
+    /// `stop` asks for the end, which is looked at before each of the few frames that are encoded.
+    virtual std::optional<RgbImage> EncodePreview(const CompressionSettings&, const PixelView&,
+                                                  const std::stop_token&) const noexcept {
+        return std::nullopt;
+    }
+
+    /// About how many bytes the file of a movie takes for each second of it, its pictures changing about once a second.
+    /// Encodes a short piece. Nothing as above, or when `pictureAt` throws.
+    virtual std::optional<double> EstimateBytesPerSecond(const CompressionSettings&, const MovieContent&,
+                                                         const std::stop_token&) const noexcept {
         return std::nullopt;
     }
 

@@ -28,7 +28,8 @@ constexpr Codec kCodecs[] = {
      .oddFormat = AV_PIX_FMT_YUV444P,
      .colours = kVideo,
      .quality = {RateFactor, 40, 8},
-     .options = "preset=veryfast,rc-lookahead=5,x264-params=subme=1:me=dia:weightp=0"},
+     .options = "preset=veryfast,rc-lookahead=5,x264-params=subme=1:me=dia:weightp=0",
+     .keyFrameDistance = 250},
     {.id = MovieCodec::H265,
      .tag = Tag("hvc1"),  // the one form that Apple's players take
      .name = "H.265",
@@ -38,7 +39,8 @@ constexpr Codec kCodecs[] = {
      .colours = kVideo,
      .quality = {RateFactor, 42, 10},
      // Without "cutree=0" libx265 writes beyond its memory when a picture is as small as 33 pixels.
-     .options = "preset=superfast,x265-params=log-level=none:frame-threads=1:rc-lookahead=5:bframes=0:cutree=0"},
+     .options = "preset=superfast,x265-params=log-level=none:frame-threads=1:rc-lookahead=5:bframes=0:cutree=0",
+     .keyFrameDistance = 250},
     {.id = MovieCodec::Mpeg4,
      .tag = Tag("mp4v"),
      .name = "MPEG-4",
@@ -47,7 +49,8 @@ constexpr Codec kCodecs[] = {
      .oddFormat = AV_PIX_FMT_YUV420P,
      .colours = kVideo,
      .quality = {Quantiser, 31, 1},
-     .rateLimit = 65535},
+     .rateLimit = 65535,
+     .keyFrameDistance = 12},
     // Halved colours come out wrong at odd widths. The fixed quantiser is as exact as the usual search for one, which
     // takes five times as long.
     {.id = MovieCodec::ProRes4444,
@@ -83,7 +86,8 @@ constexpr Codec kCodecs[] = {
      .encoder = "qtrle",
      .format = AV_PIX_FMT_RGB24,
      .oddFormat = AV_PIX_FMT_RGB24,
-     .colours = kRgb},
+     .colours = kRgb,
+     .keyFrameDistance = 12},
     // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing. There is nothing to compute
     // that a second thread could help with.
     {.id = MovieCodec::Uncompressed,
@@ -112,6 +116,7 @@ std::vector<CodecChoice> InstalledCodecs() {
             choices.push_back({codec.id, codec.name, codec.quality.unit != None});
         }
     }
+    if (choices.empty()) choices.push_back({MovieCodec::Uncompressed, "None", false});
     return choices;
 }
 

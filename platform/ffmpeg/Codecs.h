@@ -41,6 +41,8 @@ struct Codec {
     const char* options = "";
     /// The largest term of a frame rate that the encoder takes.
     int rateLimit = 1001000;
+    /// Frames from one key frame to the next.
+    int keyFrameDistance = 1;
     /// Every packet is a whole picture, so it may be written more than once.
     bool standsAlone = false;
 };

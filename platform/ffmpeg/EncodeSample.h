@@ -6,6 +6,10 @@
 
 #include "platform/MovieLibrary.h"
 
-/// As MovieLibrary has it.
-std::optional<EncodedSample> EncodeSample(const CompressionSettings& settings, std::span<const PixelView> frames,
-                                          const std::stop_token& stop);
+// As MovieLibrary has them.
+
+SizeSupport SupportOf(MovieCodec codec, int width, int height);
+std::optional<RgbImage> EncodePreview(const CompressionSettings& settings, const PixelView& image,
+                                      const std::stop_token& stop);
+std::optional<double> EstimateBytesPerSecond(const CompressionSettings& settings, const MovieContent& movie,
+                                             const std::stop_token& stop);

@@ -83,6 +83,7 @@ bool Encoder::Configure(const CompressionSettings& settings, int width, int heig
     context_->pix_fmt = FormatFor(codec_, width, height);
     context_->framerate = rate;
     context_->time_base = av_inv_q(rate);
+    context_->gop_size = codec_.keyFrameDistance;
     context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // the container keeps the codec's headers, not each key frame
     context_->thread_count = Threads(width, height);
     SetColours(*context_, codec_.colours);

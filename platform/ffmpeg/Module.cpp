@@ -16,7 +16,7 @@
 
 namespace {
 
-/// The border of the module: nothing is thrown through it, and nothing of the program is called.
+/// The border of the module: nothing is thrown through it, and of the program only what gives the pictures is called.
 class FfmpegLibrary final : public MovieLibrary {
   public:
     bool CanWrite() const noexcept override { return CanWriteMovies(); }
@@ -32,9 +32,18 @@ class FfmpegLibrary final : public MovieLibrary {
         });
     }
 
-    std::optional<EncodedSample> EncodeSample(const CompressionSettings& settings, std::span<const PixelView> frames,
-                                              const std::stop_token& stop) const noexcept override {
-        return OrNothing([&] { return ::EncodeSample(settings, frames, stop); });
+    SizeSupport Supports(MovieCodec codec, int width, int height) const noexcept override {
+        return OrNothing([&] { return SupportOf(codec, width, height); });
+    }
+
+    std::optional<RgbImage> EncodePreview(const CompressionSettings& settings, const PixelView& image,
+                                          const std::stop_token& stop) const noexcept override {
+        return OrNothing([&] { return ::EncodePreview(settings, image, stop); });
+    }
+
+    std::optional<double> EstimateBytesPerSecond(const CompressionSettings& settings, const MovieContent& movie,
+                                                 const std::stop_token& stop) const noexcept override {
+        return OrNothing([&] { return ::EstimateBytesPerSecond(settings, movie, stop); });
     }
 
     std::optional<RgbImage> ReadPict(const std::filesystem::path& file) const noexcept override {

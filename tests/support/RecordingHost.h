@@ -62,7 +62,7 @@ class RecordingHost final : public Host {
     void ReleaseScreenSaver() override { calls.emplace_back("ReleaseScreenSaver"); }
     void DelayScreenSaver() override { calls.emplace_back("DelayScreenSaver"); }
     std::filesystem::path PreferencesFolder() override { return preferencesFolder; }
-    bool SelectCompressionSettings(const Ref<Picture>&, CompressionSettings& settings) override {
+    bool SelectCompressionSettings(const Ref<Picture>&, const MoviePlan&, CompressionSettings& settings) override {
         calls.emplace_back("SelectCompressionSettings");
         proposedCompression = settings;
         if (isCompressionConfirmed) settings = chosenCompression.value_or(settings);

@@ -1,8 +1,8 @@
 #include "platform/qt/dialogs/CompressionDialog.h"
 
-#include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QPushButton>
 #include <algorithm>
 
 #include "platform/Text.h"
@@ -10,15 +10,7 @@
 namespace {
 
 constexpr QSize kPreviewSize(320, 240);
-// The rates that can be chosen: from a frame a minute on.
-constexpr double kLowestRate = 0.016666666666666;
 constexpr double kHighestRate = 1000;
-
-QLabel* Label(const QString& text, QWidget& field) {
-    auto* label = new QLabel(text);
-    label->setBuddy(&field);
-    return label;
-}
 
 bool IsLarge(QSize frame) { return frame.boundedTo(kPreviewSize) != frame; }
 
@@ -30,20 +22,33 @@ QString SizeText(double bytesPerMinute) {
     return QString::fromStdString("About " + Format(bytesPerMinute / 1024, "###,##0") + " KB a minute");
 }
 
+QString Note(const QString& codec, SizeSupport support) {
+    switch (support) {
+        case SizeSupport::Refused:
+            return codec + QStringLiteral(" can't make frames of this size.");
+        case SizeSupport::RarelyPlayed:
+            return QStringLiteral("Many players can't show ") + codec + QStringLiteral(" of an odd width or height.");
+        case SizeSupport::Full:
+            break;
+    }
+    return {};
+}
+
 }  // namespace
 
-CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testImage,
+CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testImage, const MoviePlan& plan,
                                      const CompressionSettings& proposal)
     : QDialog(parent),
       frameSize_(testImage->Width(), testImage->Height()),
       proposedRate_(proposal.frameRate),
-      encoder_(*this, testImage, [this](const auto& sample) { ShowSample(sample); }) {
+      encoder_(*this, testImage, plan,
+               {[this](const auto& image) { ShowImage(image); }, [this](auto size) { ShowSize(size); }}) {
     setWindowTitle(QStringLiteral("Compression Settings"));
     auto* sides = new QHBoxLayout(this);
     sides->addWidget(MakePreviewSide());
     sides->addWidget(MakeSettingsSide());
     ShowSettings(proposal);
-    connect(&codec_, &QComboBox::currentIndexChanged, this, [this] { Encode(); });
+    connect(&codec_, &QComboBox::currentIndexChanged, this, [this] { ShowCodec(); });
     connect(&quality_, &QSlider::valueChanged, this, [this] { Encode(); });
     connect(&frameRate_, &QLineEdit::textChanged, this, [this] { Encode(); });
     connect(&frameRate_, &QLineEdit::editingFinished, this, [this] { ShowFrameRate(FrameRate()); });
@@ -51,7 +56,7 @@ CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testIm
         ShowPreview();
         ShowMiddle();
     });
-    Encode();
+    ShowCodec();
 }
 
 QWidget* CompressionDialog::MakePreviewSide() {
@@ -77,28 +82,31 @@ QWidget* CompressionDialog::MakeSettingsSide() {
     rows->setContentsMargins(12, 0, 0, 0);
     auto* form = new QFormLayout;
     rows->addLayout(form);
-    rows->addStretch();
     for (const CodecChoice& codec : codecs_)
         codec_.addItem(QString::fromStdString(codec.name));
-    form->addRow(Label(QStringLiteral("Compression &type:"), codec_), &codec_);
+    form->addRow(QStringLiteral("Compression &type:"), &codec_);
     quality_.setRange(0, 100);
     quality_.setPageStep(25);
     quality_.setTickInterval(25);
     quality_.setTickPosition(QSlider::TicksBelow);
-    form->addRow(Label(QStringLiteral("&Quality:"), quality_), &quality_);
+    form->addRow(QStringLiteral("&Quality:"), &quality_);
     auto* ends = new QHBoxLayout(&qualityEnds_);
     ends->setContentsMargins(0, 0, 0, 0);
     ends->addWidget(new QLabel(QStringLiteral("Least")));
     ends->addStretch();
     ends->addWidget(new QLabel(QStringLiteral("Best")));
     form->addRow(QString(), &qualityEnds_);
-    form->addRow(Label(QStringLiteral("&Frames per second:"), frameRate_), &frameRate_);
+    form->addRow(QStringLiteral("&Frames per second:"), &frameRate_);
     size_.setMinimumWidth(size_.fontMetrics().horizontalAdvance(SizeText(1e12)));
     form->addRow(QStringLiteral("Movie size:"), &size_);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    rows->addWidget(buttons);
+    note_.setWordWrap(true);
+    note_.setAlignment(Qt::AlignTop);
+    note_.setMinimumHeight(2 * note_.fontMetrics().lineSpacing());
+    form->addRow(&note_);
+    connect(&buttons_, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(&buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    rows->addStretch();
+    rows->addWidget(&buttons_);
     return side;
 }
 
@@ -112,38 +120,48 @@ void CompressionDialog::ShowSettings(const CompressionSettings& settings) {
 
 void CompressionDialog::ShowFrameRate(double rate) { frameRate_.setText(QString::fromStdString(Str(rate))); }
 
-CompressionSettings CompressionDialog::Settings() const {
-    return {codecs_.at(static_cast<std::size_t>(codec_.currentIndex())).codec, quality_.value(), FrameRate()};
+CompressionSettings CompressionDialog::Settings() const { return {Codec().codec, quality_.value(), FrameRate()}; }
+
+const CodecChoice& CompressionDialog::Codec() const {
+    return codecs_.at(static_cast<std::size_t>(codec_.currentIndex()));
 }
 
 /// The rate in the field, held within what can be chosen or was proposed; the proposed one where none stands there.
 double CompressionDialog::FrameRate() const {
     const double rate = Val(frameRate_.text().toStdString());
-    return rate > 0 ? std::clamp(rate, kLowestRate, std::max(kHighestRate, proposedRate_)) : proposedRate_;
+    return rate > 0 ? std::clamp(rate, kLowestFrameRate, std::max(kHighestRate, proposedRate_)) : proposedRate_;
 }
 
-bool CompressionDialog::HasQuality() const {
-    return codecs_.at(static_cast<std::size_t>(codec_.currentIndex())).hasQuality;
+void CompressionDialog::ShowCodec() {
+    quality_.setEnabled(Codec().hasQuality);
+    qualityEnds_.setEnabled(Codec().hasQuality);
+    const SizeSupport support =
+        MovieLibrary::Installed().Supports(Codec().codec, frameSize_.width(), frameSize_.height());
+    note_.setText(Note(codec_.currentText(), support));
+    codec_.setAccessibleDescription(note_.text());
+    buttons_.button(QDialogButtonBox::Ok)->setEnabled(support != SizeSupport::Refused);
+    Encode();
 }
 
 void CompressionDialog::Encode() {
-    quality_.setEnabled(HasQuality());
-    qualityEnds_.setEnabled(HasQuality());
+    size_.setEnabled(false);  // until it is known again
     encoder_.Encode(Settings());
 }
 
-void CompressionDialog::ShowSample(const std::optional<EncodedSample>& sample) {
-    constexpr double kSecondsPerMinute = 60;
+void CompressionDialog::ShowImage(const std::optional<RgbImage>& image) {
     rendered_ = {};
-    size_.clear();
-    if (sample) {
-        const RgbImage& frame = sample->firstFrame;
+    if (image) {
         rendered_ =
-            QImage(frame.bytes.data(), frame.width, frame.height, qsizetype{3} * frame.width, QImage::Format_RGB888)
+            QImage(image->bytes.data(), image->width, image->height, qsizetype{3} * image->width, QImage::Format_RGB888)
                 .copy();
-        size_.setText(SizeText(sample->bytesPerFrame * FrameRate() * kSecondsPerMinute));
     }
     ShowPreview();
+}
+
+void CompressionDialog::ShowSize(std::optional<double> bytesPerSecond) {
+    constexpr double kSecondsPerMinute = 60;
+    size_.setEnabled(true);
+    size_.setText(bytesPerSecond ? SizeText(*bytesPerSecond * kSecondsPerMinute) : QString());
 }
 
 void CompressionDialog::ShowPreview() {

@@ -3,6 +3,7 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
+#include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollArea>
@@ -15,11 +16,13 @@
 #include "platform/qt/dialogs/SampleEncoder.h"
 
 /// Lets the user choose how the frames of a movie are encoded. Shows `testImage` as the choice renders it, encoded and
-/// decoded again, and how much space it takes; both come from a worker, so the dialog never waits for them.
+/// decoded again, and how much space the movie takes; both come from a worker, so the dialog never waits for them. A
+/// choice that can't make frames of the image's size can't be confirmed.
 class CompressionDialog final : public QDialog {
   public:
     /// The picture must not be drawn on while the dialog lives.
-    CompressionDialog(QWidget* parent, const Ref<Picture>& testImage, const CompressionSettings& proposal);
+    CompressionDialog(QWidget* parent, const Ref<Picture>& testImage, const MoviePlan& plan,
+                      const CompressionSettings& proposal);
 
     CompressionSettings Settings() const;
 
@@ -29,9 +32,11 @@ class CompressionDialog final : public QDialog {
     void ShowSettings(const CompressionSettings& settings);
     double FrameRate() const;
     void ShowFrameRate(double rate);
-    bool HasQuality() const;
+    const CodecChoice& Codec() const;
+    void ShowCodec();
     void Encode();
-    void ShowSample(const std::optional<EncodedSample>& sample);
+    void ShowImage(const std::optional<RgbImage>& image);
+    void ShowSize(std::optional<double> bytesPerSecond);
     void ShowPreview();
     void ShowMiddle();
 
@@ -44,6 +49,8 @@ class CompressionDialog final : public QDialog {
     QWidget qualityEnds_;
     QLineEdit frameRate_;
     QLabel size_;
+    QLabel note_;
+    QDialogButtonBox buttons_{QDialogButtonBox::Ok | QDialogButtonBox::Cancel};
     QScrollArea previewArea_;
     QLabel preview_;  // behind the area, which would take it along
     QCheckBox isActualSize_;

@@ -120,8 +120,9 @@ std::filesystem::path DesktopHost::PreferencesFolder() {
     return std::filesystem::is_directory(folder, ignored) ? folder : std::filesystem::path();
 }
 
-bool DesktopHost::SelectCompressionSettings(const Ref<Picture>& testImage, CompressionSettings& settings) {
-    CompressionDialog dialog(QApplication::activeWindow(), testImage, settings);
+bool DesktopHost::SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan,
+                                            CompressionSettings& settings) {
+    CompressionDialog dialog(QApplication::activeWindow(), testImage, plan, settings);
     if (dialog.exec() != QDialog::Accepted) return false;
     settings = dialog.Settings();
     return true;

@@ -26,7 +26,8 @@ class DesktopHost final : public Host {
     void ReleaseScreenSaver() override;
     void DelayScreenSaver() override;
     std::filesystem::path PreferencesFolder() override;
-    bool SelectCompressionSettings(const Ref<Picture>& testImage, CompressionSettings& settings) override;
+    bool SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan,
+                                   CompressionSettings& settings) override;
 
   private:
     /// Where the user saved last in this run; empty before the first time.

@@ -1,14 +1,20 @@
 #include "platform/qt/dialogs/SampleEncoder.h"
 
 #include <utility>
-#include <vector>
 
 #include "platform/qt/events/MainThread.h"
 
-SampleEncoder::SampleEncoder(QObject& context, Ref<Picture> picture, Done done)
+namespace {
+
+PixelView View(Picture& picture) { return {picture.Width(), picture.Height(), picture.Bits()}; }
+
+}  // namespace
+
+SampleEncoder::SampleEncoder(QObject& context, Ref<Picture> picture, MoviePlan plan, Results results)
     : context_(context),
       picture_(std::move(picture)),
-      done_(std::move(done)),
+      plan_(std::move(plan)),
+      results_(std::move(results)),
       worker_([this](const std::stop_token& end) { Work(end); }) {}
 
 void SampleEncoder::Encode(const CompressionSettings& settings) {
@@ -28,19 +34,30 @@ std::optional<CompressionSettings> SampleEncoder::NextSettings(const std::stop_t
 }
 
 void SampleEncoder::Work(const std::stop_token& end) {
-    // A count-down is long runs of equal pictures.
-    constexpr std::size_t kFrames = 24;
-    const PixelView frame{picture_->Width(), picture_->Height(), picture_->Bits()};
-    const std::vector<PixelView> frames(kFrames, frame);
     const std::stop_callback endsCurrent(end, [this] {
         const std::lock_guard lock(mutex_);
         current_.request_stop();
     });
     while (const auto settings = NextSettings(end)) {
         const std::stop_token stop = current_.get_token();
-        auto sample = MovieLibrary::Installed().EncodeSample(*settings, frames, stop);
+        auto preview = MovieLibrary::Installed().EncodePreview(*settings, View(*picture_), stop);
         if (stop.stop_requested()) continue;
         OnMainThread(
-            context_, [done = done_, sample = std::move(sample)] { done(sample); }, "Sample");
+            context_, [show = results_.preview, preview = std::move(preview)] { show(preview); }, "Preview");
+        const std::optional<double> size = EstimateSize(*settings, stop);
+        if (stop.stop_requested()) continue;
+        OnMainThread(
+            context_, [show = results_.size, size] { show(size); }, "Size");
     }
+}
+
+std::optional<double> SampleEncoder::EstimateSize(const CompressionSettings& settings,
+                                                  const std::stop_token& stop) const {
+    if (!plan_.draw) return std::nullopt;
+    const Ref<Picture> drawn = NewPicture(picture_->Width(), picture_->Height(), 32);
+    const auto pictureAt = [&](double seconds) {
+        plan_.draw(drawn->Graphics(), seconds);
+        return View(*drawn);
+    };
+    return MovieLibrary::Installed().EstimateBytesPerSecond(settings, {plan_.seconds, pictureAt}, stop);
 }

@@ -9,16 +9,22 @@
 #include <thread>
 
 #include "platform/CompressionSettings.h"
+#include "platform/EditableMovie.h"
 #include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
 
-/// Encodes one picture again and again on a worker, as the settings change. Nothing here waits for it but the end.
+/// Encodes a picture and a piece of a movie on a worker, again whenever the settings change. Nothing here waits for it
+/// but the end.
 class SampleEncoder {
   public:
-    using Done = std::function<void(const std::optional<EncodedSample>&)>;
+    /// Each is called on the main thread; nothing stands for what can't be encoded.
+    struct Results {
+        std::function<void(const std::optional<RgbImage>& image)> preview;
+        std::function<void(std::optional<double> bytesPerSecond)> size;
+    };
 
-    /// `done` gets each result on the main thread, as long as `context` lives. The picture must not be drawn on.
-    SampleEncoder(QObject& context, Ref<Picture> picture, Done done);
+    /// There are results as long as `context` lives. The picture must not be drawn on.
+    SampleEncoder(QObject& context, Ref<Picture> picture, MoviePlan plan, Results results);
 
     /// What is being encoded before is given up.
     void Encode(const CompressionSettings& settings);
@@ -26,10 +32,12 @@ class SampleEncoder {
   private:
     void Work(const std::stop_token& end);
     std::optional<CompressionSettings> NextSettings(const std::stop_token& end);
+    std::optional<double> EstimateSize(const CompressionSettings& settings, const std::stop_token& stop) const;
 
     QObject& context_;
     const Ref<Picture> picture_;
-    const Done done_;
+    const MoviePlan plan_;
+    const Results results_;
 
     std::mutex mutex_;
     std::condition_variable_any changed_;
