@@ -53,9 +53,11 @@ CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testIm
     connect(&frameRate_, &QLineEdit::textChanged, this, [this] { Encode(); });
     connect(&frameRate_, &QLineEdit::editingFinished, this, [this] { ShowFrameRate(FrameRate()); });
     connect(&isActualSize_, &QCheckBox::toggled, this, [this] {
+        previewArea_.setFocusPolicy(isActualSize_.isChecked() ? Qt::StrongFocus : Qt::NoFocus);
         ShowPreview();
         ShowMiddle();
     });
+    codec_.setFocus();
     ShowCodec();
 }
 
@@ -65,6 +67,8 @@ QWidget* CompressionDialog::MakePreviewSide() {
     rows->setContentsMargins(0, 0, 0, 0);
     preview_.setAlignment(Qt::AlignCenter);
     previewArea_.setWidget(&preview_);
+    previewArea_.setAccessibleName(QStringLiteral("Preview"));
+    previewArea_.setFocusPolicy(Qt::NoFocus);  // until there is something to scroll
     previewArea_.setWidgetResizable(true);
     previewArea_.setAlignment(Qt::AlignCenter);
     previewArea_.setFixedSize(kPreviewSize + 2 * QSize(previewArea_.frameWidth(), previewArea_.frameWidth()));
