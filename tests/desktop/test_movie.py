@@ -31,8 +31,8 @@ class MovieTest(DesktopTest):
         self.assertEqual(opened.read_text().strip(), movie.as_uri())
 
         self.desktop.key("alt+F4", "space", "shift+Tab", "space")  # it stays open; the other way round
-        movie = dialog.start("second.mov", compression=["alt+f", "2", "0", "Return"])
-        self.assertEqual(dialog.wait_finished(movie), ("h264", 48, 33, 61))
+        movie = dialog.start("second.mov", compression=["alt+t", "Down", "alt+f", "2", "0", "Return"])
+        self.assertEqual(dialog.wait_finished(movie), ("hevc", 48, 33, 61))
         self.assertNotIn("second", opened.read_text())
         self.desktop.key("Escape")
         dialog.wait_gone()

@@ -2,6 +2,10 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QStringList>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QSlider>
 #include <cstdlib>
 #include <filesystem>
 
@@ -10,7 +14,9 @@
 #include "platform/Application.h"
 #include "platform/Controls.h"
 #include "platform/Picture.h"
+#include "platform/Text.h"
 #include "platform/Thread.h"
+#include "platform/qt/dialogs/CompressionDialog.h"
 #include "platform/qt/window/OpenWindows.h"
 #include "tests/support/Files.h"
 #include "tests/support/TimerWindowTest.h"
@@ -136,6 +142,39 @@ TEST_F(MakeMovieTest, MakesOneMovieAfterTheOther) {
     ASSERT_TRUE(RunsToItsEnd());
     EXPECT_THAT(host.calls, Not(Contains(HasSubstr("Launch"))));
     EXPECT_EQ(LoadText(host.fileToSave), first);
+}
+
+TEST_F(MakeMovieTest, TheEstimateIsWithinAQuarterOfTheMovie) {
+    for (const auto& [codec, rate] : {std::pair{MovieCodec::H264, "10"}, {MovieCodec::H265, "1"}}) {
+        host.chosenCompression = CompressionSettings{codec, 75, Val(rate)};
+        Set("120", rate, true, false);
+        Field("eSizeX").Text("160");
+        Field("eSizeY").Text("120");
+        ASSERT_TRUE(RunsToItsEnd());
+        const Ref<Picture> picture = NewPicture(160, 120, 32);
+        const auto pictureAt = [&](double seconds) {
+            host.plan.draw(picture->Graphics(), seconds);
+            return PixelView{160, 120, picture->Bits()};
+        };
+        const auto bytesPerSecond = MovieLibrary::Installed().EstimateBytesPerSecond(
+            *host.chosenCompression, {host.plan.seconds, pictureAt}, {});
+        const auto size = static_cast<double>(std::filesystem::file_size(host.fileToSave));
+        EXPECT_NEAR(bytesPerSecond.value() * 120 / size, 1, 0.25) << rate << " frames a second";
+    }
+}
+
+TEST(CompressionDialogTest, EachCodecIsChosenAndConfirmedOnlyWhereItMakesTheSize) {
+    CompressionDialog dialog(nullptr, NewPicture(9000, 65, 32), {}, {.codec = MovieCodec::H264});
+    auto& menu = *dialog.findChild<QComboBox*>();
+    const auto& ok = *dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    for (const CodecChoice& choice : MovieLibrary::Installed().Codecs()) {
+        EXPECT_EQ(dialog.Settings().codec, choice.codec);
+        EXPECT_EQ(dialog.findChild<QSlider*>()->isEnabled(), choice.hasQuality) << choice.name;
+        EXPECT_EQ(ok.isEnabled(), choice.codec != MovieCodec::Mpeg4) << choice.name;
+        const bool isRare = choice.codec == MovieCodec::H264 || choice.codec == MovieCodec::H265;
+        EXPECT_EQ(menu.accessibleDescription().isEmpty(), ok.isEnabled() && !isRare) << choice.name;
+        Press(menu, Qt::Key_Down, {});
+    }
 }
 
 TEST_F(MakeMovieTest, CancelStopsTheJobAndThenClosesTheDialog) {

@@ -87,13 +87,7 @@ std::string Bytes(const Picture& picture) {
     return bytes;
 }
 
-std::optional<EncodedSample> Sample(const CompressionSettings& settings, const std::vector<Ref<Picture>>& pictures,
-                                    const std::stop_token& stop = {}) {
-    std::vector<PixelView> frames;
-    for (const Ref<Picture>& picture : pictures)
-        frames.push_back({picture->Width(), picture->Height(), picture->Bits()});
-    return MovieLibrary::Installed().EncodeSample(settings, frames, stop);
-}
+PixelView View(Picture& picture) { return {picture.Width(), picture.Height(), picture.Bits()}; }
 
 /// The largest difference of two pictures in the middle of the stripes, above and below.
 int Difference(const std::string& one, const std::string& other, Int32 width, Int32 height) {
@@ -302,24 +296,21 @@ TEST_F(MovieFileTest, AFullDiskEndsNothingButTheMovie) {
     }
 }
 
-TEST_F(MovieFileTest, ASampleShowsWhatTheCodecMakesOfAPicture) {
+TEST_F(MovieFileTest, APreviewShowsWhatTheCodecMakesOfAPicture) {
     for (const auto& [width, height] : {std::pair{320, 240}, {33, 33}}) {
-        const std::vector<Ref<Picture>> pictures = {NewPicture(width, height, 32), NewPicture(width, height, 32)};
-        Draw(*pictures[0], 1);
-        Draw(*pictures[1], 2);
+        const Ref<Picture> picture = NewPicture(width, height, 32);
+        Draw(*picture, 1);
         for (const Form& form : kForms) {
             SCOPED_TRACE(form.tag);
-            const auto sample = Sample({.codec = form.codec}, pictures);
-            ASSERT_TRUE(sample);
-            const std::string decoded(sample->firstFrame.bytes.begin(), sample->firstFrame.bytes.end());
-            EXPECT_LE(Difference(decoded, Bytes(*pictures[0]), width, height), 2);
-            EXPECT_GT(sample->bytesPerFrame, 20);
-            EXPECT_LE(sample->bytesPerFrame, width * height * 3);
+            const auto preview = MovieLibrary::Installed().EncodePreview({.codec = form.codec}, View(*picture), {});
+            ASSERT_TRUE(preview);
+            const std::string decoded(preview->bytes.begin(), preview->bytes.end());
+            EXPECT_LE(Difference(decoded, Bytes(*picture), width, height), 2);
         }
     }
     std::stop_source source;
     source.request_stop();
-    EXPECT_FALSE(Sample({}, {NewPicture(32, 32, 32)}, source.get_token()));
+    EXPECT_FALSE(MovieLibrary::Installed().EncodePreview({}, View(*NewPicture(32, 32, 32)), source.get_token()));
 }
 
 TEST_F(MovieFileTest, ABetterQualityTakesMoreBytes) {
@@ -332,8 +323,9 @@ TEST_F(MovieFileTest, ABetterQualityTakesMoreBytes) {
     for (const CodecChoice& choice : MovieLibrary::Installed().Codecs()) {
         double before = 0;
         for (const int quality : {0, 25, 50, 75, 100}) {
-            const auto sample = Sample({choice.codec, quality, 1}, {picture});
-            const double bytes = sample.value().bytesPerFrame;
+            const CompressionSettings settings{choice.codec, quality, 1};
+            const MovieContent still{3, [&](double) { return View(*picture); }};
+            const double bytes = MovieLibrary::Installed().EstimateBytesPerSecond(settings, still, {}).value();
             EXPECT_TRUE(before == 0 || (choice.hasQuality ? bytes > before : bytes == before)) << choice.name << bytes;
             before = bytes;
         }

@@ -8,6 +8,7 @@
 
 #include "platform/Color.h"
 #include "platform/CompressionSettings.h"
+#include "platform/EditableMovie.h"
 #include "platform/Host.h"
 
 /// A host that does nothing but write down what it was asked for.
@@ -30,6 +31,7 @@ class RecordingHost final : public Host {
     std::optional<CompressionSettings> chosenCompression;
     /// What that dialog proposed the last time.
     CompressionSettings proposedCompression;
+    MoviePlan plan;
 
     /// What the user picks when asked for a colour; nothing stands for a cancel.
     std::optional<Color> pickedColor;
@@ -62,8 +64,10 @@ class RecordingHost final : public Host {
     void ReleaseScreenSaver() override { calls.emplace_back("ReleaseScreenSaver"); }
     void DelayScreenSaver() override { calls.emplace_back("DelayScreenSaver"); }
     std::filesystem::path PreferencesFolder() override { return preferencesFolder; }
-    bool SelectCompressionSettings(const Ref<Picture>&, const MoviePlan&, CompressionSettings& settings) override {
+    bool SelectCompressionSettings(const Ref<Picture>&, const MoviePlan& proposedPlan,
+                                   CompressionSettings& settings) override {
         calls.emplace_back("SelectCompressionSettings");
+        plan = proposedPlan;
         proposedCompression = settings;
         if (isCompressionConfirmed) settings = chosenCompression.value_or(settings);
         return isCompressionConfirmed;
