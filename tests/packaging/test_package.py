@@ -21,6 +21,13 @@ def run(*command):
     return done.stdout
 
 
+def widths(icon):
+    """Of the pictures in a _NET_WM_ICON property."""
+    while icon:
+        yield icon[0]
+        icon = icon[2 + icon[0] * icon[1] :]
+
+
 class PackageTest(DesktopTest):
     def test_it_installs_passes_the_validators_starts_with_its_icon_and_leaves_nothing(self):
         folder = pathlib.Path(self.stack.enter_context(tempfile.TemporaryDirectory(prefix="package-")))
@@ -51,7 +58,9 @@ class PackageTest(DesktopTest):
         entry = configparser.ConfigParser()
         entry.read(usr / f"share/applications/{ID}.desktop")
         self.assertEqual(timer.window.get_wm_class()[1], entry["Desktop Entry"]["StartupWMClass"])
-        self.wait_until(lambda: self.desktop.property("_NET_WM_ICON", timer.window)[:2] == [16, 16], "the window has its icon")
+        # Until the program sets its own, the window manager's icon is there.
+        icon = lambda: set(widths(self.desktop.property("_NET_WM_ICON", timer.window)))
+        self.wait_until(lambda: icon() >= {16, 22, 24, 32, 48, 64, 128}, "the window has its icon")
         self.desktop.key("ctrl+q")
         self.assertEqual(timer.end(), (0, ""))
         run(*dpkg, "--purge", "dwindledial")
