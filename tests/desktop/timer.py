@@ -191,16 +191,6 @@ class DesktopTest(unittest.TestCase):
         self.addCleanup(self.stack.close)
         self.desktop = Desktop(self.stack)
         self.wait_until = self.desktop.wait_until
-        self.addCleanup(self.keep_screen, self.failures())
-
-    def failures(self):
-        result = self._outcome.result
-        return len(result.failures) + len(result.errors)
-
-    def keep_screen(self, failures_before):
-        folder = os.environ.get("DWINDLEDIAL_SCREENSHOTS")
-        if folder and self.failures() > failures_before:
-            self.desktop.picture().save(pathlib.Path(folder, f"{self.id()}.png"))
 
     def launch(self, **options):
         return Timer(self.stack, self.desktop, **options)
