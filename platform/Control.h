@@ -35,7 +35,7 @@ class RectControl : public Control {
     Property<bool> LockRight = false;
     Property<bool> LockBottom = false;
 
-    /// The group that the control lies in, by name; empty for none. A disabled group disables what lies in it.
+    /// The group that the control lies in, by name. A disabled group disables what lies in it.
     void InitialParent(const std::string& name);
 
     // These two may be set on any thread.
@@ -53,7 +53,7 @@ class RectControl : public Control {
     RectControl* Parent() const;
 
     /// What a screen reader calls the control, where neither its own text nor a label does.
-    void AccessibleName(const std::string& name);
+    virtual void AccessibleName(const std::string& name);
 
     /// The same for a control of a class of its own, which raises its owner's event itself.
     virtual void Event_Open();

@@ -68,6 +68,9 @@ class UpDownArrows : public RectControl {
 
     std::function<void()> Up;
     std::function<void()> Down;
+
+    /// Of the pair; each arrow's own name says its direction as well.
+    void AccessibleName(const std::string& name) override;
 };
 
 /// A box to tick.

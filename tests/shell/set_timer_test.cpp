@@ -61,8 +61,8 @@ class SetTimerTest : public TimerWindowTest {
 
     /// Presses or releases an arrow, named as "aMin+" or "aSec-".
     static void Arrow(QEvent::Type type, const QString& arrow) {
-        QWidget& widget = WidgetNamed(arrow.first(4).toLatin1());
-        Mouse(type, widget, {widget.width() / 2.0, arrow.back() == '+' ? 3.0 : widget.height() - 3.0});
+        QWidget& pair = WidgetNamed(arrow.first(4).toLatin1());
+        Mouse(type, *pair.childAt(pair.width() / 2, arrow.back() == '+' ? 3 : pair.height() - 3), {5, 5});
     }
 };
 
