@@ -1,14 +1,11 @@
 #include "core/winMain.h"
 
-#include <algorithm>
-
 #include "platform/Canvas.h"
 #include "platform/Timer.h"
 #include "shell/MenuBar1.h"
 
 namespace {
 
-constexpr Int32 kHour = 3600;
 constexpr Int32 kDesignWidth = 441;
 constexpr Int32 kDesignHeight = 229;
 
@@ -41,8 +38,6 @@ void winMain::_CreateControls0() {
     canvas.AccessibleName("Clock");
     canvas.Accessibility = {.Role = Accessible::Roles::Picture,
                             .Description = [this] { return InWords(); },
-                            .Value = [this] { return static_cast<double>(std::clamp(CurrentSeconds, 0, kHour)); },
-                            .Maximum = kHour,
                             .Press = [this] { ToggleTimer(); }};
     canvas.Paint = [this](const Ref<Graphics>& g) { cvTime_Paint(g); };
     canvas.MouseDown = [this](Int32 x, Int32 y) { return cvTime_MouseDown(x, y); };

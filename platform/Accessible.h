@@ -10,9 +10,6 @@ struct Accessible {
     Roles Role = Roles::Picture;
     /// The present state in words.
     std::function<std::string()> Description;
-    /// The present state as a number from 0 to Maximum.
-    std::function<double()> Value;
-    double Maximum = 0;
     /// Does what a click does.
     std::function<void()> Press;
 };

@@ -46,6 +46,7 @@ inline void Press(QWidget& widget, int key, const QString& text, Qt::KeyboardMod
 
 inline void Mouse(QEvent::Type type, QWidget& widget, QPointF at, Qt::MouseButton button = Qt::LeftButton,
                   Qt::MouseButtons held = Qt::NoButton) {
-    QMouseEvent event(type, at, widget.mapToGlobal(at), button, held | button, Qt::NoModifier);
+    QMouseEvent event(type, at, widget.mapTo(widget.window(), at), widget.mapToGlobal(at), button, held | button,
+                      Qt::NoModifier);
     QCoreApplication::sendEvent(&widget, &event);
 }

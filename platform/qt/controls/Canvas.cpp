@@ -1,13 +1,148 @@
 #include "platform/Canvas.h"
 
+#include <QtCore/QMimeData>
+#include <QtGui/QCursor>
+#include <QtGui/QDropEvent>
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QWidget>
+#include <utility>
+
 #include "platform/DragItem.h"
+#include "platform/Host.h"
+#include "platform/Picture.h"
 #include "platform/qt/controls/CanvasAccessible.h"
-#include "platform/qt/controls/CanvasWidget.h"
 #include "platform/qt/controls/RectControlPeer.h"
+#include "platform/qt/drawing/PainterGraphics.h"
+#include "platform/qt/drawing/Pixels.h"
+#include "platform/qt/events/EventBoundary.h"
+
+namespace {
+
+class CanvasWidget final : public QWidget {
+  public:
+    explicit CanvasWidget(Canvas& owner);
+
+    /// The surface of the paint event under way, or the one that keeps what is drawn in between.
+    Ref<Graphics> CurrentGraphics();
+    /// Runs a drag of `item` from here, the pointer holding it at `hold`.
+    void Drag(const DragItem& item, QPoint hold);
+    /// Where the pointer was last.
+    QPoint Pointer() const { return pointer_; }
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    void Release(QPointF position);
+
+    Canvas& owner_;
+    /// The surface of the paint event under way; nil outside of one.
+    Ref<Graphics> painting_;
+    /// What was drawn outside of paint events; nil until something is.
+    Ref<Picture> kept_;
+    QPoint pointer_;
+    /// A press is under way that the owner has claimed, and whether something was dragged away in it.
+    bool isPressed_ = false;
+    bool wasDragged_ = false;
+};
+
+// The toolkit also makes a text of what is only a link to a file.
+bool IsText(const QMimeData& data) { return data.hasFormat(QStringLiteral("text/plain")); }
+
+CanvasWidget::CanvasWidget(Canvas& owner) : owner_(owner) {
+    setFocusPolicy(Qt::NoFocus);
+    setMouseTracking(true);
+}
+
+Ref<Graphics> CanvasWidget::CurrentGraphics() {
+    if (painting_) return painting_;
+    if (!kept_ || kept_->pixels().LogicalSize() != size() || kept_->pixels().Ratio() != devicePixelRatioF()) {
+        kept_ = NewPicture(width(), height(), 32, devicePixelRatioF());
+    }
+    update();
+    return kept_->Graphics();
+}
+
+void CanvasWidget::paintEvent(QPaintEvent*) {
+    const auto graphics = MakeRef<PainterGraphics>(*this);
+    if (kept_) graphics->Fill(kept_->pixels().View());
+    painting_ = graphics;
+    Deliver([this] { owner_.Event_Paint(painting_); });
+    painting_ = nullptr;
+    graphics->End();
+}
+
+// Whether its window is the active one may show in a canvas's look.
+bool CanvasWidget::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) update();
+    return QWidget::event(event);
+}
+
+void CanvasWidget::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    pointer_ = PixelAt(event->position());
+    wasDragged_ = false;
+    isPressed_ = Deliver([this] { return owner_.Event_MouseDown(pointer_.x(), pointer_.y()); });
+}
+
+void CanvasWidget::mouseMoveEvent(QMouseEvent* event) {
+    pointer_ = PixelAt(event->position());
+    const bool isHeld = event->buttons().testFlag(Qt::LeftButton);
+    if (isPressed_ && isHeld) {
+        Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
+        if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // the drag has taken the button's release
+    } else if (event->buttons() == Qt::NoButton) {
+        constexpr QPointF kOutside(-1, -1);
+        Release(kOutside);  // the real one is lost when the window was blocked by then
+        pointer_ = PixelAt(event->position());
+        Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
+        event->ignore();  // so that the window hears of it as well
+    }
+}
+
+void CanvasWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) Release(event->position());
+}
+
+void CanvasWidget::Drag(const DragItem& item, QPoint hold) {
+    wasDragged_ = true;
+    Host::Current().DragText(item.Text(), item.DragPicture(), hold.x(), hold.y());
+}
+
+// A source that offers to move its text would lose it.
+void CanvasWidget::dragEnterEvent(QDragEnterEvent* event) {
+    if (!IsText(*event->mimeData())) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void CanvasWidget::dropEvent(QDropEvent* event) {
+    if (!IsText(*event->mimeData())) return;
+    const auto item = MakeRef<DragItem>();
+    item->Text(event->mimeData()->text().toStdString());
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Deliver([&] { owner_.Event_DropObject(item, 0); });
+}
+
+void CanvasWidget::Release(QPointF position) {
+    if (!std::exchange(isPressed_, false)) return;
+    pointer_ = PixelAt(position);
+    Deliver([this] { owner_.Event_MouseUp(pointer_.x(), pointer_.y()); });
+}
+
+}  // namespace
 
 Canvas::Canvas() : RectControl(std::make_unique<Peer>(new CanvasWidget(*this))) {}
 
-Canvas::~Canvas() = default;
+// A screen reader may ask until the widget is gone.
+Canvas::~Canvas() { delete peer().widget; }
 
 void Canvas::Event_Paint(const Ref<::Graphics>& g) {
     if (Paint) Paint(g);
@@ -27,6 +162,12 @@ Ref<Graphics> Canvas::Graphics() { return WidgetOf<CanvasWidget>(*this).CurrentG
 
 double Canvas::ScaleFactor() const { return peer().widget->devicePixelRatioF(); }
 
-void Canvas::DescriptionChanged() { CanvasAccessible::TellChange(WidgetOf<CanvasWidget>(*this)); }
+void Canvas::DescriptionChanged() {
+    QAccessibleEvent changed(peer().widget, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&changed);
+}
 
-void Canvas::Announce(const std::string& text) { WidgetOf<CanvasWidget>(*this).Announce(text); }
+void Canvas::Announce(const std::string& text) {
+    if (!QAccessible::isActive()) return;
+    static_cast<CanvasAccessible&>(*QAccessible::queryAccessibleInterface(peer().widget)).Announce(text);
+}

@@ -2,13 +2,15 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+#include <utility>
 
 #include "platform/qt/events/EventBoundary.h"
 
 /// A text that is said when it appears.
 class Announcement final : public QAccessibleInterface {
   public:
-    explicit Announcement(CanvasWidget& canvas) : canvas_(&canvas) {}
+    explicit Announcement(QWidget& canvas) : canvas_(&canvas) {}
 
     void Text(const std::string& text) { text_ = QString::fromStdString(text); }
 
@@ -27,7 +29,7 @@ class Announcement final : public QAccessibleInterface {
     QAccessible::State state() const override { return canvas_ ? parent()->state() : QAccessible::State(); }
 
   private:
-    QPointer<CanvasWidget> canvas_;
+    QPointer<QWidget> canvas_;
     QString text_;
 };
 
@@ -35,30 +37,20 @@ CanvasAccessible::~CanvasAccessible() {
     if (announcement_ != kNone) QAccessible::deleteAccessibleInterface(announcement_);
 }
 
-const Accessible& CanvasAccessible::Told() const { return static_cast<CanvasWidget*>(widget())->Owner().Accessibility; }
-
-Announcement& CanvasAccessible::Latest() {
+Announcement& CanvasAccessible::LatestAnnouncement() {
     if (announcement_ == kNone) {
-        announcement_ =
-            QAccessible::registerAccessibleInterface(new Announcement(static_cast<CanvasWidget&>(*widget())));
+        announcement_ = QAccessible::registerAccessibleInterface(new Announcement(*widget()));
     }
     return static_cast<Announcement&>(*QAccessible::accessibleInterface(announcement_));
 }
 
 QAccessible::Role CanvasAccessible::role() const {
-    return Told().Role == Accessible::Roles::Button ? QAccessible::PushButton : QAccessible::Graphic;
+    return canvas_.Accessibility.Role == Accessible::Roles::Button ? QAccessible::PushButton : QAccessible::Graphic;
 }
 
 QString CanvasAccessible::text(QAccessible::Text which) const {
-    if (which == QAccessible::Description) return QString::fromStdString(Deliver(Told().Description));
+    if (which == QAccessible::Description) return QString::fromStdString(Deliver(canvas_.Accessibility.Description));
     return QAccessibleWidget::text(which);
-}
-
-void* CanvasAccessible::interface_cast(QAccessible::InterfaceType type) {
-    if (type == QAccessible::ValueInterface) {
-        return Told().Value ? static_cast<QAccessibleValueInterface*>(this) : nullptr;
-    }
-    return QAccessibleWidget::interface_cast(type);
 }
 
 QAccessibleInterface* CanvasAccessible::child(int index) const {
@@ -72,7 +64,7 @@ int CanvasAccessible::indexOfChild(const QAccessibleInterface* wanted) const {
 // Not behind a dialog, be it one of ours or of the toolkit's.
 bool CanvasAccessible::CanBePressed() const {
     const QWidget* const dialog = QApplication::activeModalWidget();
-    return Told().Press && widget()->isEnabled() && (!dialog || dialog == widget()->window());
+    return canvas_.Accessibility.Press && widget()->isEnabled() && (!dialog || dialog == widget()->window());
 }
 
 QStringList CanvasAccessible::actionNames() const {
@@ -82,27 +74,23 @@ QStringList CanvasAccessible::actionNames() const {
 // Once the reader has its answer: a press may open a dialog and wait for it.
 void CanvasAccessible::doAction(const QString& name) {
     if (name != pressAction() || !CanBePressed()) return;
-    const auto press = [canvas = static_cast<CanvasWidget*>(widget())] {
-        Deliver(canvas->Owner().Accessibility.Press);
-    };
-    QMetaObject::invokeMethod(widget(), press, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        widget(), [this] { Deliver(canvas_.Accessibility.Press); }, Qt::QueuedConnection);
 }
 
-QVariant CanvasAccessible::currentValue() const { return Deliver(Told().Value); }
-
-void CanvasAccessible::TellChange(CanvasWidget& canvas) {
-    QAccessibleEvent changed(&canvas, QAccessible::DescriptionChanged);
-    QAccessible::updateAccessibility(&changed);
+void CanvasAccessible::Announce(const std::string& text) {
+    if (!std::exchange(unsaid_, text).empty()) return;
+    QMetaObject::invokeMethod(
+        widget(), [this] { Say(std::exchange(unsaid_, "")); }, Qt::QueuedConnection);
 }
 
-void CanvasAccessible::Say(CanvasWidget& canvas, const std::string& text) {
-    if (!QAccessible::isActive()) return;
-    TellChange(canvas);
-    auto* told = static_cast<CanvasAccessible*>(QAccessible::queryAccessibleInterface(&canvas));
-    told->Latest().Text(text);
+void CanvasAccessible::Say(const std::string& text) {
+    canvas_.DescriptionChanged();
+    Announcement& latest = LatestAnnouncement();
+    latest.Text(text);
     // A notification that shows is what screen readers say unasked.
-    QAccessibleEvent named(&told->Latest(), QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&named);
-    QAccessibleEvent shown(&told->Latest(), QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&shown);
+    for (const auto happened : {QAccessible::NameChanged, QAccessible::ObjectShow}) {
+        QAccessibleEvent event(&latest, happened);
+        QAccessible::updateAccessibility(&event);
+    }
 }

@@ -1,23 +1,24 @@
 #include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/events/MainThread.h"
-#include "platform/qt/window/WindowPeer.h"
 
 namespace {
 
-// Positions are the window's, wherever the control's widget lies within it.
-QPoint OriginInWindow(const QWidget& widget) {
-    const QWidget* content = &WindowPeer::Of(widget).Content();
-    return widget.parentWidget() == content ? QPoint() : widget.parentWidget()->mapTo(content, QPoint());
+// Positions are the window's, also in a group.
+QPoint OriginInWindow(const RectControl& control) {
+    const RectControl* group = control.Parent();
+    return group ? QPoint(group->Left(), group->Top()) : QPoint();
 }
 
 }  // namespace
 
-RectControl::RectControl(std::unique_ptr<Peer> peer) : peer_(std::move(peer)) {}
+RectControl::RectControl(std::unique_ptr<Peer> peer) : peer_(std::move(peer)) {
+    peer_->widget->setProperty(Peer::kControl, QVariant::fromValue(static_cast<void*>(this)));
+}
 
 RectControl::~RectControl() = default;
 
-Int32 RectControl::Left() const { return peer_->widget->x() + OriginInWindow(*peer_->widget).x(); }
-Int32 RectControl::Top() const { return peer_->widget->y() + OriginInWindow(*peer_->widget).y(); }
+Int32 RectControl::Left() const { return peer_->widget->x() + OriginInWindow(*this).x(); }
+Int32 RectControl::Top() const { return peer_->widget->y() + OriginInWindow(*this).y(); }
 void RectControl::Top(Int32 top) { Bounds(Left(), top, Width(), Height()); }
 
 Int32 RectControl::Width() const { return peer_->widget->width(); }
@@ -25,12 +26,12 @@ Int32 RectControl::Height() const { return peer_->widget->height(); }
 
 void RectControl::Bounds(Int32 left, Int32 top, Int32 width, Int32 height) {
     const QRect place(left, top, width, height);
-    peer_->Place(place.translated(-OriginInWindow(*peer_->widget)));
+    peer_->Place(place.translated(-OriginInWindow(*this)));
 }
 
 void RectControl::InitialParent(const std::string& name) {
     const QRect place(Left(), Top(), Width(), Height());
-    auto* group = WindowPeer::Of(*peer_->widget).Content().findChild<QWidget*>(QString::fromStdString(name));
+    auto* group = peer_->widget->window()->findChild<QWidget*>(QString::fromStdString(name));
     peer_->widget->setParent(group);
     Bounds(place.left(), place.top(), place.width(), place.height());
 }
@@ -49,9 +50,7 @@ void RectControl::Visible(bool on) {
 
 bool RectControl::Active() const { return peer_->widget->isActiveWindow(); }
 
-RectControl* RectControl::Parent() const {
-    return WindowPeer::Of(*peer_->widget).Controls().Of(*peer_->widget->parentWidget());
-}
+RectControl* RectControl::Parent() const { return ControlOf(*peer_->widget->parentWidget()); }
 
 void RectControl::AccessibleName(const std::string& name) {
     peer_->widget->setAccessibleName(QString::fromStdString(name));

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QtCore/QPointer>
+#include <QtCore/QVariant>
 #include <QtWidgets/QWidget>
+#include <cmath>
 
 #include "platform/Control.h"
 
@@ -15,14 +17,27 @@ struct RectControl::Peer {
         widget->setGeometry(place);
     }
 
+    /// The widget's property that holds its control.
+    static constexpr char kControl[] = "control";
+
     QPointer<QWidget> widget;
-    /// Where the widget should be. No widget is smaller than nothing, as a place that follows the edges of its window
-    /// can become for a while.
+    /// Where the control should be, also while the window is so small that its width or height would be negative, which
+    /// a widget's can't be.
     QRect place;
 };
+
+/// The control whose widget this is; nil if it is none's.
+inline RectControl* ControlOf(const QWidget& widget) {
+    return static_cast<RectControl*>(widget.property(RectControl::Peer::kControl).value<void*>());
+}
 
 /// The widget of a control whose class is known.
 template <class Widget>
 Widget& WidgetOf(const RectControl& control) {
     return static_cast<Widget&>(*control.peer().widget);
+}
+
+/// The pixel that the pointer is in; rounding would move the right half of each to the next.
+inline QPoint PixelAt(QPointF position) {
+    return {ToInt32(std::floor(position.x())), ToInt32(std::floor(position.y()))};
 }

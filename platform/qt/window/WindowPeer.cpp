@@ -5,11 +5,15 @@
 #include <QtGui/QWindow>
 #include <utility>
 
+#include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/events/Keys.h"
 #include "platform/qt/window/OpenWindows.h"
 
-WindowPeer::WindowPeer(Window& owner) : owner_(owner) {}
+WindowPeer::WindowPeer(Window& owner) : owner_(owner) {
+    setMouseTracking(true);
+    content_.setMouseTracking(true);
+}
 
 WindowPeer::~WindowPeer() = default;
 
@@ -25,6 +29,7 @@ void WindowPeer::Build() {
     for (RectControl* control : controls_.Seen())
         Deliver([control] { control->Event_Open(); });
     Deliver([this] { owner_.Event_Open(); });
+    if (menu_) menu_->PassEnabling();  // a screen reader may list the commands before anybody opens a menu
 }
 
 void WindowPeer::SetFrame(Window::Frames frame) {
@@ -169,8 +174,11 @@ void WindowPeer::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) controls_.FocusFirstField();
 }
 
-void WindowPeer::MouseMoved(Int32 x, Int32 y) {
-    Deliver([&] { owner_.Event_MouseMove(x, y); });
+void WindowPeer::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() != Qt::NoButton) return;
+    // Of the positions only this one isn't rounded on its way up from a control.
+    const QPoint at = PixelAt(event->scenePosition() - content_.pos());
+    Deliver([&] { owner_.Event_MouseMove(at.x(), at.y()); });
 }
 
 bool WindowPeer::event(QEvent* event) {

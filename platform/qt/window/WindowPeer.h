@@ -55,15 +55,13 @@ class WindowPeer final : public QWidget {
     /// Returns when the window has closed or the program quits.
     void WaitUntilClosed();
 
-    /// The pointer moved over the controls' area.
-    void MouseMoved(Int32 x, Int32 y);
-
   protected:
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
