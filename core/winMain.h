@@ -65,7 +65,7 @@ class winMain final : public Window {
     // What a screen reader is told of the clock (core/winMain_accessible.cpp).
     /// The state and the remaining time in words.
     std::string InWords() const;
-    /// Has the state said that has just been entered.
+    /// Has the state said that has just been entered, or the time that has just been set.
     void AnnounceState();
     /// Lets the words be asked for again when the time has been set, or has come to another minute.
     void RenewWords();

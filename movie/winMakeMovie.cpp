@@ -78,6 +78,7 @@ void winMakeMovie::_CreateControls0() {
     Find<EditField>("eSizeY").AccessibleName("Frame height");
 
     auto& progress = AddControl<ProgressBar>("ProgressBar1", 20, 280, 173, 20, 1);
+    progress.AccessibleName("Progress");
     progress.Maximum(3600);
     progress.Visible(false);
 

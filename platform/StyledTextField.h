@@ -27,8 +27,8 @@ struct StyleRun {
 /// A text from its beginning to its end.
 using StyledText = std::vector<StyleRun>;
 
-/// A field of wrapped text that the user can scroll, select and copy, but not change. It has no caret: the keys that
-/// would move one scroll. Lines are separated by carriage returns.
+/// A field of wrapped text that the user can scroll, select and copy, but not change. Only where a screen reader is, it
+/// has a caret; else the keys that would move one scroll. Lines are separated by carriage returns.
 class StyledTextField : public RectControl {
   public:
     StyledTextField();

@@ -94,6 +94,7 @@ void winSet::btnOK_Action() {
     timer.SetSeconds = ToInt32(Val(eSec().Text()));
     timer.CurrentSeconds = ToInt32(timer.SetMinutes * 60.0 + timer.SetSeconds);
     timer.UpdateDisplay();
+    timer.AnnounceState();
     Close();
 }
 

@@ -5,7 +5,9 @@
 #include "platform/qt/events/MainThread.h"
 
 ProgressBar::ProgressBar() : RectControl(std::make_unique<Peer>(new QProgressBar)) {
-    WidgetOf<QProgressBar>(*this).setTextVisible(false);
+    auto& bar = WidgetOf<QProgressBar>(*this);
+    bar.setTextVisible(false);
+    bar.setValue(0);
 }
 
 void ProgressBar::Maximum(Int32 maximum) {

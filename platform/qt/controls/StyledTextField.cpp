@@ -1,5 +1,6 @@
 #include "platform/StyledTextField.h"
 
+#include <QtGui/QAccessible>
 #include <QtGui/QTextCursor>
 #include <QtWidgets/QTextEdit>
 
@@ -22,7 +23,6 @@ class ReaderWidget final : public QTextEdit {
   public:
     ReaderWidget() {
         setReadOnly(true);
-        setTextInteractionFlags(Qt::TextSelectableByMouse);  // with a caret, the arrow keys would move it unseen
         setTabChangesFocus(true);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         setFont(FontNamed("System"));
@@ -40,6 +40,14 @@ class ReaderWidget final : public QTextEdit {
         QPalette colors = palette();
         colors.setColor(role, ToQColor(color));
         setPalette(colors);
+    }
+
+  protected:
+    // The keys that would move a caret scroll, unless it is a screen reader that follows the caret.
+    void focusInEvent(QFocusEvent* event) override {
+        setTextInteractionFlags(QAccessible::isActive() ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
+                                                        : Qt::TextSelectableByMouse);
+        QTextEdit::focusInEvent(event);
     }
 };
 
