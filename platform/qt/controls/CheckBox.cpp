@@ -2,7 +2,7 @@
 
 #include "platform/Controls.h"
 #include "platform/qt/controls/RectControlPeer.h"
-#include "platform/qt/drawing/Fonts.h"
+#include "platform/qt/drawing/Styles.h"
 
 CheckBox::CheckBox() : RectControl(std::make_unique<Peer>(new QCheckBox)) {
     WidgetOf<QCheckBox>(*this).setFont(FontNamed("System"));

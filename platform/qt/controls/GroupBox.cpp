@@ -5,7 +5,7 @@
 
 #include "platform/Controls.h"
 #include "platform/qt/controls/RectControlPeer.h"
-#include "platform/qt/drawing/Fonts.h"
+#include "platform/qt/drawing/Styles.h"
 
 namespace {
 

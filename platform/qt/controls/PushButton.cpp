@@ -4,8 +4,7 @@
 
 #include "platform/Controls.h"
 #include "platform/qt/controls/RectControlPeer.h"
-#include "platform/qt/drawing/FittedText.h"
-#include "platform/qt/drawing/Fonts.h"
+#include "platform/qt/drawing/Styles.h"
 #include "platform/qt/events/EventBoundary.h"
 
 namespace {

@@ -17,8 +17,8 @@
 #include <QtWidgets/QMessageBox>
 
 #include "platform/qt/dialogs/CompressionDialog.h"
-#include "platform/qt/drawing/Colors.h"
 #include "platform/qt/drawing/Pixels.h"
+#include "platform/qt/drawing/Styles.h"
 
 DesktopHost::DesktopHost(std::string applicationId, std::string name, std::filesystem::path alertSound)
     : applicationId_(std::move(applicationId)),

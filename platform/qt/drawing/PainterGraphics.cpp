@@ -1,30 +1,12 @@
 #include "platform/qt/drawing/PainterGraphics.h"
 
 #include <QtGui/QFontMetricsF>
-#include <QtGui/QPainterPath>
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "platform/Graphics.h"
-#include "platform/qt/drawing/Colors.h"
-#include "platform/qt/drawing/Fonts.h"
 #include "platform/qt/drawing/Pixels.h"
-#include "platform/qt/drawing/Ring.h"
-
-namespace {
-
-QColor Translucent(Color color, double opacityPercent) {
-    QColor result = ToQColor(color);
-    result.setAlphaF(static_cast<float>(opacityPercent / 100));
-    return result;
-}
-
-QRectF Around(const RectShape& shape, Int32 x, Int32 y) {
-    return {x - shape.Width() / 2, y - shape.Height() / 2, shape.Width(), shape.Height()};
-}
-
-}  // namespace
+#include "platform/qt/drawing/Styles.h"
 
 PainterGraphics::PainterGraphics(QImage image, QSize logicalSize)
     : image_(std::move(image)), size_(logicalSize), painter_(&image_) {
@@ -78,54 +60,6 @@ void PainterGraphics::DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2) {
 
 void PainterGraphics::ClearRect(Int32 x, Int32 y, Int32 width, Int32 height) {
     FillSharply({x, y, width, height}, background_);
-}
-
-void PainterGraphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
-    const QRectF ellipse = Around(oval, x, y);
-    painter_.setPen(Qt::NoPen);
-    if (oval.Fill() > 0) {
-        painter_.setBrush(Translucent(oval.FillColor(), oval.Fill()));
-        painter_.drawEllipse(ellipse);
-    }
-    if (oval.Border() > 0) {
-        painter_.setBrush(Translucent(oval.BorderColor(), oval.Border()));
-        DrawRing(ellipse, oval.BorderWidth());
-    }
-}
-
-void PainterGraphics::DrawRing(const QRectF& ellipse, double lineWidth) {
-    const QTransform& toDevice = painter_.deviceTransform();
-    const QPointF cut = toDevice.inverted().map(QPointF(toDevice.map(ellipse.center()).toPoint()));
-    for (const QPolygonF& quarter : RingInQuarters(ellipse, lineWidth, cut, toDevice.m11())) {
-        painter_.drawPolygon(quarter);
-    }
-}
-
-void PainterGraphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {
-    constexpr double kTurn = 2 * std::numbers::pi;
-    const QRectF ellipse = Around(arc, x, y);
-    painter_.setPen(Qt::NoPen);
-    painter_.setBrush(Translucent(arc.FillColor(), arc.Fill()));
-    if (std::abs(arc.ArcAngle()) >= kTurn) {
-        painter_.drawEllipse(ellipse);
-        return;
-    }
-    // A path rather than drawPie, which knows angles to a sixteenth of a degree only: a second is a tenth.
-    const auto degrees = [](double radians) { return -radians * 360 / kTurn; };
-    QPainterPath slice(ellipse.center());
-    slice.arcTo(ellipse, degrees(arc.StartAngle()), degrees(arc.ArcAngle()));
-    slice.closeSubpath();
-    painter_.drawPath(slice);
-}
-
-void PainterGraphics::DrawObject(const CurveShape& line, Int32 x, Int32 y) {
-    const double cosine = std::cos(line.Rotation());
-    const double sine = std::sin(line.Rotation());
-    const auto turned = [&](double px, double py) {
-        return QPointF(x + px * cosine - py * sine, y + px * sine + py * cosine);
-    };
-    painter_.setPen({ToQColor(line.BorderColor()), line.BorderWidth(), Qt::SolidLine, Qt::FlatCap});
-    painter_.drawLine(turned(line.X(), line.Y()), turned(line.X2(), line.Y2()));
 }
 
 void PainterGraphics::DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight,

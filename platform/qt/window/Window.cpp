@@ -3,7 +3,7 @@
 #include <QtCore/QThread>
 #include <QtWidgets/QApplication>
 
-#include "platform/qt/drawing/Colors.h"
+#include "platform/qt/drawing/Styles.h"
 #include "platform/qt/window/OpenWindows.h"
 #include "platform/qt/window/WindowPeer.h"
 

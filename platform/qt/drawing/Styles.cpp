@@ -1,9 +1,13 @@
-#include "platform/qt/drawing/FittedText.h"
+#include "platform/qt/drawing/Styles.h"
 
+#include <QtGui/QFontDatabase>
 #include <QtGui/QFontMetricsF>
 #include <algorithm>
 
 namespace {
+
+constexpr int kSystemSize = 13;
+constexpr int kSmallSystemSize = 11;
 
 /// The room that a text wants when it is centred: without what is free both above and below its letters.
 QSizeF RoomFor(const QString& text, const QFont& font) {
@@ -14,6 +18,14 @@ QSizeF RoomFor(const QString& text, const QFont& font) {
 }
 
 }  // namespace
+
+QFont FontNamed(const std::string& name, int pixelSize) {
+    const bool isSmall = name == "SmallSystem";
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    if (!isSmall && name != "System") font.setFamily(QString::fromStdString(name));
+    font.setPixelSize(pixelSize > 0 ? pixelSize : isSmall ? kSmallSystemSize : kSystemSize);
+    return font;
+}
 
 QFont FittedFont(QFont font, const QString& text, QSizeF box, int smallestSize) {
     for (int size = font.pixelSize(); size >= smallestSize; --size) {

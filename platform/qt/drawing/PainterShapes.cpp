@@ -1,0 +1,133 @@
+#include "platform/qt/drawing/PainterGraphics.h"
+
+#include <QtGui/QPainterPath>
+#include <QtGui/QPolygonF>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include "platform/qt/drawing/Styles.h"
+
+namespace {
+
+using std::numbers::pi;
+
+/// One edge of the ring.
+class Edge {
+  public:
+    Edge(QPointF centre, double radiusX, double radiusY, QPointF cut)
+        : centre_(centre), radiusX_(radiusX), radiusY_(radiusY), offset_(cut - centre) {}
+
+    /// Where the quarter of that number begins, from the right by way of the bottom.
+    double Begin(int quarter) const {
+        const double sideways = Angle(offset_.x(), radiusX_);
+        const double upright = Angle(offset_.y(), radiusY_);
+        const double beyond[] = {upright, -sideways, -upright, sideways};
+        return quarter * pi / 2 + beyond[quarter % 4];
+    }
+
+    /// Appends the points from one angle to another.
+    void AppendTo(QPolygonF& polygon, double from, double to, double step) const {
+        const int steps = std::max(static_cast<int>(std::ceil(std::abs(to - from) / step)), 1);
+        for (int i = 0; i <= steps; ++i) {
+            const double angle = from + (to - from) * i / steps;
+            polygon << centre_ + QPointF(std::cos(angle) * radiusX_, std::sin(angle) * radiusY_);
+        }
+    }
+
+  private:
+    static double Angle(double offset, double radius) { return std::asin(std::clamp(offset / radius, -1.0, 1.0)); }
+
+    QPointF centre_;
+    double radiusX_;
+    double radiusY_;
+    QPointF offset_;
+};
+
+/// The angle that may be cut short by a straight line: nowhere does that move the edge by more than a part of a pixel.
+double Step(double radiusInPixels) {
+    constexpr double kDeviation = 0.05;
+    return 2 * std::acos(1 - std::min(kDeviation / radiusInPixels, 1.0));
+}
+
+/// The outline of an ellipse, stroked, in four pieces without a seam between them. The rasteriser spends most of its
+/// time on finding its place among the edges that cross a row; a piece has two where the whole has four.
+///
+/// The cuts run along `cut`.x() and `cut`.y(), which are to be near the centre and to fall between pixels.
+std::array<QPolygonF, 4> RingInQuarters(const QRectF& ellipse, double lineWidth, QPointF cut, double pixelsPerUnit) {
+    const double radiusX = ellipse.width() / 2;
+    const double radiusY = ellipse.height() / 2;
+    const double half = lineWidth / 2;
+    const Edge outer(ellipse.center(), radiusX + half, radiusY + half, cut);
+    constexpr double kPoint = 1e-3;  // where the line is so wide that no hole is left
+    const Edge inner(ellipse.center(), std::max(radiusX - half, kPoint), std::max(radiusY - half, kPoint), cut);
+    const double step = Step((std::max(radiusX, radiusY) + half) * pixelsPerUnit);
+    std::array<QPolygonF, 4> quarters;
+    for (int i = 0; i < 4; ++i) {
+        QPolygonF& quarter = quarters[static_cast<std::size_t>(i)];
+        outer.AppendTo(quarter, outer.Begin(i), outer.Begin(i + 1), step);
+        inner.AppendTo(quarter, inner.Begin(i + 1), inner.Begin(i), step);
+    }
+    return quarters;
+}
+
+QColor Translucent(Color color, double opacityPercent) {
+    QColor result = ToQColor(color);
+    result.setAlphaF(static_cast<float>(opacityPercent / 100));
+    return result;
+}
+
+QRectF Around(const RectShape& shape, Int32 x, Int32 y) {
+    return {x - shape.Width() / 2, y - shape.Height() / 2, shape.Width(), shape.Height()};
+}
+
+}  // namespace
+
+void PainterGraphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
+    const QRectF ellipse = Around(oval, x, y);
+    painter_.setPen(Qt::NoPen);
+    if (oval.Fill() > 0) {
+        painter_.setBrush(Translucent(oval.FillColor(), oval.Fill()));
+        painter_.drawEllipse(ellipse);
+    }
+    if (oval.Border() > 0) {
+        painter_.setBrush(Translucent(oval.BorderColor(), oval.Border()));
+        DrawRing(ellipse, oval.BorderWidth());
+    }
+}
+
+void PainterGraphics::DrawRing(const QRectF& ellipse, double lineWidth) {
+    const QTransform& toDevice = painter_.deviceTransform();
+    const QPointF cut = toDevice.inverted().map(QPointF(toDevice.map(ellipse.center()).toPoint()));
+    for (const QPolygonF& quarter : RingInQuarters(ellipse, lineWidth, cut, toDevice.m11())) {
+        painter_.drawPolygon(quarter);
+    }
+}
+
+void PainterGraphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {
+    constexpr double kTurn = 2 * std::numbers::pi;
+    const QRectF ellipse = Around(arc, x, y);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(Translucent(arc.FillColor(), arc.Fill()));
+    if (std::abs(arc.ArcAngle()) >= kTurn) {
+        painter_.drawEllipse(ellipse);
+        return;
+    }
+    // A path rather than drawPie, which knows angles to a sixteenth of a degree only: a second is a tenth.
+    const auto degrees = [](double radians) { return -radians * 360 / kTurn; };
+    QPainterPath slice(ellipse.center());
+    slice.arcTo(ellipse, degrees(arc.StartAngle()), degrees(arc.ArcAngle()));
+    slice.closeSubpath();
+    painter_.drawPath(slice);
+}
+
+void PainterGraphics::DrawObject(const CurveShape& line, Int32 x, Int32 y) {
+    const double cosine = std::cos(line.Rotation());
+    const double sine = std::sin(line.Rotation());
+    const auto turned = [&](double px, double py) {
+        return QPointF(x + px * cosine - py * sine, y + px * sine + py * cosine);
+    };
+    painter_.setPen({ToQColor(line.BorderColor()), line.BorderWidth(), Qt::SolidLine, Qt::FlatCap});
+    painter_.drawLine(turned(line.X(), line.Y()), turned(line.X2(), line.Y2()));
+}

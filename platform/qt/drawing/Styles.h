@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QtCore/QSizeF>
+#include <QtCore/QString>
+#include <QtCore/Qt>
+#include <QtGui/QColor>
+#include <QtGui/QFont>
+#include <string>
+
+#include "platform/Color.h"
+#include "platform/Controls.h"
+
+/// The font behind one of the toolkit's names, "System" or "SmallSystem" or a family of the desktop. A size of 0 is the
+/// name's own default; sizes are in logical pixels.
+QFont FontNamed(const std::string& name, int pixelSize = 0);
+
+/// `font`, set narrower and then smaller until `text` fits into `box`, but not under `smallestSize` pixels.
+QFont FittedFont(QFont font, const QString& text, QSizeF box, int smallestSize = 6);
+
+inline QColor ToQColor(Color color) { return {color.Red(), color.Green(), color.Blue()}; }
+
+inline Color ToColor(const QColor& color) { return RGB(color.red(), color.green(), color.blue()); }
+
+inline Qt::Alignment Horizontally(TextAlignment alignment) {
+    switch (alignment) {
+        case TextAlignment::Left:
+            return Qt::AlignLeft;
+        case TextAlignment::Centre:
+            return Qt::AlignHCenter;
+        case TextAlignment::Right:
+            return Qt::AlignRight;
+    }
+    return {};
+}
