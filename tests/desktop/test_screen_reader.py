@@ -18,22 +18,25 @@ CONTROLS = {
 
 class ScreenReaderTest(DesktopTest):
     def test_the_program_is_used_without_looking(self):
-        self.timer = self.launch(environment=Reader.ENVIRONMENT)
-        reader = Reader(self.stack, self.timer.process, self.wait_until)
+        timer = self.launch(environment=Reader.ENVIRONMENT)
+        reader = Reader(self.stack, timer.process, self.wait_until)
+
+        def press(role, name, within=None):
+            reader.press(reader.find(role, name, within))
+
         for (command, title), controls in CONTROLS.items():
-            reader.press(reader.find("menu item", command))
+            press("menu item", command)
             dialog = reader.find("dialog", title)
             for role, name in ((role, name) for role, names in controls.items() for name in names):
                 reader.find(role, name, dialog)
-            reader.press(reader.find("push button", "Cancel", dialog))
+            press("push button", "Cancel", dialog)
             self.wait_until(lambda: title not in self.desktop.windows(), f"{title} closes")
 
         self.assertEqual(reader.actions(reader.clock), ["Press"])
-        reader.press(reader.find("menu item", "Set..."))
+        press("menu item", "Set...")
         dialog = reader.find("dialog", "Set Timer")
-        reader.enter(reader.find("text", "Min", dialog), "00")
-        reader.press(reader.find("push button", "Sec up", dialog))
-        reader.press(reader.find("push button", "Set", dialog))
+        press("push button", "Sec up", dialog)
+        press("push button", "Set", dialog)
         said = ["Stopped, 1 second left"]
         for more in ["Running, 1 second left", "Time is Up!"], ["Stopped, no time left"]:
             reader.wait_for(lambda: reader.spoken == said, f"what is said is {said}")
@@ -42,7 +45,7 @@ class ScreenReaderTest(DesktopTest):
             said += more
         reader.wait_for(lambda: reader.spoken == said, f"what is said is {said}")
 
-        reader.press(reader.find("menu item", "Help..."))
+        press("menu item", "Help...")
         text = reader.find("text", "", reader.find("frame", "Help")).queryText()
         self.desktop.key("Down")
         reader.wait_for(lambda: text.caretOffset > 0, "the caret moves")

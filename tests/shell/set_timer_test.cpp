@@ -60,9 +60,9 @@ class SetTimerTest : public TimerWindowTest {
     }
 
     /// Presses or releases an arrow, named as "aMin+" or "aSec-".
-    static void Arrow(QEvent::Type type, const QString& arrow) {
+    static void Arrow(QEvent::Type type, const QString& arrow, Qt::MouseButton button = Qt::LeftButton) {
         QWidget& pair = WidgetNamed(arrow.first(4).toLatin1());
-        Mouse(type, *pair.childAt(pair.width() / 2, arrow.back() == '+' ? 3 : pair.height() - 3), {5, 5});
+        Mouse(type, *pair.childAt(pair.width() / 2, arrow.back() == '+' ? 3 : pair.height() - 3), {5, 5}, button);
     }
 };
 
@@ -165,6 +165,7 @@ TEST_F(SetTimerTest, AHeldArrowRepeatsUntilItIsReleased) {
     Put("10:10");
     Arrow(QEvent::MouseButtonPress, "aMin-");
     EXPECT_EQ(Shown(), "09:10");
+    Arrow(QEvent::MouseButtonRelease, "aMin-", Qt::RightButton);
     EXPECT_TRUE(Eventually([] { return Minutes().text().toInt() <= 6; }));
     Arrow(QEvent::MouseButtonRelease, "aMin-");
     const QString released = Minutes().text();
