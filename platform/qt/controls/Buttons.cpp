@@ -1,3 +1,4 @@
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleOptionButton>
@@ -44,3 +45,14 @@ void PushButton::Caption(const std::string& caption) {
 
 bool PushButton::Default() const { return WidgetOf<ButtonWidget>(*this).isDefault(); }
 void PushButton::Default(bool on) { WidgetOf<ButtonWidget>(*this).setDefault(on); }
+
+CheckBox::CheckBox() : RectControl(std::make_unique<Peer>(new QCheckBox)) {
+    WidgetOf<QCheckBox>(*this).setFont(FontNamed("System"));
+}
+
+void CheckBox::Caption(const std::string& caption) {
+    WidgetOf<QCheckBox>(*this).setText(QString::fromStdString(caption));
+}
+
+bool CheckBox::Value() const { return WidgetOf<QCheckBox>(*this).isChecked(); }
+void CheckBox::Value(bool on) { WidgetOf<QCheckBox>(*this).setChecked(on); }
