@@ -44,7 +44,8 @@ class Reader:
         """What can be used, of that role and name."""
 
         def fits(item):
-            return item.getRoleName() == role and item.name == name and item.getState().contains(pyatspi.STATE_SENSITIVE)
+            named = item.getRoleName().removeprefix("push ")  # a button's role has had two names
+            return named == role and item.name == name and item.getState().contains(pyatspi.STATE_SENSITIVE)
 
         def search():
             mine = (p for p in pyatspi.Registry.getDesktop(0) if p and p.get_process_id() == self.process.pid)

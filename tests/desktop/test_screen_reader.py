@@ -6,12 +6,12 @@ from timer import DesktopTest, main
 ARROWS = ["Min up", "Min down", "Sec up", "Sec down"]
 WELLS = ["Background", "Frame", "Face", "Wedge"]
 CONTROLS = {
-    ("Set...", "Set Timer"): {"text": ["Min", "Sec"], "push button": ["Set", *ARROWS]},
-    ("Preferences...", "Preferences"): {"push button": ["OK", "Use Defaults", *WELLS]},
+    ("Set...", "Set Timer"): {"text": ["Min", "Sec"], "button": ["Set", *ARROWS]},
+    ("Preferences...", "Preferences"): {"button": ["OK", "Use Defaults", *WELLS]},
     ("Create Movie...", "Create Movie"): {
         "text": ["Start Time:", "Frame width", "Frame height", "Clock Size:", "Frame Rate:"],
         "check box": ["Show Compression Settings", "Open Movie upon Completion"],
-        "push button": ["Start"],
+        "button": ["Start"],
     },
 }
 
@@ -29,14 +29,14 @@ class ScreenReaderTest(DesktopTest):
             dialog = reader.find("dialog", title)
             for role, name in ((role, name) for role, names in controls.items() for name in names):
                 reader.find(role, name, dialog)
-            press("push button", "Cancel", dialog)
+            press("button", "Cancel", dialog)
             self.wait_until(lambda: title not in self.desktop.windows(), f"{title} closes")
 
         self.assertEqual(reader.actions(reader.clock), ["Press"])
         press("menu item", "Set...")
         dialog = reader.find("dialog", "Set Timer")
-        press("push button", "Sec up", dialog)
-        press("push button", "Set", dialog)
+        press("button", "Sec up", dialog)
+        press("button", "Set", dialog)
         said = ["Stopped, 1 second left"]
         for more in ["Running, 1 second left", "Time is Up!"], ["Stopped, no time left"]:
             reader.wait_for(lambda: reader.spoken == said, f"what is said is {said}")

@@ -81,7 +81,7 @@ class WaylandTest(unittest.TestCase):
         reader.enter(reader.find("text", "Min", dialog), minutes)
         reader.enter(reader.find("text", "Sec", dialog), seconds)
         self.assertNotIn("Press", reader.actions(reader.clock), "it lies behind the dialog")
-        reader.press(reader.find("push button", "Set", dialog))
+        reader.press(reader.find("button", "Set", dialog))
         said = f"Stopped, {words} left"
         reader.wait_for(lambda: reader.clock.description == said, "the time is set")
 

@@ -9,13 +9,21 @@
 
 namespace {
 
+/// Asked for before the window knows whether it is a sheet.
+class WindowAccessible final : public QAccessibleWidget {
+  public:
+    explicit WindowAccessible(WindowPeer& window) : QAccessibleWidget(&window), window_(window) {}
+    QAccessible::Role role() const override { return window_.IsSheet() ? QAccessible::Dialog : QAccessible::Window; }
+
+  private:
+    const WindowPeer& window_;
+};
+
 QAccessibleInterface* Make(const QString&, QObject* object) {
     auto* widget = qobject_cast<QWidget*>(object);
     if (!widget) return nullptr;
     if (auto* canvas = dynamic_cast<Canvas*>(ControlOf(*widget))) return new CanvasAccessible(*widget, *canvas);
-    if (auto* window = dynamic_cast<WindowPeer*>(widget)) {
-        return new QAccessibleWidget(window, window->IsSheet() ? QAccessible::Dialog : QAccessible::Window);
-    }
+    if (auto* window = dynamic_cast<WindowPeer*>(widget)) return new WindowAccessible(*window);
     return nullptr;
 }
 
