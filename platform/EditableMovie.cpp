@@ -1,7 +1,5 @@
 #include "platform/EditableMovie.h"
 
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "platform/FolderItem.h"
@@ -45,8 +43,6 @@ Ref<QTVideoTrack> EditableMovie::NewVideoTrack(Int32 width, Int32 height, double
 }
 
 Ref<EditableMovie> FolderItem::CreateMovie() {
-    std::error_code ignored;
-    if (Exists() && !std::filesystem::is_regular_file(path_, ignored)) return nullptr;
     std::shared_ptr<MovieWriter> writer = MovieLibrary::Installed().Create(path_);
     if (!writer) return nullptr;
     return MakeRef<EditableMovie>(std::move(writer));

@@ -1,6 +1,7 @@
 #include "platform/FolderItem.h"
 
 #include <limits.h>
+#include <unistd.h>
 
 #include <sstream>
 #include <system_error>
@@ -54,10 +55,7 @@ bool FolderItem::Exists() const {
     return fs::exists(path_, ignored);
 }
 
-void FolderItem::Delete() {
-    std::error_code ignored;
-    fs::remove(path_, ignored);
-}
+void FolderItem::Delete() { unlink(path_.c_str()); }
 
 Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
     if (!IsPlainFile(path_)) return nullptr;

@@ -61,7 +61,7 @@ constexpr Codec kCodecs[] = {
      .oddFormat = AV_PIX_FMT_YUV444P10,
      .colours = kVideo,
      .options = "profile=4444,flags=+qscale,global_quality=236",
-     .standsAlone = true},
+     .isIntraOnly = true},
     {.id = MovieCodec::PhotoJpeg,
      .tag = Tag("jpeg"),
      .name = "Photo - JPEG",
@@ -70,7 +70,7 @@ constexpr Codec kCodecs[] = {
      .oddFormat = AV_PIX_FMT_YUV444P,
      .colours = kJpeg,
      .quality = {Quantiser, 31, 1},
-     .standsAlone = true},
+     .isIntraOnly = true},
     {.id = MovieCodec::Png,
      .tag = Tag("png "),
      .name = "PNG",
@@ -79,7 +79,7 @@ constexpr Codec kCodecs[] = {
      .oddFormat = AV_PIX_FMT_RGB24,
      .colours = kRgb,
      .options = "compression_level=1",
-     .standsAlone = true},
+     .isIntraOnly = true},
     {.id = MovieCodec::Animation,
      .tag = Tag("rle "),
      .name = "Animation",
@@ -98,7 +98,7 @@ constexpr Codec kCodecs[] = {
      .oddFormat = AV_PIX_FMT_RGB24,
      .colours = kRgb,
      .options = "threads=1",
-     .standsAlone = true},
+     .isIntraOnly = true},
 };
 
 bool IsInstalled(const Codec& codec) { return avcodec_find_encoder_by_name(codec.encoder) != nullptr; }

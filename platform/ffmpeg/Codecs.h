@@ -44,7 +44,7 @@ struct Codec {
     /// Frames from one key frame to the next.
     int keyFrameDistance = 1;
     /// Every packet is a whole picture, so it may be written more than once.
-    bool standsAlone = false;
+    bool isIntraOnly = false;
 };
 
 const Codec& FindCodec(MovieCodec id);

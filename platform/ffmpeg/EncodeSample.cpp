@@ -9,7 +9,7 @@
 
 #include "platform/ffmpeg/Codecs.h"
 #include "platform/ffmpeg/Encoder.h"
-#include "platform/ffmpeg/Owned.h"
+#include "platform/ffmpeg/Ffmpeg.h"
 #include "platform/ffmpeg/PixelConversion.h"
 
 namespace {
@@ -29,8 +29,8 @@ Owned<AVCodecContext> OpenDecoder(const AVCodecContext& encoder) {
 
 std::optional<RgbImage> DecodeFirst(const AVCodecContext& encoder, const Packets& packets) {
     const Owned<AVCodecContext> decoder = OpenDecoder(encoder);
-    const Owned<AVFrame> frame(av_frame_alloc());
-    if (!decoder || !frame) return std::nullopt;
+    const Owned<AVFrame> frame = Own(av_frame_alloc());
+    if (!decoder) return std::nullopt;
     for (const Owned<AVPacket>& packet : packets) {
         if (avcodec_send_packet(decoder.get(), packet.get()) < 0) return std::nullopt;
         if (avcodec_receive_frame(decoder.get(), frame.get()) >= 0) return ToRgbImage(*frame);
@@ -40,7 +40,7 @@ std::optional<RgbImage> DecodeFirst(const AVCodecContext& encoder, const Packets
     return ToRgbImage(*frame);
 }
 
-/// Encodes `count` frames of one size. Nil when that fails or `stop` asks for the end.
+/// Encodes `count` frames of one size, at least one. Nil when `stop` asks for the end; throws when that fails.
 std::unique_ptr<Encoder> Encode(const CompressionSettings& settings, int count,
                                 const std::function<PixelView(int)>& frameAt, const std::stop_token& stop,
                                 Packets& packets) {
@@ -51,20 +51,18 @@ std::unique_ptr<Encoder> Encode(const CompressionSettings& settings, int count,
         const PixelView view = frameAt(i);
         if (i == 0) {
             frameMaker.emplace(FindCodec(settings.codec), view.width, view.height);
-            encoder = Encoder::Open(settings, view.width, view.height, [&packets](AVPacket& packet) {
-                packets.emplace_back(av_packet_clone(&packet));
-                return packets.back() != nullptr;
+            encoder = std::make_unique<Encoder>(settings, view.width, view.height, [&packets](const AVPacket& packet) {
+                packets.push_back(Own(av_packet_clone(&packet)));
             });
-            if (!encoder) return nullptr;
         }
-        if (!frameMaker->Take(view.pixels)) {
-            if (!encoder->Repeat()) return nullptr;
-            continue;
+        if (const Owned<AVFrame> frame = frameMaker->Convert(view.pixels)) {
+            encoder->Write(*frame);
+        } else {
+            encoder->Repeat();
         }
-        const Owned<AVFrame> frame = frameMaker->Make();
-        if (!frame || !encoder->Write(*frame)) return nullptr;
     }
-    return encoder->Finish() ? std::move(encoder) : nullptr;
+    encoder->Finish();
+    return encoder;
 }
 
 /// The sizes of a sample's frames, in the order in which they are shown.
@@ -109,7 +107,11 @@ class FrameSizes {
 }  // namespace
 
 SizeSupport SupportOf(MovieCodec codec, int width, int height) {
-    if (!Encoder::Open({.codec = codec}, width, height, [](AVPacket&) { return true; })) return SizeSupport::Refused;
+    try {
+        Encoder({.codec = codec}, width, height, [](const AVPacket&) {});
+    } catch (const FfmpegError&) {
+        return SizeSupport::Refused;
+    }
     const bool isUsual = FormatFor(FindCodec(codec), width, height) == FindCodec(codec).format;
     return isUsual ? SizeSupport::Full : SizeSupport::RarelyPlayed;
 }
@@ -140,7 +142,7 @@ std::optional<double> EstimateBytesPerSecond(const CompressionSettings& settings
     const double start =
         std::clamp(movie.seconds - count / run * secondsPerRun, 0.0, std::max(0.55 * movie.seconds, 0.0));
     const auto frameAt = [&](int i) {
-        return movie.pictureAt(codec.standsAlone ? start : start + i / run * secondsPerRun);
+        return movie.pictureAt(codec.isIntraOnly ? start : start + i / run * secondsPerRun);
     };
     Packets packets;
     const auto encoder = Encode(settings, count, frameAt, stop, packets);

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "platform/ffmpeg/Codecs.h"
-#include "platform/ffmpeg/Timing.h"
 
 extern "C" {
 #include <libavutil/dict.h>
@@ -12,6 +11,8 @@ extern "C" {
 }
 
 namespace {
+
+constexpr const char* kEncoding = "encoding";
 
 /// Two at most, a bound on the frames that are held in memory at a time. Of a small frame it would take longer to share
 /// the work than to do it.
@@ -58,26 +59,18 @@ void SetColours(AVCodecContext& context, const ColourCoding& colours) {
 
 }  // namespace
 
-Encoder::Encoder(const Codec& codec, Sink sink)
-    : codec_(codec),
+Encoder::Encoder(const CompressionSettings& settings, int width, int height, Sink sink)
+    : codec_(FindCodec(settings.codec)),
       sink_(std::move(sink)),
-      frame_(av_frame_alloc()),
-      received_(av_packet_alloc()),
-      packet_(av_packet_alloc()) {}
-
-std::unique_ptr<Encoder> Encoder::Open(const CompressionSettings& settings, int width, int height, Sink sink) {
+      frame_(Own(av_frame_alloc())),
+      received_(Own(av_packet_alloc())),
+      packet_(Own(av_packet_alloc())) {
     av_log_set_level(AV_LOG_QUIET);  // what an encoder has to say is of no use to whoever started the program
-    std::unique_ptr<Encoder> encoder(new Encoder(FindCodec(settings.codec), std::move(sink)));
-    if (!encoder->frame_ || !encoder->received_ || !encoder->packet_) return nullptr;
-    return encoder->Configure(settings, width, height) ? std::move(encoder) : nullptr;
-}
-
-bool Encoder::Configure(const CompressionSettings& settings, int width, int height) {
     const AVCodec* const encoder = avcodec_find_encoder_by_name(codec_.encoder);
-    context_.reset(encoder ? avcodec_alloc_context3(encoder) : nullptr);
     const AVRational rate = ExactRate(settings.frameRate, codec_.rateLimit);
-    if (!context_ || !IsUsable(rate)) return false;
-
+    constexpr const char* kStep = "opening the encoder";
+    Check(!encoder ? AVERROR_ENCODER_NOT_FOUND : IsUsable(rate) ? 0 : AVERROR(EINVAL), kStep);
+    context_ = Own(avcodec_alloc_context3(encoder));
     context_->width = width;
     context_->height = height;
     context_->pix_fmt = FormatFor(codec_, width, height);
@@ -89,56 +82,56 @@ bool Encoder::Configure(const CompressionSettings& settings, int width, int heig
     SetColours(*context_, codec_.colours);
     SetQuality(*context_, codec_.quality, settings.quality);
     Options options(codec_.options);
-    if (avcodec_open2(context_.get(), encoder, options.Entries()) < 0) return false;
+    Check(avcodec_open2(context_.get(), encoder, options.Entries()), kStep);
     context_->codec_tag = codec_.tag;  // some encoders put one there that isn't QuickTime's
-    return true;
 }
 
-bool Encoder::Write(const AVFrame& frame) {
+void Encoder::Write(const AVFrame& frame) {
     av_frame_unref(frame_.get());
-    if (av_frame_ref(frame_.get(), &frame) < 0) return false;
-    if (codec_.standsAlone) copies_.push_back(1);
-    return Send();
+    Check(av_frame_ref(frame_.get(), &frame), kEncoding);
+    if (codec_.isIntraOnly) copies_.push_back(1);
+    Send();
 }
 
-bool Encoder::Repeat() {
-    if (!codec_.standsAlone) return Send();
+void Encoder::Repeat() {
+    if (!codec_.isIntraOnly) return Send();
     if (copies_.empty()) return Deliver();
     ++copies_.back();
-    return true;
 }
 
-bool Encoder::Finish() { return avcodec_send_frame(context_.get(), nullptr) >= 0 && Receive(); }
+void Encoder::Finish() {
+    Check(avcodec_send_frame(context_.get(), nullptr), kEncoding);
+    Receive();
+}
 
-bool Encoder::Send() {
+void Encoder::Send() {
     frame_->pts = framesSent_++;
     frame_->quality = context_->global_quality;  // a fixed quantiser is looked for here
-    return avcodec_send_frame(context_.get(), frame_.get()) >= 0 && Receive();
+    Check(avcodec_send_frame(context_.get(), frame_.get()), kEncoding);
+    Receive();
 }
 
-bool Encoder::Receive() {
+void Encoder::Receive() {
     for (;;) {
         const int result = avcodec_receive_packet(context_.get(), received_.get());
-        if (result == AVERROR(EAGAIN) || result == AVERROR_EOF) return true;
-        if (result < 0) return false;
+        if (result == AVERROR(EAGAIN) || result == AVERROR_EOF) return;
+        Check(result, kEncoding);
         av_packet_unref(packet_.get());
         av_packet_move_ref(packet_.get(), received_.get());
-        if (!DeliverCopies()) return false;
+        DeliverCopies();
     }
 }
 
-bool Encoder::DeliverCopies() {
-    if (!codec_.standsAlone) return Deliver();
-    int copies = copies_.front();
+void Encoder::DeliverCopies() {
+    if (!codec_.isIntraOnly) return Deliver();
+    for (int copies = std::exchange(copies_.front(), 0); copies > 0; --copies) {
+        Deliver();
+    }
     copies_.pop_front();
-    while (copies > 0 && Deliver()) {
-        --copies;
-    }
-    return copies == 0;
 }
 
-bool Encoder::Deliver() {
-    if (codec_.standsAlone) packet_->pts = packet_->dts = packetsDelivered_++;
+void Encoder::Deliver() {
+    if (codec_.isIntraOnly) packet_->pts = packet_->dts = packetsDelivered_++;
     packet_->duration = 1;
-    return sink_(*packet_);
+    sink_(*packet_);
 }

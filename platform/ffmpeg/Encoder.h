@@ -5,37 +5,40 @@
 #include <memory>
 
 #include "platform/CompressionSettings.h"
-#include "platform/ffmpeg/Owned.h"
+#include "platform/ffmpeg/Ffmpeg.h"
 
 struct Codec;
 
-/// Turns frames into packets. One thread at a time.
+/// Frames per second as a fraction: exact for every rate that a user writes with up to five digits, also for the
+/// decimal forms of 1/60 and the like. No term is above `limit`, unless the rate is. 0/x or x/0 when there is no such
+/// fraction.
+inline AVRational ExactRate(double framesPerSecond, int limit = 1001000) { return av_d2q(framesPerSecond, limit); }
+
+inline bool IsUsable(AVRational rate) { return rate.num > 0 && rate.den > 0; }
+
+/// Turns frames into packets. One thread at a time. What fails throws FfmpegError.
 class Encoder {
   public:
-    /// Takes the packets in the order of decoding, their times counted in frames; may change the times. False when it
-    /// can't, which ends the encoding.
-    using Sink = std::function<bool(AVPacket&)>;
+    /// Takes the packets in the order of decoding, their times counted in frames. What it throws ends the encoding.
+    using Sink = std::function<void(const AVPacket&)>;
 
-    /// Nil when the encoder doesn't exist or refuses such frames.
-    static std::unique_ptr<Encoder> Open(const CompressionSettings& settings, int width, int height, Sink sink);
+    /// Fails when the encoder doesn't exist or refuses such frames.
+    Encoder(const CompressionSettings& settings, int width, int height, Sink sink);
 
-    /// The next frame, whose data must not be written to any more. False after a failure.
-    bool Write(const AVFrame& frame);
-    /// The frame before once more. False after a failure.
-    bool Repeat();
-    /// Gives out the packets that are still held back. False after a failure.
-    bool Finish();
+    /// The next frame, whose data must not be written to any more.
+    void Write(const AVFrame& frame);
+    /// The frame before once more.
+    void Repeat();
+    /// Gives out the packets that are still held back.
+    void Finish();
 
     const AVCodecContext& Context() const { return *context_; }
 
   private:
-    Encoder(const Codec& codec, Sink sink);
-
-    bool Configure(const CompressionSettings& settings, int width, int height);
-    bool Send();
-    bool Receive();
-    bool DeliverCopies();
-    bool Deliver();
+    void Send();
+    void Receive();
+    void DeliverCopies();
+    void Deliver();
 
     const Codec& codec_;
     Sink sink_;
@@ -46,6 +49,6 @@ class Encoder {
     Owned<AVPacket> packet_;
     std::int64_t framesSent_ = 0;
     std::int64_t packetsDelivered_ = 0;
-    /// How often to deliver each of the packets that are still to come, where packets stand alone.
+    /// How often to deliver each of the packets that are still to come, where they are whole pictures.
     std::deque<int> copies_;
 };

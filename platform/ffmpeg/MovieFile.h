@@ -1,46 +1,87 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
-#include <memory>
+#include <vector>
 
-extern "C" {
-#include <libavutil/rational.h>
-}
+#include "platform/ffmpeg/Ffmpeg.h"
 
-struct AVCodecContext;
-struct AVFormatContext;
-struct AVPacket;
-struct AVStream;
+/// A file that is being written, with room set aside for what will be: by the file system, or, where it can't do that,
+/// with zeros. So neither a disk nor a quota gets full in the middle of a write. Only where that is no promise, as on a
+/// network drive that tells of a full disk when the file is closed, they still may.
+class ReservedFile {
+  public:
+    /// Makes a new empty file in place of what was there. Throws FfmpegError for anything but a plain file.
+    explicit ReservedFile(const std::filesystem::path& path);
+    /// Gives back the room that was not needed.
+    ~ReservedFile();
+    ReservedFile(const ReservedFile&) = delete;
+    ReservedFile& operator=(const ReservedFile&) = delete;
 
-/// A QuickTime file with one video track that is being written. One thread at a time.
+    /// Sets room for so many more bytes aside. Throws FfmpegError when there is none.
+    void Reserve(std::int64_t bytes);
+
+    /// What FFmpeg writes through. A failure shows at Flush only.
+    AVIOContext* Stream() { return stream_.get(); }
+    /// Throws FfmpegError when anything could not be written since the call before.
+    void Flush(const char* step);
+
+    /// Closes the file sooner than its end. Throws FfmpegError when that fails.
+    void Close();
+
+  private:
+    /// Gives an errno, or 0.
+    int Extend(std::int64_t end);
+    int Write(const std::uint8_t* bytes, int count);
+    std::int64_t Seek(std::int64_t offset, int whence);
+
+    int descriptor_;
+    Owned<AVIOContext> stream_;
+    std::int64_t position_ = 0;
+    std::int64_t size_ = 0;
+    std::int64_t needed_ = 0;
+    std::int64_t reserved_ = 0;
+    /// The first failure, as FFmpeg counts them, or 0.
+    int error_ = 0;
+};
+
+/// A QuickTime file with one video track that is being written. One thread at a time. What fails throws FfmpegError;
+/// what was written before still becomes a movie.
 class MovieFile {
   public:
-    /// Whether any packet will follow the header. Only a header that knows of none makes a track out of nothing.
-    enum class Content { Frames, None };
-
-    /// A new empty file in place of what was there; nil when it can't be made.
-    static std::unique_ptr<MovieFile> Create(const std::filesystem::path& path);
-
+    /// Makes a new empty file in place of what was there.
+    explicit MovieFile(const std::filesystem::path& path);
     /// Closes the file as it is.
     ~MovieFile();
     MovieFile(const MovieFile&) = delete;
     MovieFile& operator=(const MovieFile&) = delete;
 
-    /// Describes the track, before its packets. False when that can't be written.
-    bool WriteHeader(const AVCodecContext& encoder, AVRational framesPerSecond, Content content);
-    /// `packet` has its times in frames; they are changed to the track's. False when it can't be written.
-    bool WritePacket(AVPacket& packet);
-    /// Makes a movie of all that was written. False when there was no header, or not all of it has reached the file.
-    bool Finish();
+    /// Describes the track, before its packets.
+    void AddTrack(const AVCodecContext& encoder, AVRational framesPerSecond);
+    bool HasTrack() const { return stream_ != nullptr; }
+
+    /// Packets come in the order of decoding, their times counted in frames, from 0 on.
+    void Write(const AVPacket& packet);
+    /// Makes a movie of all that was written to the track, and closes the file.
+    void Finish();
 
   private:
-    explicit MovieFile(AVFormatContext* context) : context_(context) {}
+    /// Whether any packet follows the header. Only a header that knows of none makes a track out of nothing.
+    enum class Content { Frames, None };
 
-    bool IsSound() const;
+    /// The header's and the index's bytes without any frame, at most.
+    std::int64_t RoomForHeader() const;
+    /// The same of a packet.
+    std::int64_t RoomFor(const AVPacket& packet) const;
+    void WriteHeader(Content content);
+    void WriteGroup();
 
-    AVFormatContext* context_;
+    ReservedFile file_;
+    AVFormatContext* context_ = nullptr;
     AVStream* stream_ = nullptr;
-    /// In seconds.
-    AVRational frameDuration_{};
     bool hasHeader_ = false;
+    /// Packets that wait for those of frames which are shown before theirs. So a movie that ends early has no gap.
+    std::vector<Owned<AVPacket>> group_;
+    std::int64_t packetCount_ = 0;
+    std::int64_t lastFrame_ = 0;
 };

@@ -28,12 +28,10 @@ Owned<SwsContext> MakeConverter(const Layout& from, const Layout& to) {
     // Of swscale's methods the most exact, and the fastest too.
     constexpr int kMethod = SWS_AREA | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INP;
     constexpr int kUnchanged = 1 << 16;
-    Owned<SwsContext> converter(sws_getContext(from.width, from.height, from.format, to.width, to.height, to.format,
-                                               kMethod, nullptr, nullptr, nullptr));
-    if (converter) {
-        sws_setColorspaceDetails(converter.get(), Coefficients(from), IsFullRange(from), Coefficients(to),
-                                 IsFullRange(to), 0, kUnchanged, kUnchanged);
-    }
+    Owned<SwsContext> converter = Own(sws_getContext(from.width, from.height, from.format, to.width, to.height,
+                                                     to.format, kMethod, nullptr, nullptr, nullptr));
+    sws_setColorspaceDetails(converter.get(), Coefficients(from), IsFullRange(from), Coefficients(to), IsFullRange(to),
+                             0, kUnchanged, kUnchanged);
     return converter;
 }
 
@@ -53,12 +51,22 @@ FrameMaker::FrameMaker(const Codec& codec, int width, int height)
     pixels_.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
 }
 
-bool FrameMaker::Take(std::span<const std::uint32_t> pixels) {
-    changed_ = Changed(pixels);
-    if (changed_.first == changed_.end) return false;
+Owned<AVFrame> FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
+    const Rows changed = Changed(pixels);
+    if (changed.first == changed.end) return nullptr;
     pixels_.resize(pixels.size());
-    std::ranges::copy(Of(pixels, changed_), Of(std::span(pixels_), changed_).begin());
-    return true;
+    std::ranges::copy(Of(pixels, changed), Of(std::span(pixels_), changed).begin());
+    if (!converter_) {
+        converter_ = MakeConverter({width_, bandHeight_, AV_PIX_FMT_0RGB32, kRgb},
+                                   {width_, bandHeight_, FormatFor(codec_, width_, height_), codec_.colours});
+    }
+    AVFrame& frame = FreeFrame();
+    if (newest_) Check(av_frame_copy(&frame, newest_.get()), "converting a picture");
+    for (int row = changed.first / bandHeight_ * bandHeight_; row < changed.end; row += bandHeight_) {
+        ConvertBand(frame, row);
+    }
+    newest_ = Own(av_frame_clone(&frame));
+    return Own(av_frame_clone(&frame));
 }
 
 template <class Pixel>
@@ -85,22 +93,6 @@ FrameMaker::Rows FrameMaker::Changed(std::span<const std::uint32_t> pixels) cons
     return rows;
 }
 
-Owned<AVFrame> FrameMaker::Make() {
-    if (!converter_) {
-        converter_ = MakeConverter({width_, bandHeight_, AV_PIX_FMT_0RGB32, kRgb},
-                                   {width_, bandHeight_, FormatFor(codec_, width_, height_), codec_.colours});
-    }
-    AVFrame* const frame = FreeFrame();
-    if (!converter_ || !frame) return nullptr;
-    if (newest_ && av_frame_copy(frame, newest_.get()) < 0) return nullptr;
-    const Rows rows = newest_ ? changed_ : Rows{0, height_};
-    for (int row = rows.first / bandHeight_ * bandHeight_; row < rows.end; row += bandHeight_) {
-        ConvertBand(*frame, row);
-    }
-    newest_.reset(av_frame_clone(frame));
-    return Owned<AVFrame>(av_frame_clone(frame));
-}
-
 void FrameMaker::ConvertBand(AVFrame& frame, int row) {
     const std::span<const std::uint32_t> band = Of(std::span(pixels_), {row, row + bandHeight_});
     const std::uint8_t* const from[] = {reinterpret_cast<const std::uint8_t*>(band.data())};
@@ -113,33 +105,26 @@ void FrameMaker::ConvertBand(AVFrame& frame, int row) {
     sws_scale(converter_.get(), from, stride, 0, bandHeight_, to, frame.linesize);
 }
 
-AVFrame* FrameMaker::FreeFrame() {
-    for (const Owned<AVFrame>& frame : frames_) {
-        if (av_frame_is_writable(frame.get()) > 0) return frame.get();
-    }
-    Owned<AVFrame> frame = NewFrame();
-    return frame ? frames_.emplace_back(std::move(frame)).get() : nullptr;
-}
-
-Owned<AVFrame> FrameMaker::NewFrame() const {
-    Owned<AVFrame> frame(av_frame_alloc());
-    if (!frame) return nullptr;
+AVFrame& FrameMaker::FreeFrame() {
+    const auto isFree = [](const Owned<AVFrame>& frame) { return av_frame_is_writable(frame.get()) > 0; };
+    if (const auto free = std::ranges::find_if(frames_, isFree); free != frames_.end()) return **free;
+    Owned<AVFrame> frame = Own(av_frame_alloc());
     frame->width = width_;
     frame->height = height_;
     frame->format = FormatFor(codec_, width_, height_);
     frame->color_range = codec_.colours.range;
     frame->colorspace = codec_.colours.matrix;
-    return av_frame_get_buffer(frame.get(), 0) >= 0 ? std::move(frame) : nullptr;
+    Check(av_frame_get_buffer(frame.get(), 0), "converting a picture");
+    return *frames_.emplace_back(std::move(frame));
 }
 
-std::optional<RgbImage> ToRgbImage(const AVFrame& frame) {
+RgbImage ToRgbImage(const AVFrame& frame) {
     constexpr int kBytesPerPixel = 3;
     const int width = frame.width;
     const int height = frame.height;
     const Owned<SwsContext> converter =
         MakeConverter({width, height, static_cast<AVPixelFormat>(frame.format), {frame.color_range, frame.colorspace}},
                       {width, height, AV_PIX_FMT_RGB24, kRgb});
-    if (!converter) return std::nullopt;
     const auto size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kBytesPerPixel;
     RgbImage image{width, height, std::vector<std::uint8_t>(size)};
     std::uint8_t* const rows[] = {image.bytes.data()};

@@ -1,12 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <vector>
 
-#include "platform/ffmpeg/Owned.h"
-#include "platform/ffmpeg/PictReader.h"
+#include "platform/MovieLibrary.h"
+#include "platform/ffmpeg/Ffmpeg.h"
 
 struct Codec;
 
@@ -16,11 +15,9 @@ class FrameMaker {
   public:
     FrameMaker(const Codec& codec, int width, int height);
 
-    /// Takes the next picture's pixels (0xFFRRGGBB, row by row without padding). False when they are the same as
-    /// before.
-    bool Take(std::span<const std::uint32_t> pixels);
-    /// A frame of the pixels taken last, which nobody may write to. Nil when there is no memory for it.
-    Owned<AVFrame> Make();
+    /// A frame of the next picture's pixels (0xFFRRGGBB, row by row without padding), which nobody may write to. Nil
+    /// when they are the same as before. Throws FfmpegError when there is no memory for it.
+    Owned<AVFrame> Convert(std::span<const std::uint32_t> pixels);
 
   private:
     /// The rows from `first` up to, but not including, `end`.
@@ -33,16 +30,13 @@ class FrameMaker {
     std::span<Pixel> Of(std::span<Pixel> pixels, const Rows& rows) const;
     Rows Changed(std::span<const std::uint32_t> pixels) const;
     void ConvertBand(AVFrame& frame, int row);
-    Owned<AVFrame> NewFrame() const;
-    AVFrame* FreeFrame();
+    AVFrame& FreeFrame();
 
     const Codec& codec_;
     int width_;
     int height_;
     int bandHeight_;
-    /// The pixels taken last, and where they differ from those before.
     std::vector<std::uint32_t> pixels_;
-    Rows changed_;
     /// Of one band.
     Owned<SwsContext> converter_;
     /// All frames that were ever needed at a time. They are used again as soon as nobody else holds them.
@@ -51,5 +45,5 @@ class FrameMaker {
     Owned<AVFrame> newest_;
 };
 
-/// A decoded frame as an image. Nothing when there is no memory for it.
-std::optional<RgbImage> ToRgbImage(const AVFrame& frame);
+/// A decoded frame as an image. Throws FfmpegError when there is no memory for it.
+RgbImage ToRgbImage(const AVFrame& frame);

@@ -1,6 +1,7 @@
 #include "platform/Application.h"
 
 #include <QtWidgets/QApplication>
+#include <csignal>
 #include <filesystem>
 #include <utility>
 #include <vector>
@@ -67,6 +68,9 @@ void RuntimeInit(int& argc, char** argv, const std::string& name, const std::str
     QApplication::setQuitOnLastWindowClosed(false);
     InstallWindowIcon(desktopId);
     InstallAccessibility();
+    // A write beyond the largest size of a file shall just fail. To ignore the signal would be inherited by what is
+    // launched from here.
+    std::signal(SIGXFSZ, [](int) {});
     runtime.signals = std::make_unique<EndSignals>(open_windows::CloseAll);
     Host::Install(
         std::make_unique<DesktopHost>(desktopId, name, alertSound ? alertSound->Path() : std::filesystem::path()));
