@@ -12,7 +12,7 @@ import cairo
 TURN, TOP = 6.283058, 4.7122935
 # As platform/ffmpeg/Codecs.cpp and Encoder.cpp set the encoders up, at the quality that the dialog proposes.
 ENCODERS = {
-    "h264": "-c:v libx264 -preset veryfast -rc-lookahead 5 -x264-params subme=1:me=dia:weightp=0 -crf 16 -tag:v avc1 "
+    "h264": "-c:v libx264 -preset veryfast -rc-lookahead 5 -x264-params subme=0:me=dia:weightp=0:bframes=0 -crf 16 -tag:v avc1 "
             "-vf scale=out_color_matrix=bt709:out_range=tv -pix_fmt yuv420p "
             "-colorspace bt709 -color_primaries bt709 -color_trc bt709 -color_range tv",
     "png": "-c:v png -compression_level 1 -pix_fmt rgb24",

@@ -20,6 +20,7 @@ constexpr std::uint32_t Tag(const char (&type)[5]) { return MKTAG(type[0], type[
 constexpr Codec kCodecs[] = {
     // H.264 and H.265 can't halve the colours of an odd side, and no side is ever changed. To look far ahead would take
     // a lot of memory and make the movies of a clock no smaller, nor would a finer search for what moves: nothing does.
+    // Frames that depend on later ones make them larger and slower, and a file that is cut short would have gaps.
     {.id = MovieCodec::H264,
      .tag = Tag("avc1"),
      .name = "H.264",
@@ -28,7 +29,7 @@ constexpr Codec kCodecs[] = {
      .oddFormat = AV_PIX_FMT_YUV444P,
      .colours = kVideo,
      .quality = {RateFactor, 40, 8},
-     .options = "preset=veryfast,rc-lookahead=5,x264-params=subme=1:me=dia:weightp=0",
+     .options = "preset=veryfast,rc-lookahead=5,x264-params=subme=0:me=dia:weightp=0:bframes=0",
      .keyFrameDistance = 250},
     {.id = MovieCodec::H265,
      .tag = Tag("hvc1"),  // the one form that Apple's players take

@@ -11,9 +11,13 @@
 
 extern "C" {
 #include <libavutil/dict.h>
+#include <libavutil/opt.h>
 }
 
 namespace {
+
+constexpr int kFragmentSize = 1 << 16;
+constexpr int kFramesInFragment = 250;
 
 int Open(const std::filesystem::path& path) {
     constexpr mode_t kForAll = 0666;
@@ -112,6 +116,7 @@ std::int64_t ReservedFile::Seek(std::int64_t offset, int whence) {
 MovieFile::MovieFile(const std::filesystem::path& path) : file_(path) {
     Check(avformat_alloc_output_context2(&context_, nullptr, "mov", nullptr), "making the file");
     context_->pb = file_.Stream();
+    isFragmented_ = av_opt_find(context_->priv_data, "hybrid_fragmented", "movflags", 0, 0) != nullptr;
 }
 
 MovieFile::~MovieFile() { avformat_free_context(context_); }
@@ -123,17 +128,17 @@ void MovieFile::AddTrack(const AVCodecContext& encoder, AVRational framesPerSeco
     stream_ = stream;
 }
 
-std::int64_t MovieFile::RoomForHeader() const {
-    constexpr int kIndexWithoutFrames = 2048;
-    return kIndexWithoutFrames + stream_->codecpar->extradata_size;
-}
-
 void MovieFile::WriteHeader(Content content) {
     AVDictionary* options = nullptr;
     const int timescale = Timescale(stream_->avg_frame_rate);
     av_dict_set_int(&options, "video_track_timescale", timescale, 0);
     av_dict_set_int(&options, "movie_timescale", timescale, 0);
-    if (content == Content::None) av_dict_set(&options, "movflags", "empty_moov", 0);
+    if (content == Content::None) {
+        av_dict_set(&options, "movflags", "empty_moov", 0);
+    } else if (isFragmented_) {
+        av_dict_set(&options, "movflags", "hybrid_fragmented", 0);
+        av_dict_set_int(&options, "frag_size", kFragmentSize, 0);
+    }
     const int result = avformat_write_header(context_, &options);
     av_dict_free(&options);
     Check(result, "writing the header");
@@ -142,35 +147,15 @@ void MovieFile::WriteHeader(Content content) {
 }
 
 void MovieFile::Write(const AVPacket& packet) {
-    group_.push_back(Own(av_packet_clone(&packet)));
-    lastFrame_ = std::max(lastFrame_, packet.pts);
-    ++packetCount_;
-    if (packetCount_ > lastFrame_) WriteGroup();
-}
-
-std::int64_t MovieFile::RoomFor(const AVPacket& packet) const {
-    constexpr int kInIndex = 10;
-    constexpr int kOrderInIndex = 8;
-    constexpr int kBytesPerChunkInIndex = 26214;  // 20 bytes for a chunk of half a megabyte, the least on the average
-    const AVCodecParameters& codec = *stream_->codecpar;
-    const int padding = codec.codec_id == AV_CODEC_ID_RAWVIDEO ? codec.height : 0;
-    return packet.size + padding + kInIndex + (codec.video_delay > 0 ? kOrderInIndex : 0) +
-           packet.size / kBytesPerChunkInIndex;
-}
-
-void MovieFile::WriteGroup() {
-    std::int64_t bytes = 0;
-    for (const Owned<AVPacket>& packet : group_) {
-        bytes += RoomFor(*packet);
-    }
-    file_.Reserve(bytes + (hasHeader_ ? 0 : RoomForHeader()));
+    file_.Reserve(RoomFor(packet) + (hasHeader_ ? 0 : RoomForHeader()));
     if (!hasHeader_) WriteHeader(Content::Frames);
-    for (const Owned<AVPacket>& packet : group_) {
-        av_packet_rescale_ts(packet.get(), av_inv_q(stream_->avg_frame_rate), stream_->time_base);
-        Check(av_write_frame(context_, packet.get()), "writing a frame");
+    const Owned<AVPacket> written = Own(av_packet_clone(&packet));
+    av_packet_rescale_ts(written.get(), av_inv_q(stream_->avg_frame_rate), stream_->time_base);
+    Check(av_write_frame(context_, written.get()), "writing a frame");
+    if (isFragmented_ && ++packetCount_ % kFramesInFragment == 0) {
+        Check(av_write_frame(context_, nullptr), "writing a frame");
     }
     file_.Flush("writing a frame");
-    group_.clear();
 }
 
 void MovieFile::Finish() {
@@ -181,4 +166,18 @@ void MovieFile::Finish() {
     Check(av_write_trailer(context_), "writing the index");
     file_.Flush("writing the index");
     file_.Close();
+}
+
+std::int64_t MovieFile::RoomForHeader() const {
+    constexpr int kIndexWithoutFrames = 1536;
+    return (isFragmented_ ? 2 : 1) * (kIndexWithoutFrames + stream_->codecpar->extradata_size);
+}
+
+std::int64_t MovieFile::RoomFor(const AVPacket& packet) const {
+    constexpr int kInIndex = 11;
+    constexpr int kInFragment = 17;
+    constexpr int kBytesPerByteOfFragment = kFragmentSize / 256;  // that is, of all that is there once in a fragment
+    const AVCodecParameters& codec = *stream_->codecpar;
+    const int padding = codec.codec_id == AV_CODEC_ID_RAWVIDEO ? codec.height : 0;
+    return packet.size + padding + kInIndex + (isFragmented_ ? kInFragment : 0) + packet.size / kBytesPerByteOfFragment;
 }

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <vector>
 
 #include "platform/ffmpeg/Ffmpeg.h"
 
@@ -46,7 +45,8 @@ class ReservedFile {
 };
 
 /// A QuickTime file with one video track that is being written. One thread at a time. What fails throws FfmpegError;
-/// what was written before still becomes a movie.
+/// what was written before still becomes a movie. With FFmpeg from 7.1 on the file can be read at any time but for its
+/// latest 250 frames or 64 KB, so a process that is killed leaves a movie; before, it leaves a file without an index.
 class MovieFile {
   public:
     /// Makes a new empty file in place of what was there.
@@ -60,7 +60,7 @@ class MovieFile {
     void AddTrack(const AVCodecContext& encoder, AVRational framesPerSecond);
     bool HasTrack() const { return stream_ != nullptr; }
 
-    /// Packets come in the order of decoding, their times counted in frames, from 0 on.
+    /// `packet` has its times in frames. They come in the order in which they are shown.
     void Write(const AVPacket& packet);
     /// Makes a movie of all that was written to the track, and closes the file.
     void Finish();
@@ -69,19 +69,16 @@ class MovieFile {
     /// Whether any packet follows the header. Only a header that knows of none makes a track out of nothing.
     enum class Content { Frames, None };
 
-    /// The header's and the index's bytes without any frame, at most.
-    std::int64_t RoomForHeader() const;
-    /// The same of a packet.
-    std::int64_t RoomFor(const AVPacket& packet) const;
     void WriteHeader(Content content);
-    void WriteGroup();
+    /// The bytes that the header and the index take without any frame, at most.
+    std::int64_t RoomForHeader() const;
+    /// The bytes that a packet takes, its part of the index included, at most.
+    std::int64_t RoomFor(const AVPacket& packet) const;
 
     ReservedFile file_;
     AVFormatContext* context_ = nullptr;
     AVStream* stream_ = nullptr;
+    bool isFragmented_ = false;
     bool hasHeader_ = false;
-    /// Packets that wait for those of frames which are shown before theirs. So a movie that ends early has no gap.
-    std::vector<Owned<AVPacket>> group_;
-    std::int64_t packetCount_ = 0;
-    std::int64_t lastFrame_ = 0;
+    int packetCount_ = 0;
 };
