@@ -17,7 +17,7 @@ extern "C" {
 namespace {
 
 constexpr int kFragmentSize = 1 << 16;
-constexpr int kFramesInFragment = 250;
+constexpr int kFramesInFragment = 60;
 
 int Open(const std::filesystem::path& path) {
     constexpr mode_t kForAll = 0666;
@@ -175,7 +175,7 @@ std::int64_t MovieFile::RoomForHeader() const {
 
 std::int64_t MovieFile::RoomFor(const AVPacket& packet) const {
     constexpr int kInIndex = 11;
-    constexpr int kInFragment = 17;
+    constexpr int kInFragment = 20;
     constexpr int kBytesPerByteOfFragment = kFragmentSize / 256;  // that is, of all that is there once in a fragment
     const AVCodecParameters& codec = *stream_->codecpar;
     const int padding = codec.codec_id == AV_CODEC_ID_RAWVIDEO ? codec.height : 0;

@@ -46,7 +46,7 @@ class ReservedFile {
 
 /// A QuickTime file with one video track that is being written. One thread at a time. What fails throws FfmpegError;
 /// what was written before still becomes a movie. With FFmpeg from 7.1 on the file can be read at any time but for its
-/// latest 250 frames or 64 KB, so a process that is killed leaves a movie; before, it leaves a file without an index.
+/// latest 60 frames or 64 KB, so a process that is killed leaves a movie; before, it leaves a file without an index.
 class MovieFile {
   public:
     /// Makes a new empty file in place of what was there.
