@@ -2,9 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
-#include <memory>
-#include <span>
 #include <vector>
 
 #include "platform/ffmpeg/Codecs.h"
@@ -14,7 +11,31 @@
 
 namespace {
 
-using Packets = std::vector<Owned<AVPacket>>;
+/// A few frames, encoded in memory.
+class Sample {
+  public:
+    Sample(const CompressionSettings& settings, int width, int height)
+        : frameMaker_(FindCodec(settings.codec), width, height),
+          encoder_(settings, width, height,
+                   [this](const AVPacket& packet) { packets_.push_back(Own(av_packet_clone(&packet))); }) {}
+
+    void Add(std::span<const std::uint32_t> pixels) {
+        if (const Owned<AVFrame> frame = frameMaker_.Convert(pixels)) {
+            encoder_.Write(*frame);
+        } else {
+            encoder_.Repeat();
+        }
+    }
+    void Finish() { encoder_.Finish(); }
+
+    const AVCodecContext& Context() const { return encoder_.Context(); }
+    const std::vector<Owned<AVPacket>>& Packets() const { return packets_; }
+
+  private:
+    FrameMaker frameMaker_;
+    std::vector<Owned<AVPacket>> packets_;
+    Encoder encoder_;
+};
 
 Owned<AVCodecContext> OpenDecoder(const AVCodecContext& encoder) {
     const AVCodec* const codec = avcodec_find_decoder(encoder.codec_id);
@@ -27,11 +48,11 @@ Owned<AVCodecContext> OpenDecoder(const AVCodecContext& encoder) {
     return isOpen ? std::move(decoder) : nullptr;
 }
 
-std::optional<RgbImage> DecodeFirst(const AVCodecContext& encoder, const Packets& packets) {
-    const Owned<AVCodecContext> decoder = OpenDecoder(encoder);
+std::optional<RgbImage> DecodeFirst(const Sample& sample) {
+    const Owned<AVCodecContext> decoder = OpenDecoder(sample.Context());
     const Owned<AVFrame> frame = Own(av_frame_alloc());
     if (!decoder) return std::nullopt;
-    for (const Owned<AVPacket>& packet : packets) {
+    for (const Owned<AVPacket>& packet : sample.Packets()) {
         if (avcodec_send_packet(decoder.get(), packet.get()) < 0) return std::nullopt;
         if (avcodec_receive_frame(decoder.get(), frame.get()) >= 0) return ToRgbImage(*frame);
     }
@@ -40,46 +61,21 @@ std::optional<RgbImage> DecodeFirst(const AVCodecContext& encoder, const Packets
     return ToRgbImage(*frame);
 }
 
-/// Encodes `count` frames of one size, at least one. Nil when `stop` asks for the end; throws when that fails.
-std::unique_ptr<Encoder> Encode(const CompressionSettings& settings, int count,
-                                const std::function<PixelView(int)>& frameAt, const std::stop_token& stop,
-                                Packets& packets) {
-    std::unique_ptr<Encoder> encoder;
-    std::optional<FrameMaker> frameMaker;
-    for (int i = 0; i < count; ++i) {
-        if (stop.stop_requested()) return nullptr;
-        const PixelView view = frameAt(i);
-        if (i == 0) {
-            frameMaker.emplace(FindCodec(settings.codec), view.width, view.height);
-            encoder = std::make_unique<Encoder>(settings, view.width, view.height, [&packets](const AVPacket& packet) {
-                packets.push_back(Own(av_packet_clone(&packet)));
-            });
-        }
-        if (const Owned<AVFrame> frame = frameMaker->Convert(view.pixels)) {
-            encoder->Write(*frame);
-        } else {
-            encoder->Repeat();
-        }
-    }
-    encoder->Finish();
-    return encoder;
-}
-
 /// The sizes of a sample's frames, in the order in which they are shown.
 class FrameSizes {
   public:
-    explicit FrameSizes(const Packets& packets) : frames_(packets.size()) {
-        for (const Owned<AVPacket>& packet : packets) {
-            const auto shown = static_cast<std::size_t>(packet->pts);
-            frames_.at(shown) = {packet->size, (packet->flags & AV_PKT_FLAG_KEY) != 0};
+    explicit FrameSizes(const Sample& sample) : frames_(sample.Packets().size()) {
+        for (const Owned<AVPacket>& packet : sample.Packets()) {
+            const bool isKey = (packet->flags & AV_PKT_FLAG_KEY) != 0;
+            frames_.at(static_cast<std::size_t>(packet->pts)) = {packet->size, isKey};
         }
     }
 
     /// Of the first `count` frames together.
-    double Sum(int count) const {
+    double SumOfFirst(int count) const {
         double sum = 0;
-        for (int i = 0; i < count; ++i) {
-            sum += frames_[static_cast<std::size_t>(i)].bytes;
+        for (const Frame& frame : std::span(frames_).first(static_cast<std::size_t>(count))) {
+            sum += frame.bytes;
         }
         return sum;
     }
@@ -104,14 +100,44 @@ class FrameSizes {
     std::vector<Frame> frames_;
 };
 
+/// How few frames tell of a movie in which each picture is shown for a second: a run of frames for each.
+struct Piece {
+    static constexpr int kLongestRun = 10;
+    static constexpr int kParts = 3;
+
+    Piece(double frames, double rate)
+        : run(static_cast<int>(std::clamp<double>(std::round(rate), 1, kLongestRun))),
+          lastPart(kLongestRun / run * run),
+          count(static_cast<int>(std::min<double>(frames, kParts * lastPart))),
+          secondsPerRun(1 / std::min(rate, 1.0)) {}
+
+    double SecondsUpTo(int frame) const {
+        const int runs = frame / run;
+        return runs * secondsPerRun;
+    }
+
+    int run;
+    /// Whole runs, before which a key frame's detail is complete.
+    int lastPart;
+    int count;
+    double secondsPerRun;
+};
+
+/// The bytes of all frames. The piece tells what a key frame takes, with the detail that some encoders add only in the
+/// frames behind it, what a new picture, and what one that is shown again.
+double BytesOf(double frames, double rate, int keyFrameDistance, const Piece& piece, const FrameSizes& sizes) {
+    const double usual = sizes.MeanOfLast(std::min(piece.lastPart, piece.count - 1));
+    const double repeated = sizes.MeanOfLast(piece.run / 2);
+    const double other = rate > piece.run ? (usual * piece.run + repeated * (rate - piece.run)) / rate : usual;
+    const int head = std::min(keyFrameDistance, std::max(piece.count - piece.lastPart, 1));
+    const double keyFrame = sizes.SumOfFirst(head) - usual * head;
+    return keyFrame * std::ceil(frames / keyFrameDistance) + other * frames;
+}
+
 }  // namespace
 
 SizeSupport SupportOf(MovieCodec codec, int width, int height) {
-    try {
-        Encoder({.codec = codec}, width, height, [](const AVPacket&) {});
-    } catch (const FfmpegError&) {
-        return SizeSupport::Refused;
-    }
+    const Encoder opened({.codec = codec}, width, height, [](const AVPacket&) {});
     const bool isUsual = FormatFor(FindCodec(codec), width, height) == FindCodec(codec).format;
     return isUsual ? SizeSupport::Full : SizeSupport::RarelyPlayed;
 }
@@ -119,44 +145,36 @@ SizeSupport SupportOf(MovieCodec codec, int width, int height) {
 std::optional<RgbImage> EncodePreview(const CompressionSettings& settings, const PixelView& image,
                                       const std::stop_token& stop) {
     constexpr int kFrames = 8;  // what an encoder spends on a picture depends on those that follow
-    Packets packets;
-    const auto encoder = Encode(
-        settings, kFrames, [&](int) { return image; }, stop, packets);
-    return encoder ? DecodeFirst(encoder->Context(), packets) : std::nullopt;
+    Sample sample(settings, image.width, image.height);
+    for (int i = 0; i < kFrames; ++i) {
+        if (stop.stop_requested()) return std::nullopt;
+        sample.Add(image.pixels);
+    }
+    sample.Finish();
+    return DecodeFirst(sample);
 }
 
-// Encodes a piece of the movie in which no picture is shown more than a few times. It tells what a key frame takes,
-// with the detail that some encoders add only in the frames behind it, a new picture, and one that is shown again.
 std::optional<double> EstimateBytesPerSecond(const CompressionSettings& settings, const MovieContent& movie,
                                              const std::stop_token& stop) {
-    constexpr int kLongestRun = 10;
-    constexpr int kPieces = 3;
     const Codec& codec = FindCodec(settings.codec);
     const double rate = settings.frameRate;
     const double frames = std::max(std::ceil(movie.seconds * rate), 0.0) + 1;
-    const int run = static_cast<int>(std::clamp<double>(std::round(rate), 1, kLongestRun));
-    const int lastPiece = kLongestRun / run * run;
-    const int count = static_cast<int>(std::min<double>(frames, kPieces * lastPiece));
-    const double secondsPerRun = 1 / std::min(rate, 1.0);
+    const Piece piece(frames, rate);
     // Not in the very middle, where much may be level and upright, which takes least.
-    const double start =
-        std::clamp(movie.seconds - count / run * secondsPerRun, 0.0, std::max(0.55 * movie.seconds, 0.0));
-    const auto frameAt = [&](int i) {
-        return movie.pictureAt(codec.isIntraOnly ? start : start + i / run * secondsPerRun);
-    };
-    Packets packets;
-    const auto encoder = Encode(settings, count, frameAt, stop, packets);
-    if (!encoder) return std::nullopt;
-
-    const FrameSizes sizes(packets);
-    const double usual = sizes.MeanOfLast(std::min(lastPiece, count - 1));
-    const double repeated = sizes.MeanOfLast(run / 2);
-    const double others = rate > run ? (usual * run + repeated * (rate - run)) / rate : usual;
-    const int head = std::min(codec.keyFrameDistance, std::max(count - lastPiece, 1));
-    const double keyFrame = sizes.Sum(head) - usual * head;
-    const double keyFrames = std::ceil(frames / codec.keyFrameDistance);
-    const AVCodecContext& context = encoder->Context();
+    const double latest = std::max(0.55 * movie.seconds, 0.0);
+    const double start = std::clamp(movie.seconds - piece.SecondsUpTo(piece.count), 0.0, latest);
+    std::optional<Sample> sample;
+    for (int i = 0; i < piece.count; ++i) {
+        if (stop.stop_requested()) return std::nullopt;
+        const PixelView picture = movie.pictureAt(codec.isIntraOnly ? start : start + piece.SecondsUpTo(i));
+        if (!sample) sample.emplace(settings, picture.width, picture.height);
+        sample->Add(picture.pixels);
+    }
+    sample->Finish();
+    const AVCodecContext& context = sample->Context();
+    constexpr int kHeader = 800;
     const double indexEntry = context.has_b_frames > 0 ? 12 : 4;
-    const double size = context.extradata_size + keyFrame * keyFrames + (others + indexEntry) * frames;
-    return size / (frames / rate);
+    const double bytes = kHeader + context.extradata_size + indexEntry * frames +
+                         BytesOf(frames, rate, codec.keyFrameDistance, piece, FrameSizes(*sample));
+    return bytes / (frames / rate);
 }
