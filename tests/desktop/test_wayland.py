@@ -21,11 +21,16 @@ class Compositor:
         inherited = {k: v for k, v in os.environ.items() if not k.startswith(("QT_", "XDG_"))}
         home = {name: f"{self.home}" for name in ("HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME")}
         self.environment = inherited | home | {"WAYLAND_DISPLAY": "wayland-test"}
-        screen = ["--width=1280", "--height=800", f"--scale={scale}"]
+        screen = ["--width=1280", "--height=800", f"--scale={scale}", f"--shell={self.shell()}-shell.so"]
         command = ["weston", "--backend=headless-backend.so", "--use-pixman", "--debug", "--idle-time=0"]
         start(stack, [*command, "--socket=wayland-test", *screen], signal.SIGTERM, env=self.environment,
               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         wait_until((self.home / "wayland-test").exists, "the compositor is there")
+
+    def shell(self):
+        """Newer desktop shells leave a fullscreen window where it was without a pointer; older kiosks show nothing."""
+        version = subprocess.run(["weston", "--version"], capture_output=True, text=True, check=True).stdout
+        return "kiosk" if int(version.split()[1].split(".")[0]) >= 14 else "desktop"
 
     def screen(self):
         """A picture of the whole screen."""
