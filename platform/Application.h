@@ -41,10 +41,10 @@ class Application {
     static Application* Registered();
 };
 
-/// Brings the toolkit up. `name` and `desktopId` tell the desktop which program this is; the icon of its windows is the
-/// one named `desktopId` in the desktop's theme, else among the program's own (packaging/icons). `alertSound` is the
-/// file that Beep plays where the desktop has no sound of its own.
-void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId,
+/// Brings the toolkit up for `program`, the first of the process's arguments. `name` and `desktopId` tell the desktop
+/// which program this is; the icon of its windows is the one named `desktopId` in the desktop's theme, else among the
+/// program's own (packaging/icons). `alertSound` is the file that Beep plays where the desktop has no sound of its own.
+void RuntimeInit(char* program, const std::string& name, const std::string& desktopId,
                  const Ref<FolderItem>& alertSound);
 /// Runs the start-up code, whose result doesn't matter. What it throws ends the program with status 1.
 void RunFrameworkInitialization(const std::function<int()>& startUp);

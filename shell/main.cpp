@@ -3,8 +3,8 @@
 #include "shell/resources.h"
 #include "shell/startup.h"
 
-int main(int argc, char** argv) {
-    RuntimeInit(argc, argv, "Dwindledial", kDesktopId, Resource("Alert.wav"));
+int main(int, char** argv) {
+    RuntimeInit(argv[0], "Dwindledial", kDesktopId, Resource("Alert.wav"));
     _Main();
     return RuntimeExit();
 }

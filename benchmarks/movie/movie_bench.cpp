@@ -37,7 +37,7 @@ double Run(const std::string& contender, const MovieJob& job, RecordingHost& hos
 
 int main(int argc, char** argv) {
     if (argc != 8 || !kCodecs.contains(argv[2])) return Usage();
-    Stage stage(argc, argv);
+    Stage stage(argv[0]);
     const MovieJob job{.settings = {.codec = kCodecs.at(argv[2]), .frameRate = Val(argv[6])},
                        .width = ToInt32(Val(argv[3])),
                        .height = ToInt32(Val(argv[4])),

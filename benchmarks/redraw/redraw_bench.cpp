@@ -102,7 +102,7 @@ BENCHMARK(Fill)->Apply(Sizes);
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    const Stage stage(argc, argv);
+    const Stage stage(argv[0]);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

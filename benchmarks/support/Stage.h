@@ -13,7 +13,7 @@
 /// The program brought up without a desktop, for a benchmark to drive: file types, application object, timer window.
 class Stage {
   public:
-    Stage(int& argc, char** argv) : host(BringUp(argc, argv)) {
+    explicit Stage(char* program) : host(BringUp(program)) {
         FileTypes::_Initialize();
         RuntimeRegisterAppObject(std::make_unique<App>());
         winMain::Instance();
@@ -25,9 +25,9 @@ class Stage {
     RecordingHost& host;
 
   private:
-    static RecordingHost& BringUp(int& argc, char** argv) {
+    static RecordingHost& BringUp(char* program) {
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        RuntimeInit(argc, argv, "Dwindledial", kDesktopId, nullptr);
+        RuntimeInit(program, "Dwindledial", kDesktopId, nullptr);
         return RecordingHost::InstallNew();
     }
 };

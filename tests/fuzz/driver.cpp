@@ -76,9 +76,9 @@ void Run(const std::string& input, const std::string& keptIn) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    RuntimeInit(argc, argv, "Fuzz", "fuzz", nullptr);
+    RuntimeInit(argv[0], "Fuzz", "fuzz", nullptr);
     RecordingHost::InstallNew();
 
     const std::string keptIn = std::string(argv[0]) + ".input";

@@ -9,7 +9,7 @@
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    RuntimeInit(argc, argv, "Dwindledial", kDesktopId, nullptr);
+    RuntimeInit(argv[0], "Dwindledial", kDesktopId, nullptr);
     RecordingHost::InstallNew();
     const int result = RUN_ALL_TESTS();
     RuntimeExit();

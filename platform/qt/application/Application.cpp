@@ -1,5 +1,7 @@
 #include "platform/Application.h"
 
+#include <QtCore/QTimer>
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 #include <csignal>
 #include <filesystem>
@@ -8,9 +10,7 @@
 
 #include "platform/Host.h"
 #include "platform/qt/application/Accessibility.h"
-#include "platform/qt/application/EndSignals.h"
-#include "platform/qt/application/LostDisplay.h"
-#include "platform/qt/application/WindowIcon.h"
+#include "platform/qt/application/Endings.h"
 #include "platform/qt/dialogs/DesktopHost.h"
 #include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/window/OpenWindows.h"
@@ -36,6 +36,27 @@ std::vector<WindowPeer*> Windows() {
     return windows;
 }
 
+/// Gives all windows the icon of that name in the desktop's theme, else among the program's own, right after the first
+/// paint: to find and decode it would add a third to the time until then. Not earlier, as some window managers put an
+/// icon of their own on a window that comes without one.
+class IconAfterFirstPaint final : public QObject {
+  public:
+    explicit IconAfterFirstPaint(const std::string& name) : QObject(qApp), name_(QString::fromStdString(name)) {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            qApp->removeEventFilter(this);
+            QTimer::singleShot(0, qApp, [name = name_] { QApplication::setWindowIcon(QIcon::fromTheme(name)); });
+        }
+        return false;
+    }
+
+  private:
+    const QString name_;
+};
+
 }  // namespace
 
 void Application::AutoQuit(bool on) { QApplication::setQuitOnLastWindowClosed(on); }
@@ -53,20 +74,16 @@ Ref<FolderItem> Application::ExecutableFile() {
 
 Application* Application::Registered() { return runtime.application.get(); }
 
-void RuntimeInit(int& argc, char** argv, const std::string& name, const std::string& desktopId,
+void RuntimeInit(char* program, const std::string& name, const std::string& desktopId,
                  const Ref<FolderItem>& alertSound) {
     // To look for a menu bar outside of the window takes questions over D-Bus.
     QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
-    runtime.toolkit = std::make_unique<QApplication>(argc, argv);
-    OnLostDisplay([] {
-        open_windows::CloseAll();
-        AbandonHandlers();
-        open_windows::Clear();
-    });
+    runtime.toolkit = MakeToolkit(program, name);
+    OnLostDisplay(open_windows::CloseAll);
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(desktopId));
     QApplication::setQuitOnLastWindowClosed(false);
-    InstallWindowIcon(desktopId);
+    new IconAfterFirstPaint(desktopId);
     InstallAccessibility();
     // A write beyond the largest size of a file shall just fail. To ignore the signal would be inherited by what is
     // launched from here.

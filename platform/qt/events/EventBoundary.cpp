@@ -42,11 +42,7 @@ thread_local std::vector<std::function<void()>> postponed;
 HandlerUnderWay::HandlerUnderWay() { ++handlersUnderWay; }
 
 HandlerUnderWay::~HandlerUnderWay() {
-    if (--handlersUnderWay == 0) AbandonHandlers();
-}
-
-void AbandonHandlers() {
-    handlersUnderWay = 0;
+    if (--handlersUnderWay > 0) return;
     for (const auto& action : std::exchange(postponed, {}))
         action();
 }
@@ -62,7 +58,7 @@ void ReportUncaught() {
     if (!IsNew(text)) return;
     Print(text);
     QMetaObject::invokeMethod(
-        qApp, [text] { MsgBox(text); }, Qt::QueuedConnection);
+        qApp, [text] { Deliver([&] { MsgBox(text); }); }, Qt::QueuedConnection);
 }
 
 void QuitOnUncaught() {

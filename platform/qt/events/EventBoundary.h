@@ -15,9 +15,6 @@ void QuitOnUncaught();
 /// Runs something once no handler is under way any more: at once when there is none. Main thread.
 void AfterHandlers(std::function<void()> action);
 
-/// Takes the handlers that are under way for over, because the process ends without going back to them. Main thread.
-void AbandonHandlers();
-
 /// Counts a handler that is under way on this thread.
 class HandlerUnderWay {
   public:

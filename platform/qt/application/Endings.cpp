@@ -1,0 +1,91 @@
+#include "platform/qt/application/Endings.h"
+
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+std::string lineWithoutDisplay;
+std::string saidBefore;
+
+// The toolkit says in several lines that there is no display, then aborts. What else it says waits until that is known.
+void HearWhileStarting(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type == QtFatalMsg) {
+        std::fputs(lineWithoutDisplay.c_str(), stderr);
+        std::_Exit(EXIT_FAILURE);
+    }
+    saidBefore += qFormatLogMessage(type, context, text).toStdString() + '\n';
+}
+
+std::function<void()> saveOnce;
+QtMessageHandler print = nullptr;
+
+// A warning is all that is heard of it while the toolkit is still whole, on X11 and on Wayland.
+void HearOfLostDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    print(type, context, text);
+    const bool isLost = text.contains(QStringLiteral("connection broke"));
+    if (const auto save = isLost ? std::exchange(saveOnce, nullptr) : nullptr) save();
+}
+
+// What the process has of its own would be taken apart under the event loop, which is still running.
+void EndAtOnce() {
+    if (QCoreApplication::instance()) std::_Exit(EXIT_FAILURE);
+}
+
+/// Where the signal handler, which may do next to nothing, tells the event loop.
+int eventForHandler = -1;
+
+extern "C" void TellEventLoop(int) {
+    const int error = errno;
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const auto written = write(eventForHandler, &one, sizeof one);
+    errno = error;
+}
+
+}  // namespace
+
+std::unique_ptr<QApplication> MakeToolkit(char* program, const std::string& name) {
+    static int count = 1;  // the toolkit's own options are not taken
+    static char* arguments[] = {program, nullptr};
+    lineWithoutDisplay = name + ": there is no X11 or Wayland display to show a window on\n";
+    const QtMessageHandler before = qInstallMessageHandler(HearWhileStarting);
+    auto toolkit = std::make_unique<QApplication>(count, arguments);
+    qInstallMessageHandler(before);
+    std::fputs(saidBefore.c_str(), stderr);
+    return toolkit;
+}
+
+void OnLostDisplay(std::function<void()> save) {
+    saveOnce = std::move(save);
+    print = qInstallMessageHandler(HearOfLostDisplay);
+    std::atexit(EndAtOnce);
+}
+
+EndSignals::EndSignals(std::function<void()> asked)
+    : event_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), notifier_(event_, QSocketNotifier::Read) {
+    QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this, asked = std::move(asked)] {
+        std::uint64_t count = 0;
+        if (read(event_, &count, sizeof count) > 0) asked();
+    });
+    eventForHandler = event_;
+    struct sigaction ours = {};
+    ours.sa_handler = TellEventLoop;
+    ours.sa_flags = SA_RESTART;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction& before = before_[signal];
+        sigaction(signal, nullptr, &before);
+        if (before.sa_handler != SIG_IGN) sigaction(signal, &ours, nullptr);
+    }
+}
+
+EndSignals::~EndSignals() {
+    for (const auto& [signal, before] : before_)
+        sigaction(signal, &before, nullptr);
+    close(event_);
+}
