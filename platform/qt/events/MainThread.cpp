@@ -8,6 +8,8 @@
 #include <mutex>
 #include <utility>
 
+#include "platform/qt/events/EventBoundary.h"
+
 namespace {
 
 struct Entry {
@@ -26,7 +28,7 @@ std::deque<Entry> TakeAll() {
 
 void CarryOutAll() {
     for (const Entry& entry : TakeAll()) {
-        if (entry.context) entry.action();
+        if (entry.context) Deliver(entry.action);
     }
 }
 

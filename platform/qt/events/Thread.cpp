@@ -28,7 +28,7 @@ Thread::~Thread() = default;
 
 void Thread::Run() {
     if (peer_->hasEnded || peer_->isRunning.exchange(true)) return;
-    peer_->worker = std::jthread([this](const std::stop_token& token) {
+    const auto run = [this](const std::stop_token& token) {
         stopToken = token;
         Deliver([this] {
             try {
@@ -37,7 +37,13 @@ void Thread::Run() {
             }
         });
         peer_->isRunning = false;
-    });
+    };
+    try {
+        peer_->worker = std::jthread(run);
+    } catch (...) {
+        peer_->isRunning = false;
+        throw;
+    }
 }
 
 Thread::States Thread::State() const { return peer_->isRunning ? States::Running : States::NotRunning; }
