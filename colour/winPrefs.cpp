@@ -38,6 +38,7 @@ void winPrefs::Layout() {
     Frame(Frames::Sheet);
     Width(368);
     Height(143);
+    MinimizeButton(false);
     MaximizeButton(false);
     Resizeable(false);
 }

@@ -15,6 +15,8 @@ void winMakeMovie::Layout() {
     Width(400);
     Height(320);
     CloseButton(false);
+    MinimizeButton(false);
+    MaximizeButton(false);
     Resizeable(false);
 }
 

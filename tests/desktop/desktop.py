@@ -68,7 +68,7 @@ class Picture:
 
 
 class Desktop:
-    def __init__(self, stack, size=(1280, 800)):
+    def __init__(self, stack, size=(1280, 800), manager="openbox"):
         self.size = size
         self.home = pathlib.Path(stack.enter_context(tempfile.TemporaryDirectory(prefix="desktop-")))
         self.start_server(stack)
@@ -77,7 +77,7 @@ class Desktop:
         self.display.xfixes_query_version()
         self.root.xfixes_hide_cursor()  # which the server would draw over the pixels
         silent = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
-        self.manager = start(stack, ["openbox"], env=self.environment(self.home), **silent)
+        self.manager = start(stack, [manager], env=self.environment(self.home), **silent)
         self.bystander = self.new_window()
         self.wait_until(lambda: self.property("_NET_SUPPORTING_WM_CHECK"), "there is a window manager")
         self.settle()
@@ -120,10 +120,10 @@ class Desktop:
             raise AssertionError(f"the window manager has ended with {self.manager.returncode}")
         self.nudge(self.bystander)
 
-    def ask(self, request, window):
+    def ask(self, request, window, *data):
         """The window manager, as a task bar asks it."""
         atom = self.display.get_atom(request)
-        message = protocol.event.ClientMessage(window=window, client_type=atom, data=(32, [0] * 5))
+        message = protocol.event.ClientMessage(window=window, client_type=atom, data=(32, [*data, 0, 0, 0, 0, 0][:5]))
         self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.display.flush()
 

@@ -1,94 +1,57 @@
-"""A count-down on Wayland. The compositor has neither keys nor a pointer, so a screen reader's hands do the work."""
+"""The program on Wayland, with weston in a window of the X server."""
 
-import contextlib
-import os
-import pathlib
 import signal
-import struct
 import subprocess
-import tempfile
-import unittest
 
-from desktop import Picture, start, wait_until
-from reader import Reader
-from timer import COLOURS, PROGRAM, main, seconds_shown
+from desktop import start
+from timer import COLOURS, PROGRAM, DesktopTest, main
+
+BACKGROUND = COLOURS["Color_Window_Background"]
 
 
-class Compositor:
-    def __init__(self, stack, scale):
-        self.home = pathlib.Path(stack.enter_context(tempfile.TemporaryDirectory(prefix="wayland-")))
-        self.home.chmod(0o700)
-        inherited = {k: v for k, v in os.environ.items() if not k.startswith(("QT_", "XDG_"))}
-        home = {name: f"{self.home}" for name in ("HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME")}
-        self.environment = inherited | home | {"WAYLAND_DISPLAY": "wayland-test"}
-        screen = ["--width=1280", "--height=800", f"--scale={scale}", f"--shell={self.shell()}-shell.so"]
-        command = ["weston", "--backend=headless-backend.so", "--use-pixman", "--debug", "--idle-time=0"]
-        start(stack, [*command, "--socket=wayland-test", *screen], signal.SIGTERM, env=self.environment,
-              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        wait_until((self.home / "wayland-test").exists, "the compositor is there")
-
-    def shell(self):
-        """Newer desktop shells leave a fullscreen window where it was without a pointer; older kiosks show nothing."""
-        version = subprocess.run(["weston", "--version"], capture_output=True, text=True, check=True).stdout
-        return "kiosk" if int(version.split()[1].split(".")[0]) >= 14 else "desktop"
-
+class WaylandTest(DesktopTest):
     def screen(self):
-        """A picture of the whole screen."""
-        shoot = ["weston-screenshooter"]
-        subprocess.run(shoot, cwd=self.home, env=self.environment, check=True, stdout=subprocess.DEVNULL)
-        (file,) = self.home.glob("*.png")
-        width, height = struct.unpack_from(">II", file.read_bytes(), 16)
-        decode = ["ffmpeg", "-v", "error", "-i", file, "-f", "rawvideo", "-pix_fmt", "bgr0", "-"]
-        pixels = subprocess.run(decode, capture_output=True, check=True).stdout
-        file.unlink()
-        return Picture([pixels[4 * width * y :][: 4 * width] for y in range(height)])
+        return self.desktop.picture(0, 0, *self.desktop.size)
 
+    def fills_the_screen(self):
+        """Judged in a corner where weston's pointer never is."""
+        return self.screen().at(0, self.desktop.size[1] - 1) == BACKGROUND
 
-class WaylandTest(unittest.TestCase):
-    def test_a_count_down(self):
+    def start_on(self, scale):
+        home = self.desktop.home
+        environment = self.desktop.environment(home, WAYLAND_DISPLAY="wayland-test", QT_QPA_PLATFORM="wayland")
+        width, height = (length // scale for length in self.desktop.size)
+        command = ["weston", "--backend=x11-backend.so", "--use-pixman", "--idle-time=0", "--socket=wayland-test",
+                   "--fullscreen", f"--width={width}", f"--height={height}", f"--scale={scale}"]
+        silent = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+        self.compositor = start(self.stack, command, signal.SIGTERM, env=environment, **silent)
+        self.wait_until((home / "runtime/wayland-test").exists, "the compositor is there")
+        self.wait_until(self.desktop.windows, "it has a window")
+        self.settings = home / "config/DwindledialPrefs.plist"
+        self.program = start(self.stack, [PROGRAM], env=environment, stderr=subprocess.DEVNULL)
+        window = BACKGROUND.to_bytes(4, "little") * 100
+        self.wait_until(lambda: any(window in row for row in self.screen().rows), "the timer is there")
+
+    def test_fullscreen_around_a_dialog(self):
+        black = bytes(4 * 200)
         for scale in (1, 2):
-            with self.subTest(scale=scale), contextlib.ExitStack() as stack:
-                self.count_down(stack, Compositor(stack, scale))
+            with self.subTest(scale=scale):
+                self.start_on(scale)
+                self.switch(True)
+                self.desktop.key("ctrl+t")
+                self.wait_until(lambda: not self.fills_the_screen(), "it makes room for the dialog")
+                self.wait_until(lambda: not any(black in row for row in self.screen().rows), "all of it is drawn")
+                self.wait_until(lambda: self.desktop.key("Return") or self.fills_the_screen(), "the dialog closes")
+                self.switch(False)
+                self.switch(True)
+                self.compositor.terminate()
+                self.assertEqual(self.program.wait(20), 1)
+                self.assertTrue(self.settings.exists(), "the colours outlive the display")
+                self.settings.unlink()
 
-    def count_down(self, stack, compositor):
-        errors = stack.enter_context(tempfile.TemporaryFile("w+"))
-        environment = compositor.environment | Reader.ENVIRONMENT
-        process = start(stack, [PROGRAM, "-platform", "wayland"], env=environment, stderr=errors)
-        reader = Reader(stack, process, wait_until)
-        self.choose(reader, "View", "Toggle Fullscreen")
-        background = COLOURS["Color_Window_Background"]
-        wait_until(lambda: compositor.screen().at(0, 0) == background, "the timer fills the screen")
-
-        self.set_time(reader, "20", "00", "20 minutes")
-        wait_until(lambda: seconds_shown(compositor.screen()) == 1200, "the wedge shows what was set")
-        reader.press(reader.clock)
-        wait_until(lambda: 1190 < seconds_shown(compositor.screen()) < 1200, "the wedge shrinks")
-        reader.press(reader.clock)
-        self.set_time(reader, "00", "01", "1 second")
-        reader.press(reader.clock)
-        reader.wait_for(lambda: "Time is Up!" in reader.spoken, "the alert is said")
-        wait_until(lambda: seconds_shown(compositor.screen()) > 0, "the alert's text lies on the clock")
-        reader.press(reader.clock)
-        wait_until(lambda: seconds_shown(compositor.screen()) == 0, "the clock is empty")
-
-        process.send_signal(signal.SIGTERM)
-        self.assertEqual(process.wait(20), 0)
-        errors.seek(0)
-        self.assertEqual(errors.read(), "")
-
-    def choose(self, reader, menu, item):
-        reader.press(reader.find("menu item", menu), "ShowMenu")
-        reader.press(reader.find("menu item", item))
-
-    def set_time(self, reader, minutes, seconds, words):
-        self.choose(reader, "Timer", "Set...")
-        dialog = reader.find("dialog", "Set Timer")
-        reader.enter(reader.find("text", "Min", dialog), minutes)
-        reader.enter(reader.find("text", "Sec", dialog), seconds)
-        self.assertNotIn("Press", reader.actions(reader.clock), "it lies behind the dialog")
-        reader.press(reader.find("button", "Set", dialog))
-        said = f"Stopped, {words} left"
-        reader.wait_for(lambda: reader.clock.description == said, "the time is set")
+    def switch(self, on):
+        self.desktop.key("ctrl+f")
+        self.wait_until(lambda: self.fills_the_screen() == on, "Ctrl+F has done its work")
 
 
 if __name__ == "__main__":

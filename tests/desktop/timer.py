@@ -186,10 +186,12 @@ class SetTimer(Dialog):
 
 
 class DesktopTest(unittest.TestCase):
+    MANAGER = "openbox"
+
     def setUp(self):
         self.stack = contextlib.ExitStack()
         self.addCleanup(self.stack.close)
-        self.desktop = Desktop(self.stack)
+        self.desktop = Desktop(self.stack, manager=self.MANAGER)
         self.wait_until = self.desktop.wait_until
 
     def launch(self, **options):

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <QtCore/QEventLoop>
+#include <QtCore/QScopeGuard>
 #include <QtCore/QTimer>
 #include <QtGui/QFontMetricsF>
 #include <QtWidgets/QLabel>
@@ -17,7 +18,9 @@
 
 #include "platform/Canvas.h"
 #include "platform/Controls.h"
+#include "platform/Thread.h"
 #include "platform/Timer.h"
+#include "platform/qt/events/MainThread.h"
 #include "shell/MenuBar1.h"
 #include "tests/support/Input.h"
 #include "tests/support/RecordingHost.h"
@@ -53,10 +56,15 @@ struct Probe final : Window {
         return Hear(event, " " + std::to_string(x) + "," + std::to_string(y));
     }
     void Layout() override {
+        _AddMenuHandler("ViewToggleFullscreen", [] { return Fault("command"); });
+        CloseButton(false);
         Width(200);
         Height(100);
+        MinSize(180, 90);
+        Fault("Layout");
+        Frame(Frames::Document);
+        Resizeable(true);
         MenuBar(MenuBar1::Instance());
-        _AddMenuHandler("ViewToggleFullscreen", [] { return Fault("command"); });
     }
     void CreateControls() override {
         auto& canvas = AddControl<Canvas>("canvas", 30, 7, 60, 60, 0);
@@ -69,6 +77,7 @@ struct Probe final : Window {
         AddControl<PushButton>("button", 50, 22, 50, 22, 2).Action = [] { Fault("button Action"); };
         AddControl<UpDownArrows>("arrows", 50, 50, 13, 22, 2).Up = [] { Fault("Up"); };
         AddControl<Timer>("timer").Action = [] { Fault("timer Action"); };
+        AddControl<Thread>("thread");
         AddControl<ProgressBar>("bar", 0, 0, 50, 20, 0).Maximum(1000);
         AddControl<StaticText>("label", 0, 0, 180, 30, 0);
         for (const bool isWider : {true, false}) {
@@ -128,6 +137,7 @@ TEST_F(WindowTest, EachHandlerIsABoundaryForExceptions) {
         {"LostFocus", [] { WidgetNamed("field").setFocus(), Probe::Instance().SetFocus(); }},
         {"button Action", [] { WidgetNamed<QPushButton>("button").click(); }},
         {"Up", [] { WidgetNamed("arrows").findChild<QAbstractButton*>()->click(); }},
+        {"an action of a worker", [] { std::thread([] { OnMainThread(*qApp, [] { Fault(faulty); }); }).join(); }},
         {"timer Action", [] { Probe::Instance().Find<Timer>("timer").Mode(Timer::Modes::Single); }},
     };
     for (const auto& [fault, provoke] : rows) {
@@ -155,8 +165,22 @@ TEST_F(WindowTest, AFaultWhileClosingEndsTheProgramWithStatus1) {
     EXPECT_THAT(host.messages, IsEmpty());
 }
 
+TEST_F(WindowTest, NoOrderOfItsPropertiesChangesAWindow) {
+    const int bar = Top().findChild<QMenuBar*>()->height();
+    EXPECT_EQ(Top().size(), QSize(200, 100 + bar));
+    EXPECT_EQ(Top().minimumSize(), QSize(180, 90 + bar));
+    EXPECT_FALSE(Top().windowFlags() & Qt::WindowCloseButtonHint);
+}
+
 TEST_F(WindowTest, AnInstanceLastsUntilItIsClosed) {
+    faulty = "Layout";
+    End(Probe::Instance());
+    EXPECT_THROW(Probe::Instance(), std::runtime_error);
+    faulty.clear();
     auto& first = Probe::Instance();
+    first.heard.clear();
+    Dispose();
+    EXPECT_EQ(Probe::alive, 1) << "a window that could not be built has stayed";
     EXPECT_THROW(first.Find<EditField>("canvas"), NilObjectException);
     first.Close();
     first.Close();
@@ -221,6 +245,19 @@ TEST_F(WindowTest, LockedEdgesFollowTheWindow) {
     EXPECT_EQ(WidgetNamed("wider").geometry(), QRect(10, 50, 110, 40));
     EXPECT_EQ(WidgetNamed("higher").geometry(), QRect(60, 20, 60, 70));
     EXPECT_THAT(Probe::Instance().heard, ElementsAre("Resizing", "Resized"));
+}
+
+TEST_F(WindowTest, AWorkerHasEndedWhenItsWindowGoes) {
+    bool hasEnded = false;
+    auto& thread = Probe::Instance().Find<Thread>("thread");
+    thread.RunEvent = [&hasEnded] {
+        const auto end = qScopeGuard([&hasEnded] { QThread::msleep(50), hasEnded = true; });
+        for (;;)
+            Thread::Yield();
+    };
+    thread.Run();
+    End(Probe::Instance());
+    EXPECT_TRUE(hasEnded);
 }
 
 TEST_F(WindowTest, AFastWorkerDoesNotFloodTheMainThread) {

@@ -7,17 +7,17 @@
 #include "platform/qt/window/EditCommands.h"
 #include "platform/qt/window/OpenWindows.h"
 
-MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, std::function<void()> enableItems)
-    : bar_(std::move(bar)), window_(window), widget_(new QMenuBar(&window)), enableItems_(std::move(enableItems)) {
+MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, const Handlers& handlers, std::function<void()> enableItems)
+    : bar_(std::move(bar)),
+      window_(window),
+      widget_(std::make_unique<QMenuBar>(&window)),
+      handlers_(handlers),
+      enableItems_(std::move(enableItems)) {
     widget_->setAutoFillBackground(true);  // in fullscreen it lies over the controls
     widget_->setCursor(Qt::ArrowCursor);
     for (const Ref<MenuItem>& menu : bar_->Children())
         AddMenu(*menu);
     Sync();
-}
-
-void MenuBinding::AddHandler(const std::string& itemName, Window::MenuHandler handler) {
-    handlers_[itemName] = std::move(handler);
 }
 
 void MenuBinding::AddMenu(const MenuItem& menu) {

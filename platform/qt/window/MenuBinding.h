@@ -5,6 +5,7 @@
 #include <QtWidgets/QMenuBar>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -15,13 +16,13 @@
 /// toolkit itself, which quits and edits.
 class MenuBinding {
   public:
-    /// `enableItems` is the window's part in each enabling pass. The widgets belong to `window`.
-    MenuBinding(Ref<MenuBar> bar, QWidget& window, std::function<void()> enableItems);
+    using Handlers = std::map<std::string, Window::MenuHandler>;
+
+    /// `handlers` are the window's, by item name; `enableItems` is its part in each enabling pass.
+    MenuBinding(Ref<MenuBar> bar, QWidget& window, const Handlers& handlers, std::function<void()> enableItems);
 
     const Ref<MenuBar>& Bar() const { return bar_; }
     QMenuBar& Widget() { return *widget_; }
-
-    void AddHandler(const std::string& itemName, Window::MenuHandler handler);
 
     /// Settles anew which items are enabled and how they read. To be called before a shortcut is looked up; before a
     /// menu opens, it is done here.
@@ -41,8 +42,8 @@ class MenuBinding {
 
     Ref<MenuBar> bar_;
     QWidget& window_;
-    QMenuBar* widget_;
+    std::unique_ptr<QMenuBar> widget_;
+    const Handlers& handlers_;
     std::function<void()> enableItems_;
-    std::map<std::string, Window::MenuHandler> handlers_;
     std::vector<Row> rows_;
 };

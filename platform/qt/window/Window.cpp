@@ -18,18 +18,18 @@ void Window::Title(const std::string& title) {
 
 // geometry() is the window's inside; its frame belongs to the window manager.
 Int32 Window::Left() const { return peer_->Inside().left(); }
-void Window::Left(Int32 left) { peer_->setGeometry(QRect(QPoint(left, Top()), peer_->size())); }
+void Window::Left(Int32 left) { peer_->MoveTo({left, Top()}); }
 
 Int32 Window::Top() const { return peer_->Inside().top(); }
-void Window::Top(Int32 top) { peer_->setGeometry(QRect(QPoint(Left(), top), peer_->size())); }
+void Window::Top(Int32 top) { peer_->MoveTo({Left(), top}); }
 
 Int32 Window::Width() const { return peer_->Inside().width(); }
-void Window::Width(Int32 width) { peer_->SetSize({width, peer_->height()}); }
+void Window::Width(Int32 width) { peer_->SetSize({width, peer_->Inside().height()}); }
 
 Int32 Window::Height() const { return peer_->Inside().height() - (peer_->IsFullScreen() ? 0 : peer_->BarHeight()); }
-void Window::Height(Int32 height) { peer_->SetSize({peer_->width(), height + peer_->BarHeight()}); }
+void Window::Height(Int32 height) { peer_->SetSize({Width(), height + peer_->BarHeight()}); }
 
-void Window::MinSize(Int32 width, Int32 height) { peer_->setMinimumSize(width, height + peer_->BarHeight()); }
+void Window::MinSize(Int32 width, Int32 height) { peer_->SetMinimum({width, height}); }
 
 void Window::BackColor(Color color) { peer_->SetBackground(ToQColor(color)); }
 
@@ -37,7 +37,7 @@ void Window::Frame(Frames frame) { peer_->SetFrame(frame); }
 
 void Window::Placement(Placements placement) { peer_->SetCentred(placement == Placements::MainScreen); }
 
-void Window::CloseButton(bool on) { peer_->SetCloseable(on); }
+void Window::CloseButton(bool on) { peer_->SetTitleButton(Qt::WindowCloseButtonHint, on); }
 
 void Window::MinimizeButton(bool on) { peer_->SetTitleButton(Qt::WindowMinimizeButtonHint, on); }
 
@@ -93,7 +93,12 @@ Window* Window::FindOpen(const std::string& key) { return open_windows::Find(key
 
 void Window::Open(const std::string& key, const std::shared_ptr<Window>& window) {
     open_windows::Add(key, window);
-    window->peer_->Build();
+    try {
+        window->peer_->Build();
+    } catch (...) {
+        open_windows::Remove(*window);
+        throw;
+    }
     if (!window->peer_->IsSheet()) window->peer_->show();
 }
 

@@ -1,8 +1,10 @@
 #include "platform/qt/window/WindowPeer.h"
 
 #include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
 #include <utility>
 
 #include "platform/qt/controls/RectControlPeer.h"
@@ -34,18 +36,18 @@ void WindowPeer::Build() {
 
 void WindowPeer::SetFrame(Window::Frames frame) {
     isSheet_ = frame == Window::Frames::Sheet;
-    setWindowFlags(isSheet_ ? Qt::Dialog : Qt::Window);
+    ApplyFlags();
 }
 
-void WindowPeer::SetCloseable(bool on) {
-    isCloseable_ = on;
-    SetTitleButton(Qt::WindowCloseButtonHint, on);
-}
-
-// Only with these two do window managers look at the buttons.
 void WindowPeer::SetTitleButton(Qt::WindowType button, bool on) {
-    Qt::WindowFlags flags = windowFlags() | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
-    setWindowFlags(flags.setFlag(button, on));
+    titleButtons_.setFlag(button, on);
+    ApplyFlags();
+}
+
+// Only with these two hints do window managers look at the buttons.
+void WindowPeer::ApplyFlags() {
+    setWindowFlags((isSheet_ ? Qt::Dialog : Qt::Window) | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   titleButtons_);
 }
 
 void WindowPeer::SetBackground(const QColor& color) {
@@ -55,30 +57,50 @@ void WindowPeer::SetBackground(const QColor& color) {
     content_.setAutoFillBackground(true);
 }
 
-void WindowPeer::SetResizeable(bool on) {
-    isResizeable_ = on;
-    SetSize(size());
-}
-
 void WindowPeer::Centre() {
     QRect place = geometry();
     place.moveCenter(screen()->availableGeometry().center());
     setGeometry(place);
 }
 
+QRect WindowPeer::Inside() const {
+    if (fullScreen_ == FullScreen::Leaving) return insideBeforeFullScreen_;
+    return isFullScreen() && !IsFullScreen() ? normalGeometry() : geometry();
+}
+
+// What the window manager is about to bring back isn't asked for as well: a maximised window would lose its state.
+void WindowPeer::MoveTo(QPoint corner) {
+    const QRect inside = Inside();
+    if (fullScreen_ != FullScreen::Leaving || corner != inside.topLeft()) setGeometry(QRect(corner, inside.size()));
+}
+
 // A window that isn't shown yet hears of its new size only when it is.
 void WindowPeer::SetSize(QSize size) {
-    isResizeable_ ? resize(size) : setFixedSize(size);
+    if (fullScreen_ == FullScreen::Leaving && size == Inside().size()) return;
+    if (isResizeable_) {
+        setMinimumSize(minimum_ + QSize(0, BarHeight()));
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        resize(size);
+    } else {
+        setFixedSize(size);
+    }
     Arrange();
+}
+
+void WindowPeer::SetResizeable(bool on) {
+    isResizeable_ = on;
+    SetSize(size());
+}
+
+void WindowPeer::SetMinimum(QSize minimum) {
+    minimum_ = minimum;
+    SetSize(size());
 }
 
 void WindowPeer::SetMenuBar(const Ref<MenuBar>& bar) {
-    menu_ = std::make_unique<MenuBinding>(bar, *this, [this] { owner_.Event_EnableMenuItems(); });
-    Arrange();
-}
-
-void WindowPeer::AddHandler(const std::string& itemName, Window::MenuHandler handler) {
-    if (menu_) menu_->AddHandler(itemName, std::move(handler));
+    const int heightBefore = BarHeight();
+    menu_ = std::make_unique<MenuBinding>(bar, *this, handlers_, [this] { owner_.Event_EnableMenuItems(); });
+    SetSize(size() + QSize(0, BarHeight() - heightBefore));
 }
 
 void WindowPeer::SetMenuBarVisible(bool on) {
@@ -90,7 +112,7 @@ int WindowPeer::BarHeight() const { return menu_ ? menu_->Widget().sizeHint().he
 
 // Showing an open window again, or closing one that never showed, must do no harm: both come through here.
 void WindowPeer::closeEvent(QCloseEvent* event) {
-    if (event->spontaneous() && !isCloseable_) return event->ignore();
+    if (event->spontaneous() && !titleButtons_.testFlag(Qt::WindowCloseButtonHint)) return event->ignore();
     event->accept();
     if (std::exchange(isClosed_, true)) return;
     try {
@@ -113,44 +135,76 @@ void WindowPeer::ShowOver(WindowPeer& parent) {
     show();
 }
 
+// A desktop gives the keyboard back to the window below some time after this one has gone, and weston never to one that
+// has become fullscreen by then: so that is waited for, but not for long, as it may have gone elsewhere.
 void WindowPeer::WaitUntilClosed() {
     if (isClosed_) return;
     QEventLoop loop;
-    closed_ = [&loop] { loop.quit(); };
+    closed_ = [&loop] {
+        QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &loop, [&loop](const QWindow* focused) {
+            if (focused) loop.quit();
+        });
+        QTimer::singleShot(2000, &loop, &QEventLoop::quit);
+    };
     loop.exec();
     closed_ = nullptr;
 }
 
-// Zooms once the event under way is over, and not at all if the window has gone fullscreen by then: a window manager
-// would bring the zoomed state back at the end of fullscreen, when the saved frame is wanted.
+// Zooms once the event under way is over, and not at all if the window has been told to go fullscreen by then: a window
+// manager would bring the zoomed state back at the end of fullscreen, when the saved frame is wanted.
 void WindowPeer::Zoom() {
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (!isFullScreen()) setWindowState(windowState() | Qt::WindowMaximized);
-        },
-        Qt::QueuedConnection);
+    zoomWaits_ = true;
+    const auto zoom = [this] {
+        if (std::exchange(zoomWaits_, false)) setWindowState(windowState() | Qt::WindowMaximized);
+    };
+    QMetaObject::invokeMethod(this, zoom, Qt::QueuedConnection);
 }
 
-QRect WindowPeer::Inside() const { return isFullScreen() && !wantsFullScreen_ ? normalGeometry() : geometry(); }
+bool WindowPeer::IsFullScreen() const {
+    return (fullScreen_ == FullScreen::Entering || fullScreen_ == FullScreen::On) && isFullScreen();
+}
 
+// Not both states at once: at each change the toolkit would take the maximised one from the window and give it back, at
+// which a window manager may forget the size before.
 void WindowPeer::SetFullScreen(bool on) {
+    zoomWaits_ = false;
     if (on == IsFullScreen()) return;
-    if (on) insideBeforeFullScreen_ = Inside();
-    wantsFullScreen_ = on;
-    setWindowState(windowState().setFlag(Qt::WindowFullScreen, on));
-    // The window manager takes its time to bring the old frame back. Asked for at once, it can be built upon at once.
-    if (!on) setGeometry(insideBeforeFullScreen_);
+    if (on) {
+        insideBeforeFullScreen_ = Inside();
+        wasMaximised_ = isMaximized();
+    }
+    fullScreen_ = on ? FullScreen::Entering : FullScreen::Leaving;
+    setWindowState(on ? Qt::WindowFullScreen : StateBeforeFullScreen());
     Arrange();
 }
 
+Qt::WindowState WindowPeer::StateBeforeFullScreen() const {
+    return wasMaximised_ ? Qt::WindowMaximized : Qt::WindowNoState;
+}
+
+void WindowPeer::FrameChanged() {
+    if (fullScreen_ == FullScreen::Entering && isFullScreen()) fullScreen_ = FullScreen::On;
+    if (fullScreen_ == FullScreen::Leaving && !isFullScreen()) fullScreen_ = FullScreen::Off;
+}
+
 void WindowPeer::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::WindowStateChange) Arrange();
+    if (event->type() == QEvent::WindowStateChange) {
+        if (fullScreen_ == FullScreen::On && !isFullScreen()) {  // the window manager has ended it
+            fullScreen_ = FullScreen::Off;
+            setWindowState(windowState() | StateBeforeFullScreen());
+        }
+        Arrange();
+    }
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && blocker_) blocker_->activateWindow();
     QWidget::changeEvent(event);
 }
 
-void WindowPeer::resizeEvent(QResizeEvent*) { Arrange(); }
+void WindowPeer::moveEvent(QMoveEvent*) { FrameChanged(); }
+
+void WindowPeer::resizeEvent(QResizeEvent*) {
+    FrameChanged();
+    Arrange();
+}
 
 void WindowPeer::Arrange() {
     const int barHeight = BarHeight();

@@ -24,15 +24,20 @@ class WindowPeer final : public QWidget {
     void Build();
 
     void SetFrame(Window::Frames frame);
-    void SetCloseable(bool on);
-    /// Shows or takes away one of the title bar's buttons.
+    bool IsSheet() const { return isSheet_; }
+    /// Shows or takes away one of the title bar's buttons; at first all three are there.
     void SetTitleButton(Qt::WindowType button, bool on);
     void SetCentred(bool on) { isCentred_ = on; }
+    void SetBackground(const QColor& color);
+
+    /// The window's inside on the screen: its controls and a menu bar that takes room.
+    QRect Inside() const;
+    void MoveTo(QPoint corner);
+    void SetSize(QSize size);
     /// For the user; the program can always change the size.
     void SetResizeable(bool on);
-    bool IsSheet() const { return isSheet_; }
-    void SetSize(QSize size);
-    void SetBackground(const QColor& color);
+    /// Without the menu bar.
+    void SetMinimum(QSize minimum);
 
     void SetMenuBar(const Ref<MenuBar>& bar);
     Ref<MenuBar> Bar() const { return menu_ ? menu_->Bar() : nullptr; }
@@ -42,12 +47,12 @@ class WindowPeer final : public QWidget {
 
     QWidget& Content() { return content_; }
     ControlList& Controls() { return controls_; }
-    void AddHandler(const std::string& itemName, Window::MenuHandler handler);
+    void AddHandler(const std::string& itemName, Window::MenuHandler handler) {
+        handlers_[itemName] = std::move(handler);
+    }
 
-    /// The window's inside on the screen: its controls and a menu bar that takes room.
-    QRect Inside() const;
     /// Fullscreen as the program asked for it. One that the window manager has made of itself is a large window.
-    bool IsFullScreen() const { return wantsFullScreen_ && isFullScreen(); }
+    bool IsFullScreen() const;
     void SetFullScreen(bool on);
     void Zoom();
     /// Shows the window over `parent`, which takes no input until it closes.
@@ -59,28 +64,39 @@ class WindowPeer final : public QWidget {
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    /// The window manager takes its time to enter fullscreen and to bring the old frame back.
+    enum class FullScreen { Off, Entering, On, Leaving };
+
+    void ApplyFlags();
     void Centre();
+    void FrameChanged();
+    Qt::WindowState StateBeforeFullScreen() const;
     void Arrange();
 
     Window& owner_;
     QWidget content_{this};
+    MenuBinding::Handlers handlers_;
     std::unique_ptr<MenuBinding> menu_;
     ControlList controls_{content_};
     bool isBuilt_ = false;
     bool isSheet_ = false;
     bool isCentred_ = false;
-    bool isCloseable_ = true;
+    Qt::WindowFlags titleButtons_ = Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
     bool isResizeable_ = true;
+    QSize minimum_{0, 0};
     bool menuBarVisible_ = true;
     bool isClosed_ = false;
-    bool wantsFullScreen_ = false;
+    bool zoomWaits_ = false;
+    FullScreen fullScreen_ = FullScreen::Off;
     QRect insideBeforeFullScreen_;
+    bool wasMaximised_ = false;
     /// The window that lies over this one and takes its input, and the one that this lies over.
     QPointer<WindowPeer> blocker_;
     QPointer<WindowPeer> blocked_;
