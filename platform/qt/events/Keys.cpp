@@ -1,5 +1,8 @@
 #include "platform/qt/events/Keys.h"
 
+#include <QtGui/QGuiApplication>
+
+#include "platform/Application.h"
 #include "platform/Text.h"
 
 namespace {
@@ -53,3 +56,13 @@ std::string KeyText(const QKeyEvent& event) {
     const QList<uint> characters = event.text().toUcs4();
     return characters.isEmpty() ? "" : Chr(static_cast<Int32>(characters.front()));
 }
+
+namespace Keyboard {
+
+bool AsyncCommandKey() { return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier); }
+
+bool AsyncOptionKey() {
+    return (QGuiApplication::queryKeyboardModifiers() & (Qt::AltModifier | Qt::ShiftModifier)) != Qt::NoModifier;
+}
+
+}  // namespace Keyboard

@@ -32,8 +32,8 @@ void CarryOutAll() {
     }
 }
 
-/// Takes word that there is something to carry out. An event is Qt's own affair on both threads, where a queued call
-/// would be data of ours that only Qt's lock guards, and the thread sanitizer doesn't see that one.
+/// Told that there is something to carry out, by an event: a queued call would carry data of ours under Qt's own lock,
+/// which the thread sanitizer doesn't see.
 class Receiver final : public QObject {
   public:
     Receiver() { moveToThread(qApp->thread()); }

@@ -1,11 +1,35 @@
 #include "platform/qt/window/MenuBinding.h"
 
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
 #include <utility>
 
 #include "platform/Text.h"
 #include "platform/qt/events/EventBoundary.h"
-#include "platform/qt/window/EditCommands.h"
 #include "platform/qt/window/OpenWindows.h"
+
+namespace {
+
+// The standard commands of the Edit menu, carried out on the text field that has the focus.
+using Command = std::function<void(QLineEdit&)>;
+
+// QLineEdit's own del() goes on to the character behind the caret.
+void DeleteSelection(QLineEdit& field) {
+    if (field.hasSelectedText()) field.del();
+}
+
+Command CommandOf(const std::string& itemName) {
+    static const std::map<std::string, Command> commands = {
+        {"EditUndo", &QLineEdit::undo},   {"EditCut", &QLineEdit::cut},   {"EditCopy", &QLineEdit::copy},
+        {"EditPaste", &QLineEdit::paste}, {"EditClear", DeleteSelection}, {"EditSelectAll", &QLineEdit::selectAll},
+    };
+    const auto command = commands.find(itemName);
+    return command == commands.end() ? nullptr : command->second;
+}
+
+QLineEdit* FocusedField() { return dynamic_cast<QLineEdit*>(QApplication::focusWidget()); }
+
+}  // namespace
 
 MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, const Handlers& handlers, std::function<void()> enableItems)
     : bar_(std::move(bar)),
@@ -53,7 +77,7 @@ void MenuBinding::PassEnabling() {
 
 bool MenuBinding::IsTaken(const MenuItem& item) const {
     return handlers_.contains(item.Name()) || dynamic_cast<const QuitMenuItem*>(&item) ||
-           edit_commands::IsAvailable(item.Name());
+           (CommandOf(item.Name()) && FocusedField());
 }
 
 // A command may come without a menu or a shortcut, from a screen reader, and then at any time.
@@ -64,8 +88,8 @@ void MenuBinding::Choose(const MenuItem& item) {
         Deliver(handler->second);
     } else if (dynamic_cast<const QuitMenuItem*>(&item)) {
         open_windows::CloseAll();
-    } else {
-        edit_commands::Run(item.Name());
+    } else if (const Command edit = CommandOf(item.Name()); edit && FocusedField()) {
+        edit(*FocusedField());
     }
 }
 
