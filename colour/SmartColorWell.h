@@ -48,7 +48,6 @@ class SmartColorWell : public Canvas {
     void setColorFromHexString(const std::string& text);
 
   protected:
-    // The look (colour/SmartColorWell_draw.cpp).
     /// Draws the whole control, at any moment.
     void draw();
 

@@ -1,27 +1,35 @@
 #include "colour/winPrefs.h"
 
-#include <utility>
+#include <algorithm>
+#include <string_view>
 
 #include "colour/SmartColorWell.h"
 #include "core/winMain.h"
-#include "platform/Controls.h"
-#include "settings/default_colours.h"
+#include "settings/clock_colours.h"
 
 namespace {
 
-/// What each of the four colours is found by.
+/// One of the four colours: its well, the label beside it, and where the colour is kept.
 struct Role {
-    const char* well;
-    Color winMain::*onClock;
+    std::string_view well;
+    Int32 left, top, tabIndex;
+    const char* label;
+    const char* text;
+    Int32 labelTabIndex;
+    void (winPrefs::*changed)(Color);
     Color winPrefs::*before;
-    Color initial;
+    Color ClockColours::*onClock;
 };
 
 constexpr Role kRoles[] = {
-    {"cBackground", &winMain::Color_Window_Background, &winPrefs::mBackground, default_colours::kWindowBackground},
-    {"cWedge", &winMain::Color_Clock_Wedge, &winPrefs::mWedge, default_colours::kClockWedge},
-    {"cFace", &winMain::Color_Clock_Face, &winPrefs::mFace, default_colours::kClockFace},
-    {"cFrame", &winMain::Color_Clock_Frame, &winPrefs::mFrame, default_colours::kClockFrame},
+    {"cBackground", 20, 14, 0, "StaticText1", "Background", 5, &winPrefs::cBackground_ColorChange,
+     &winPrefs::mBackground, &ClockColours::Color_Window_Background},
+    {"cWedge", 187, 52, 2, "StaticText3", "Wedge", 7, &winPrefs::cWedge_ColorChange, &winPrefs::mWedge,
+     &ClockColours::Color_Clock_Wedge},
+    {"cFace", 20, 52, 1, "StaticText2", "Face", 6, &winPrefs::cFace_ColorChange, &winPrefs::mFace,
+     &ClockColours::Color_Clock_Face},
+    {"cFrame", 187, 14, 11, "StaticText6", "Frame", 10, &winPrefs::cFrame_ColorChange, &winPrefs::mFrame,
+     &ClockColours::Color_Clock_Frame},
 };
 
 void ShowOnClock() {
@@ -46,40 +54,18 @@ void winPrefs::Layout() {
 void winPrefs::CreateControls() { _CreateControls0(); }
 
 void winPrefs::_CreateControls0() {
-    const auto well = [this](const char* name, Int32 left, Int32 top, Int32 tabIndex,
-                             void (winPrefs::*changed)(Color)) {
-        AddControl<SmartColorWell>(name, left, top, 32, 32, tabIndex).ColorChange = [this, changed](Color c) {
-            (this->*changed)(c);
-        };
-    };
-    const auto label = [this](const char* name, const char* text, Int32 left, Int32 top, Int32 tabIndex) {
-        AddControl<StaticText>(name, left, top, 95, 20, tabIndex).Text(text);
-    };
-    const auto button = [this](const char* name, const char* caption, Int32 left, Int32 width, Int32 tabIndex,
-                               void (winPrefs::*action)()) -> PushButton& {
-        auto& added = AddControl<PushButton>(name, left, 101, width, 22, tabIndex);
-        added.Caption(caption);
-        added.LockBottom(true);
-        added.Action = [this, action] { (this->*action)(); };
-        return added;
-    };
-
-    well("cBackground", 20, 14, 0, &winPrefs::cBackground_ColorChange);
-    well("cFace", 20, 52, 1, &winPrefs::cFace_ColorChange);
-    well("cWedge", 187, 52, 2, &winPrefs::cWedge_ColorChange);
-    label("StaticText1", "Background", 86, 17, 5);
-    label("StaticText2", "Face", 86, 55, 6);
-    label("StaticText3", "Wedge", 253, 55, 7);
-    label("StaticText6", "Frame", 253, 17, 10);
-    well("cFrame", 187, 14, 11, &winPrefs::cFrame_ColorChange);
-    for (const auto& [text, of] : {std::pair("StaticText1", "cBackground"),
-                                   {"StaticText2", "cFace"},
-                                   {"StaticText3", "cWedge"},
-                                   {"StaticText6", "cFrame"}})
-        Find<StaticText>(text).LabelFor(Find<SmartColorWell>(of));
-    button("bOK", "OK", 268, 80, 12, &winPrefs::bOK_Action).Default(true);
-    button("bCancel", "Cancel", 176, 80, 13, &winPrefs::bCancel_Action).Cancel(true);
-    button("bDefaults", "Use Defaults", 20, 103, 14, &winPrefs::bDefaults_Action);
+    for (const Role& role : kRoles) {
+        auto& well = AddControl<SmartColorWell>(std::string(role.well), role.left, role.top, 32, 32, role.tabIndex);
+        well.ColorChange = [this, changed = role.changed](Color c) { (this->*changed)(c); };
+        AddLabel(role.label, role.text, role.left + 66, role.top + 3, 95, 20, role.labelTabIndex).LabelFor(well);
+    }
+    auto& ok = AddButton("bOK", "OK", 268, 101, 80, 22, 12, [this] { bOK_Action(); });
+    ok.Default(true);
+    auto& cancel = AddButton("bCancel", "Cancel", 176, 101, 80, 22, 13, [this] { bCancel_Action(); });
+    cancel.Cancel(true);
+    auto& defaults = AddButton("bDefaults", "Use Defaults", 20, 101, 103, 22, 14, [this] { bDefaults_Action(); });
+    for (PushButton* button : {&ok, &cancel, &defaults})
+        button->LockBottom(true);
 }
 
 void winPrefs::Event_Open() {
@@ -91,28 +77,18 @@ void winPrefs::Event_Open() {
 // A well that changes here writes the same colour back, which does no harm.
 void winPrefs::SetButtons() {
     for (const Role& role : kRoles)
-        Find<SmartColorWell>(role.well).setColor(winMain::Instance().*role.onClock);
+        Find<SmartColorWell>(std::string(role.well)).setColor(winMain::Instance().*role.onClock);
 }
 
-void winPrefs::cBackground_ColorChange(Color) {
-    winMain::Instance().Color_Window_Background = Find<SmartColorWell>("cBackground").getColor();
+void winPrefs::TakeFrom(const std::string& well) {
+    winMain::Instance().*std::ranges::find(kRoles, well, &Role::well)->onClock = Find<SmartColorWell>(well).getColor();
     ShowOnClock();
 }
 
-void winPrefs::cFace_ColorChange(Color) {
-    winMain::Instance().Color_Clock_Face = Find<SmartColorWell>("cFace").getColor();
-    ShowOnClock();
-}
-
-void winPrefs::cWedge_ColorChange(Color) {
-    winMain::Instance().Color_Clock_Wedge = Find<SmartColorWell>("cWedge").getColor();
-    ShowOnClock();
-}
-
-void winPrefs::cFrame_ColorChange(Color) {
-    winMain::Instance().Color_Clock_Frame = Find<SmartColorWell>("cFrame").getColor();
-    ShowOnClock();
-}
+void winPrefs::cBackground_ColorChange(Color) { TakeFrom("cBackground"); }
+void winPrefs::cFace_ColorChange(Color) { TakeFrom("cFace"); }
+void winPrefs::cWedge_ColorChange(Color) { TakeFrom("cWedge"); }
+void winPrefs::cFrame_ColorChange(Color) { TakeFrom("cFrame"); }
 
 void winPrefs::bOK_Action() { Close(); }
 
@@ -124,8 +100,7 @@ void winPrefs::bCancel_Action() {
 }
 
 void winPrefs::bDefaults_Action() {
-    for (const Role& role : kRoles)
-        winMain::Instance().*role.onClock = role.initial;
+    static_cast<ClockColours&>(winMain::Instance()) = ClockColours();
     ShowOnClock();
     SetButtons();
 }

@@ -1,13 +1,11 @@
 #pragma once
 
 #include "platform/Color.h"
-#include "platform/Window.h"
-
-class SmartColorWell;
+#include "shell/Dialog.h"
 
 /// The Preferences dialog: a well for each of the timer window's four colours. A change goes to the clock at once;
 /// Cancel puts back what was there when the dialog opened. What stays is saved when the timer window closes, not here.
-class winPrefs final : public Window {
+class winPrefs final : public Dialog {
   public:
     static winPrefs& Instance();
 
@@ -32,4 +30,6 @@ class winPrefs final : public Window {
     void Layout() override;
     void CreateControls() override;
     void _CreateControls0();
+    /// Gives the clock the colour of a well.
+    void TakeFrom(const std::string& well);
 };

@@ -19,14 +19,14 @@ void winMain::Layout() {
     MinSize(400, 150);
     Width(kDesignWidth);
     Height(kDesignHeight);
-    BackColor(RGB(0x9F, 0x9F, 0x9F));
+    BackColor(Color_Window_Background);
 }
 
 void winMain::CreateControls() { _CreateControls0(); }
 
 void winMain::_CreateControls0() {
     auto& timerRun = AddControl<Timer>("TimerRun");
-    timerRun.Period(250);
+    timerRun.Period(kTickMilliseconds);
     timerRun.Mode(Timer::Modes::Repeat);
     timerRun.Action = [this] { TimerRun_Action(); };
 
@@ -44,6 +44,6 @@ void winMain::_CreateControls0() {
     canvas.MouseMove = [this](Int32 x, Int32 y) { cvTime_MouseMove(x, y); };
 
     auto& timerDone = AddControl<Timer>("TimerDone");
-    timerDone.Period(1000);
+    timerDone.Period(kBeepMilliseconds);
     timerDone.Action = [this] { TimerDone_Action(); };
 }

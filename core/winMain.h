@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "platform/Color.h"
@@ -8,12 +9,29 @@
 #include "platform/Ref.h"
 #include "platform/Values.h"
 #include "platform/Window.h"
-#include "settings/default_colours.h"
+#include "settings/clock_colours.h"
+
+/// The square of the status icon in the timer's canvas, in pixels. It is fixed, whatever the size of the window.
+struct StatusIcon {
+    static constexpr Int32 kLeft = 10;
+    static constexpr Int32 kTop = 10;
+    static constexpr Int32 kSide = 17;
+
+    static constexpr bool Contains(Int32 x, Int32 y) {
+        return x >= kLeft && x < kLeft + kSide && y >= kTop && y < kTop + kSide;
+    }
+};
 
 /// The timer window and hub of the program: the count-down, its clock picture, input, fullscreen and all commands.
 /// Everything in it runs on the main event loop, but for Redraw, which may draw a movie's frame on a worker.
-class winMain final : public Window {
+class winMain final : public Window, public ClockColours {
   public:
+    /// What a full turn of the clock means.
+    static constexpr Int32 kSecondsPerTurn = 3600;
+    /// From one tick, and from one beep of the alert, to the next.
+    static constexpr Int32 kTickMilliseconds = 250;
+    static constexpr Int32 kBeepMilliseconds = 1000;
+
     /// The one timer window; built when there is none, so it must not be called once the window has closed.
     static winMain& Instance();
 
@@ -30,12 +48,6 @@ class winMain final : public Window {
     Int32 SetSeconds = 0;
     /// The remaining time in whole seconds, 0 or more: what the wedge shows.
     Int32 CurrentSeconds = 0;
-
-    /// What stands here shows until ReadPrefs has run, and when it can't.
-    Color Color_Window_Background = default_colours::kWindowBackground;
-    Color Color_Clock_Wedge = default_colours::kClockWedge;
-    Color Color_Clock_Frame = default_colours::kClockFrame;
-    Color Color_Clock_Face = default_colours::kClockFace;
 
     /// The count has ended and the alert isn't dismissed yet; never true together with IsRunning.
     bool IsDone = false;
@@ -102,32 +114,32 @@ class winMain final : public Window {
     bool _HelpVisitWebsite_Action();
     bool _HelpDonate_Action();
 
-    // The entries of the menu bar (shell/winMain_menu_items.cpp).
-    Ref<MenuItem> HelpMenu() const;
-    Ref<AppleMenuItem> HelpAbout() const;
-    Ref<MenuItem> UntitledSeparator0() const;
-    Ref<MenuItem> HelpVisitWebsite() const;
-    Ref<MenuItem> HelpDonate() const;
-    Ref<MenuItem> UntitledSeparator() const;
-    Ref<MenuItem> HelpHelp() const;
-    Ref<MenuItem> ViewMenu() const;
-    Ref<MenuItem> ViewToggleFullscreen() const;
-    Ref<MenuItem> TimerMenu() const;
-    Ref<MenuItem> TimerStart() const;
-    Ref<MenuItem> TimerSet() const;
-    Ref<MenuItem> EditMenu() const;
-    Ref<MenuItem> EditSelectAll() const;
-    Ref<MenuItem> UntitledMenu0() const;
-    Ref<MenuItem> EditClear() const;
-    Ref<MenuItem> EditPaste() const;
-    Ref<MenuItem> EditCopy() const;
-    Ref<MenuItem> EditCut() const;
-    Ref<MenuItem> UntitledMenu1() const;
-    Ref<MenuItem> EditUndo() const;
-    Ref<MenuItem> FileMenu() const;
-    Ref<QuitMenuItem> FileQuit() const;
-    Ref<MenuItem> FileCreateMovie() const;
-    Ref<PrefsMenuItem> FilePreferences() const;
+    // The entries of the menu bar.
+    Ref<MenuItem> HelpMenu() const { return MenuEntry("HelpMenu"); }
+    Ref<AppleMenuItem> HelpAbout() const { return MenuEntry<AppleMenuItem>("HelpAbout"); }
+    Ref<MenuItem> UntitledSeparator0() const { return MenuEntry("UntitledSeparator0"); }
+    Ref<MenuItem> HelpVisitWebsite() const { return MenuEntry("HelpVisitWebsite"); }
+    Ref<MenuItem> HelpDonate() const { return MenuEntry("HelpDonate"); }
+    Ref<MenuItem> UntitledSeparator() const { return MenuEntry("UntitledSeparator"); }
+    Ref<MenuItem> HelpHelp() const { return MenuEntry("HelpHelp"); }
+    Ref<MenuItem> ViewMenu() const { return MenuEntry("ViewMenu"); }
+    Ref<MenuItem> ViewToggleFullscreen() const { return MenuEntry("ViewToggleFullscreen"); }
+    Ref<MenuItem> TimerMenu() const { return MenuEntry("TimerMenu"); }
+    Ref<MenuItem> TimerStart() const { return MenuEntry("TimerStart"); }
+    Ref<MenuItem> TimerSet() const { return MenuEntry("TimerSet"); }
+    Ref<MenuItem> EditMenu() const { return MenuEntry("EditMenu"); }
+    Ref<MenuItem> EditSelectAll() const { return MenuEntry("EditSelectAll"); }
+    Ref<MenuItem> UntitledMenu0() const { return MenuEntry("UntitledMenu0"); }
+    Ref<MenuItem> EditClear() const { return MenuEntry("EditClear"); }
+    Ref<MenuItem> EditPaste() const { return MenuEntry("EditPaste"); }
+    Ref<MenuItem> EditCopy() const { return MenuEntry("EditCopy"); }
+    Ref<MenuItem> EditCut() const { return MenuEntry("EditCut"); }
+    Ref<MenuItem> UntitledMenu1() const { return MenuEntry("UntitledMenu1"); }
+    Ref<MenuItem> EditUndo() const { return MenuEntry("EditUndo"); }
+    Ref<MenuItem> FileMenu() const { return MenuEntry("FileMenu"); }
+    Ref<QuitMenuItem> FileQuit() const { return MenuEntry<QuitMenuItem>("FileQuit"); }
+    Ref<MenuItem> FileCreateMovie() const { return MenuEntry("FileCreateMovie"); }
+    Ref<PrefsMenuItem> FilePreferences() const { return MenuEntry<PrefsMenuItem>("FilePreferences"); }
 
   private:
     void Layout() override;
@@ -136,6 +148,13 @@ class winMain final : public Window {
     void AddMenuHandlers(Window& window) override;
     void DrawTimeUp(Graphics& g, double diameter);
     void ShowDialog(Window& dialog);
+
+    template <class Item = MenuItem>
+    Ref<Item> MenuEntry(const char* name) const {
+        return std::dynamic_pointer_cast<Item>(MenuBar()->Child(name).Shared());
+    }
+
+    static constexpr const char* kTimeUp = "Time is Up!";
 
     // The window's frame when fullscreen was last entered.
     Int32 mLeft = 0;

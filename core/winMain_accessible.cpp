@@ -22,7 +22,7 @@ std::string Remaining(Int32 seconds) {
 }  // namespace
 
 std::string winMain::InWords() const {
-    if (IsDone) return "Time is Up!";
+    if (IsDone) return kTimeUp;
     return std::string(IsRunning ? "Running" : "Stopped") + ", " + Remaining(std::max(CurrentSeconds, 0)) + " left";
 }
 

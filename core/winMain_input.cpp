@@ -1,4 +1,3 @@
-#include "core/StatusIcon.h"
 #include "core/winMain.h"
 #include "platform/Application.h"
 #include "platform/Text.h"

@@ -1,13 +1,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/StatusIcon.h"
 #include "core/winMain.h"
 #include "platform/Canvas.h"
 #include "platform/Graphics.h"
 #include "platform/Thread.h"
 #include "platform/targets.h"
-#include "shell/images.h"
+#include "shell/resources.h"
 
 namespace {
 
@@ -16,9 +15,7 @@ namespace {
 constexpr double kTurn = 6.283058;
 constexpr double kTop = 4.7122935;
 
-constexpr Int32 kSecondsPerTurn = 3600;
 constexpr Int32 kMarks = 60;
-const std::string kTimeUp = "Time is Up!";
 
 /// Where the clock lies on a surface. The centre keeps its half pixel here; shapes are placed without it.
 struct Face {
@@ -58,7 +55,7 @@ void DrawDisc(Graphics& g, const Face& face, Color color) {
 void DrawWedge(Graphics& g, const Face& face, Color color, Int32 seconds) {
     if (seconds <= 0) return;
     ArcShape wedge;
-    wedge.ArcAngle(kTurn * seconds / kSecondsPerTurn);
+    wedge.ArcAngle(kTurn * seconds / winMain::kSecondsPerTurn);
     wedge.StartAngle(kTop - wedge.ArcAngle());
     wedge.FillColor(color);
     wedge.Width(face.FilledDiameter());

@@ -1,10 +1,9 @@
 #include "movie/winMakeMovie.h"
 
-#include "platform/Controls.h"
+#include "core/winMain.h"
 #include "platform/Text.h"
 #include "platform/Thread.h"
 #include "platform/Timer.h"
-#include "shell/digit_filter.h"
 
 winMakeMovie& winMakeMovie::Instance() { return ImplicitInstance<winMakeMovie>("winMakeMovie.winMakeMovie"); }
 
@@ -28,17 +27,14 @@ void winMakeMovie::_CreateControls0() {
 
     const auto label = [this](const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
                               Int32 tabIndex) -> StaticText& {
-        auto& added = AddControl<StaticText>(name, left, top, width, 20, tabIndex);
+        auto& added = AddLabel(name, text, left, top, width, 20, tabIndex);
         added.InitialParent("GroupBox1");
-        added.Text(text);
         return added;
     };
     const auto field = [this](const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
                               Int32 tabIndex, void (winMakeMovie::*textChange)()) -> EditField& {
-        auto& added = AddControl<EditField>(name, left, top, width, 22, tabIndex);
+        auto& added = AddField(name, text, left, top, width, tabIndex);
         added.InitialParent("GroupBox1");
-        added.Text(text);
-        added.Alignment(TextAlignment::Centre);
         added.TextChange = [this, textChange] { (this->*textChange)(); };
         return added;
     };
@@ -81,18 +77,11 @@ void winMakeMovie::_CreateControls0() {
 
     auto& progress = AddControl<ProgressBar>("ProgressBar1", 20, 280, 173, 20, 1);
     progress.AccessibleName("Progress");
-    progress.Maximum(3600);
+    progress.Maximum(winMain::kSecondsPerTurn);
     progress.Visible(false);
 
-    auto& cancel = AddControl<PushButton>("bCancel", 203, 280, 80, 20, 1);
-    cancel.Caption("Cancel");
-    cancel.Cancel(true);
-    cancel.Action = [this] { bCancel_Action(); };
-
-    auto& start = AddControl<PushButton>("bStart", 296, 280, 80, 20, 2);
-    start.Caption("Start");
-    start.Default(true);
-    start.Action = [this] { bStart_Action(); };
+    AddButton("bCancel", "Cancel", 203, 280, 80, 20, 1, [this] { bCancel_Action(); }).Cancel(true);
+    AddButton("bStart", "Start", 296, 280, 80, 20, 2, [this] { bStart_Action(); }).Default(true);
 
     AddControl<Thread>("thr").RunEvent = [this] { thr_Run(); };
 
@@ -104,8 +93,7 @@ void winMakeMovie::_CreateControls0() {
 void winMakeMovie::Event_Open() { CalculateSize(); }
 
 bool winMakeMovie::eStart_KeyDown(const std::string& key) {
-    constexpr Int32 kHighest = 3600;
-    return JudgeKey(Find<EditField>("eStart"), key, kHighest) != KeyVerdict::ToField;
+    return JudgeKey(Find<EditField>("eStart"), key, winMain::kSecondsPerTurn) != KeyVerdict::ToField;
 }
 
 void winMakeMovie::eStart_TextChange() { CalculateSize(); }

@@ -1,24 +1,7 @@
 #include "core/winMain.h"
 #include "platform/targets.h"
 #include "settings/Preferences.h"
-#include "settings/default_colours.h"
-
-namespace {
-
-struct Setting {
-    const char* key;
-    Color winMain::*field;
-    Color initial;
-};
-
-constexpr Setting kSettings[] = {
-    {"Color_Window_Background", &winMain::Color_Window_Background, default_colours::kWindowBackground},
-    {"Color_Clock_Wedge", &winMain::Color_Clock_Wedge, default_colours::kClockWedge},
-    {"Color_Clock_Face", &winMain::Color_Clock_Face, default_colours::kClockFace},
-    {"Color_Clock_Frame", &winMain::Color_Clock_Frame, default_colours::kClockFrame},
-};
-
-}  // namespace
+#include "settings/clock_colours.h"
 
 void winMain::ReadPrefs() {
     Preferences preferences;
@@ -27,9 +10,8 @@ void winMain::ReadPrefs() {
     const bool wasRead = preferences.ReadFile();
 
     winMain& window = winMain::Instance();
-    for (const Setting& setting : kSettings) {
-        window.*setting.field = preferences.Get(setting.key, setting.initial).ColorValue();
-    }
+    for (const auto& [key, colour] : kColourSettings)
+        window.*colour = preferences.Get(key, ClockColours().*colour).ColorValue();
     // The first run leaves a complete file behind.
     if (!wasRead) preferences.WriteFile();
 }
@@ -40,7 +22,7 @@ void winMain::WritePrefs() {
     // The dot-file name is not the one that is read: where it is used, every run begins with the default colours.
     preferences.Filename = targets::kDotFileSettings ? ".DwindledialrPrefs" : "DwindledialPrefs.plist";
 
-    for (const Setting& setting : kSettings)
-        preferences.Put(setting.key, this->*setting.field);
+    for (const auto& [key, colour] : kColourSettings)
+        preferences.Put(key, this->*colour);
     preferences.WriteFile();
 }

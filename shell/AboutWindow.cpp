@@ -8,10 +8,9 @@
 #include "platform/Text.h"
 #include "platform/targets.h"
 #include "shell/App.h"
-#include "shell/about_text.h"
-#include "shell/addresses.h"
-#include "shell/images.h"
+#include "shell/Dialog.h"
 #include "shell/markup.h"
+#include "shell/resources.h"
 
 namespace {
 
@@ -20,6 +19,31 @@ constexpr Int32 kBadgeWidth = 216;
 constexpr Int32 kBadgeHeight = 30;
 /// The credits and their margin, by which the compact form is shorter.
 constexpr Int32 kCreditsExtent = 148;
+
+// Carriage returns separate lines.
+constexpr const char* kRights = "Copyright © 2026 The Dwindledial maintainers\rReleased under the MIT License";
+
+/// In mark-up (shell/markup.h).
+std::string Credits() {
+    const std::string indent = "      ";
+    return "<b>Author:</b>\r" + indent + "Tolvar Quennick\r" + indent + build::kEmail + "\r" + indent +
+           build::kWebsite +
+           "\r\r"
+           "<b>Disclaimer:</b>\r"
+           "<font size=\"10\">"
+           "THE SOFTWARE IS PROVIDED \"AS IS\", WITHOUT WARRANTY OF ANY KIND, EXPRESS OR IMPLIED, INCLUDING BUT NOT "
+           "LIMITED TO THE WARRANTIES OF MERCHANTABILITY, FITNESS FOR A PARTICULAR PURPOSE AND NONINFRINGEMENT. IN NO "
+           "EVENT SHALL THE AUTHORS OR COPYRIGHT HOLDERS BE LIABLE FOR ANY CLAIM, DAMAGES OR OTHER LIABILITY, WHETHER "
+           "IN AN ACTION OF CONTRACT, TORT OR OTHERWISE, ARISING FROM, OUT OF OR IN CONNECTION WITH THE SOFTWARE OR "
+           "THE USE OR OTHER DEALINGS IN THE SOFTWARE."
+           "</font>";
+}
+
+/// Another font on a platform that has it.
+template <class C>
+void ChooseFont(C& control) {
+    if constexpr (targets::kGenevaFont) control.TextFont("Geneva");
+}
 
 }  // namespace
 
@@ -42,18 +66,18 @@ void AboutWindow::_CreateControls0() {
     auto& icon = AddControl<Canvas>("AppIconCanvas", 110, 8, kIconSize, kIconSize, 0);
     icon.Paint = [this](const Ref<Graphics>& g) { AppIconCanvas_Paint(g); };
 
-    auto& name = AddControl<StaticText>("StatAppName", 20, 86, 244, 16, 1);
-    name.Text("kAppName");
+    const auto label = [this](const char* control, const char* text, Int32 top, Int32 height, Int32 tabIndex,
+                              Int32 textSize) -> StaticText& {
+        auto& added = AddControl<StaticText>(control, 20, top, 244, height, tabIndex);
+        added.Text(text);
+        added.TextSize(textSize);
+        added.TextAlign(TextAlignment::Centre);
+        return added;
+    };
+    auto& name = label("StatAppName", "kAppName", 86, 16, 1, 14);
     name.Bold(true);
-    name.TextSize(14);
-    name.TextAlign(TextAlignment::Centre);
     name.Open = [this] { StatAppName_Open(); };
-
-    auto& version = AddControl<StaticText>("StatAppVersion", 20, 112, 244, 12, 2);
-    version.Text("kAppVersion");
-    version.TextSize(10);
-    version.TextAlign(TextAlignment::Centre);
-    version.Open = [this] { StatAppVersion_Open(); };
+    label("StatAppVersion", "kAppVersion", 112, 12, 2, 10).Open = [this] { StatAppVersion_Open(); };
 
     auto& credits = AddControl<StyledTextField>("EditAppCredits", 0, 132, 284, 140, 3);
     credits.LockLeft(true);
@@ -64,32 +88,20 @@ void AboutWindow::_CreateControls0() {
     credits.Text("Plain Text: kAppCredits\rHTML Text: kAppCreditsHTML");
     credits.Open = [this] { EditAppCredits_Open(); };
 
-    auto& rights = AddControl<StaticText>("StatAppCopyright", 20, 280, 244, 32, 4);
-    rights.Text("kAppCopyright");
-    rights.TextSize(10);
-    rights.TextAlign(TextAlignment::Centre);
-    rights.Open = [this] { StatAppCopyright_Open(); };
+    label("StatAppCopyright", "kAppCopyright", 280, 32, 4, 10).Open = [this] { StatAppCopyright_Open(); };
 
     auto& badge = AddControl<Canvas>("RBIconCanvas", 34, 324, kBadgeWidth, kBadgeHeight, 5);
     badge.Paint = [this](const Ref<Graphics>& g) { RBIconCanvas_Paint(g); };
     badge.MouseDown = [this](Int32 x, Int32 y) { return RBIconCanvas_MouseDown(x, y); };
 }
 
-void AboutWindow::StatAppName_Open() {
-    if constexpr (targets::kGenevaFont) Find<StaticText>("StatAppName").TextFont("Geneva");
-}
+void AboutWindow::StatAppName_Open() { ChooseFont(Find<StaticText>("StatAppName")); }
 
-void AboutWindow::StatAppVersion_Open() {
-    if constexpr (targets::kGenevaFont) Find<StaticText>("StatAppVersion").TextFont("Geneva");
-}
+void AboutWindow::StatAppVersion_Open() { ChooseFont(Find<StaticText>("StatAppVersion")); }
 
-void AboutWindow::EditAppCredits_Open() {
-    if constexpr (targets::kGenevaFont) Find<StyledTextField>("EditAppCredits").TextFont("Geneva");
-}
+void AboutWindow::EditAppCredits_Open() { ChooseFont(Find<StyledTextField>("EditAppCredits")); }
 
-void AboutWindow::StatAppCopyright_Open() {
-    if constexpr (targets::kGenevaFont) Find<StaticText>("StatAppCopyright").TextFont("Geneva");
-}
+void AboutWindow::StatAppCopyright_Open() { ChooseFont(Find<StaticText>("StatAppCopyright")); }
 
 void AboutWindow::AppIconCanvas_Paint(const Ref<Graphics>& g) {
     const Ref<Picture> icon = AboutIcon();
@@ -104,7 +116,7 @@ void AboutWindow::RBIconCanvas_Paint(const Ref<Graphics>& g) {
 }
 
 bool AboutWindow::RBIconCanvas_MouseDown(Int32, Int32) {
-    ShowURL(addresses::kToolkit);
+    ShowURL(build::kToolkitWebsite);
     return false;
 }
 
@@ -123,8 +135,8 @@ void AboutWindow::Show(bool useCredits) {
 void AboutWindow::SetupWindow() {
     Find<StaticText>("StatAppName").Text("Dwindledial");
     Find<StaticText>("StatAppVersion").Text("Version " + VersionString());
-    Find<StaticText>("StatAppCopyright").Text(about_text::kRights);
-    if (UseCredits) SetCreditsFieldText(about_text::Credits(), true);
+    Find<StaticText>("StatAppCopyright").Text(kRights);
+    if (UseCredits) SetCreditsFieldText(Credits(), true);
     const Int32 extent = UseCredits ? kCreditsExtent : 0;
     Find<StaticText>("StatAppCopyright").Top(132 + extent);
     Find<StyledTextField>("EditAppCredits").Visible(UseCredits);
@@ -150,8 +162,4 @@ std::string AboutWindow::VersionString() {
     }
 }
 
-bool AboutWindow::Event_KeyDown(const std::string& key) {
-    if (key != Chr(27)) return false;
-    Close();
-    return true;
-}
+bool AboutWindow::Event_KeyDown(const std::string& key) { return CloseOnEscape(*this, key); }

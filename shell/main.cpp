@@ -1,10 +1,38 @@
-#include "platform/Application.h"
-#include "shell/desktop_id.h"
+#include <memory>
+
+#include "core/winMain.h"
+#include "movie/FileTypes.h"
+#include "shell/App.h"
 #include "shell/resources.h"
-#include "shell/startup.h"
+
+namespace {
+
+void _InitFileTypes() { FileTypes::_Initialize(); }
+
+void _NewAppInstance() { RuntimeRegisterAppObject(std::make_unique<App>()); }
+
+// Every handler belongs to the timer window.
+void _ApplicationAddMenuHandlers() {}
+
+void _MakeDefaultView() { winMain::Instance(); }
+
+int _Startup() {
+    _InitFileTypes();
+    _NewAppInstance();
+    _ApplicationAddMenuHandlers();
+    _MakeDefaultView();
+    return 0;
+}
+
+void _Main() {
+    RunFrameworkInitialization(_Startup);
+    RuntimeRun();
+}
+
+}  // namespace
 
 int main(int, char** argv) {
-    RuntimeInit(argv[0], "Dwindledial", kDesktopId, Resource("Alert.wav"));
+    RuntimeInit(argv[0], "Dwindledial", build::kDesktopId, Resource("Alert.wav"));
     _Main();
     return RuntimeExit();
 }

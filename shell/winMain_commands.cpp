@@ -3,7 +3,7 @@
 #include "platform/Host.h"
 #include "platform/targets.h"
 #include "shell/AboutWindow.h"
-#include "shell/addresses.h"
+#include "shell/build_values.h"
 #include "shell/winHelp.h"
 #include "shell/winSet.h"
 
@@ -61,12 +61,12 @@ bool winMain::_HelpAbout_Action() {
 }
 
 bool winMain::_HelpVisitWebsite_Action() {
-    ShowURL(addresses::kWebsite);
+    ShowURL(build::kWebsite);
     return true;
 }
 
 bool winMain::_HelpDonate_Action() {
-    ShowURL(addresses::kDonation);
+    ShowURL(build::kDonationPage);
     return true;
 }
 

@@ -3,9 +3,7 @@
 #include <algorithm>
 
 #include "core/winMain.h"
-#include "platform/Controls.h"
 #include "platform/Text.h"
-#include "shell/digit_filter.h"
 
 namespace {
 
@@ -39,29 +37,19 @@ void winSet::CreateControls() { _CreateControls0(); }
 
 // Neither button is the window's cancel button: Escape does nothing.
 void winSet::_CreateControls0() {
-    auto& ok = AddControl<PushButton>("btnOK", 220, 31, 60, 20, 3);
-    ok.Caption("Set");
-    ok.Default(true);
-    ok.Action = [this] { btnOK_Action(); };
-
-    auto& cancel = AddControl<PushButton>("btnCancel", 148, 31, 60, 20, 4);
-    cancel.Caption("Cancel");
-    cancel.Action = [this] { btnCancel_Action(); };
+    AddButton("btnOK", "Set", 220, 31, 60, 20, 3, [this] { btnOK_Action(); }).Default(true);
+    AddButton("btnCancel", "Cancel", 148, 31, 60, 20, 4, [this] { btnCancel_Action(); });
 
     auto& minuteArrows = AddControl<UpDownArrows>("aMin", 51, 31, 13, 23, 5);
     minuteArrows.AccessibleName("Min");
     minuteArrows.Up = [this] { aMin_Up(); };
     minuteArrows.Down = [this] { aMin_Down(); };
 
-    auto& minutes = AddControl<EditField>("eMin", 20, 31, 25, 22, 6);
-    minutes.Text("01");
-    minutes.Alignment(TextAlignment::Centre);
+    auto& minutes = AddField("eMin", "01", 20, 31, 25, 6);
     minutes.KeyDown = [this](const std::string& key) { return eMin_KeyDown(key); };
     minutes.LostFocus = [this] { eMin_LostFocus(); };
 
-    auto& seconds = AddControl<EditField>("eSec", 73, 31, 25, 22, 7);
-    seconds.Text("00");
-    seconds.Alignment(TextAlignment::Centre);
+    auto& seconds = AddField("eSec", "00", 73, 31, 25, 7);
     seconds.KeyDown = [this](const std::string& key) { return eSec_KeyDown(key); };
     seconds.LostFocus = [this] { eSec_LostFocus(); };
 
@@ -70,15 +58,13 @@ void winSet::_CreateControls0() {
     secondArrows.Up = [this] { aSec_Up(); };
     secondArrows.Down = [this] { aSec_Down(); };
 
-    auto& minuteLabel = AddControl<StaticText>("StaticText1", 20, 14, 26, 16, 9);
-    minuteLabel.TextFont("SmallSystem");
-    minuteLabel.Text("Min");
-    minuteLabel.LabelFor(minutes);
-
-    auto& secondLabel = AddControl<StaticText>("StaticText2", 73, 14, 26, 16, 10);
-    secondLabel.TextFont("SmallSystem");
-    secondLabel.Text("Sec");
-    secondLabel.LabelFor(seconds);
+    const auto label = [this](const char* name, const char* text, Int32 left, Int32 tabIndex, EditField& of) {
+        auto& added = AddLabel(name, text, left, 14, 26, 16, tabIndex);
+        added.TextFont("SmallSystem");
+        added.LabelFor(of);
+    };
+    label("StaticText1", "Min", 20, 9, minutes);
+    label("StaticText2", "Sec", 73, 10, seconds);
 }
 
 // It is the set time that shows, not what remains of it.

@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "platform/Window.h"
+#include "shell/Dialog.h"
 
 /// The Set Timer dialog: minutes and seconds, each a text field with arrows. It has no numbers of its own; every
 /// handler reads them out of the fields. It touches nothing of the timer but the set and the remaining time.
-class winSet final : public Window {
+class winSet final : public Dialog {
   public:
     static winSet& Instance();
 
@@ -27,6 +27,6 @@ class winSet final : public Window {
     void CreateControls() override;
     void _CreateControls0();
 
-    class EditField& eMin() const;
-    class EditField& eSec() const;
+    EditField& eMin() const;
+    EditField& eSec() const;
 };

@@ -7,7 +7,6 @@
 #include "movie/FileTypes.h"
 #include "platform/Application.h"
 #include "shell/App.h"
-#include "shell/desktop_id.h"
 #include "tests/support/RecordingHost.h"
 
 /// The program brought up without a desktop, for a benchmark to drive: file types, application object, timer window.
@@ -27,7 +26,7 @@ class Stage {
   private:
     static RecordingHost& BringUp(char* program) {
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        RuntimeInit(program, "Dwindledial", kDesktopId, nullptr);
+        RuntimeInit(program, "Dwindledial", build::kDesktopId, nullptr);
         return RecordingHost::InstallNew();
     }
 };
