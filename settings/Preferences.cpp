@@ -78,16 +78,15 @@ class EntryReader {
     }
 
     /// The next entry; none at the end. A search that fails counts as found at 0, which leads back into the text, so
-    /// coming to a place again is the end as well.
+    /// having come to a place again is the end as well.
     std::optional<Entry> Next() {
+        if (visited_[position_]) return std::nullopt;
+        visited_[position_] = true;
         const std::size_t opening = keyOpening_.Find(position_ + 1);
         if (opening == 0) return std::nullopt;
         const std::size_t keyStart = opening + kKey.opening.size();
         const std::size_t keyEnd = keyClosing_.Find(keyStart);
         position_ = stringOpening_.Find(keyEnd) + kString.opening.size();
-
-        if (visited_[position_]) return std::nullopt;
-        visited_[position_] = true;
         return Entry{Between(keyStart, keyEnd), Between(position_, stringClosing_.Find(position_))};
     }
 
@@ -102,7 +101,7 @@ class EntryReader {
     TagFinder stringOpening_{text_, kString.opening};
     TagFinder stringClosing_{text_, kString.closing};
 
-    /// Where the latest value begins.
+    /// Where the latest value begins; 0 at first.
     std::size_t position_ = 0;
     std::vector<bool> visited_;
 };

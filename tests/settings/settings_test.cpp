@@ -2,13 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include <QtCore/QTimer>
 #include <chrono>
 #include <string>
 #include <vector>
 
-#include "platform/Ref.h"
 #include "tests/support/Files.h"
-#include "tests/support/RecordingHost.h"
+#include "tests/support/TimerWindowTest.h"
 
 namespace {
 
@@ -74,31 +74,25 @@ TEST_F(PreferencesTest, TellsWhatIsMissing) {
                                            "Can't read preferences because no filename has been set",
                                            "couldn't write preferences File", "couldn't write page preferences File"));
     EXPECT_THROW(store.ReadFile(), NilObjectException);
+    host.preferencesFolder.clear();
+    EXPECT_THROW(store.WriteFile(), NilObjectException);
 }
 
-TEST_F(PreferencesTest, AFolderThatCantBeUsedThrows) {
-    store.Put("a", "1");
-    std::filesystem::create_directories(file / "not empty");
-    for (const auto& folder : {host.preferencesFolder, std::filesystem::path()}) {
-        host.preferencesFolder = folder;
-        EXPECT_THROW(store.ReadFile(), NilObjectException);
-        EXPECT_THROW(store.WriteFile(), NilObjectException);
-    }
-    EXPECT_THAT(host.messages, testing::IsEmpty());
-}
-
-// Of the rest, the fuzzer compares each entry with a plain scan.
+// The file, and the entries that are stored in their order.
 TEST_F(PreferencesTest, FourTagsCountWhereverTheyAre) {
     const std::string entry = "<key>a</key><string>1</string>";
     const std::pair<std::string, std::vector<std::string>> rows[] = {
+        {"no tag", {}},
         {"</key><key>", {}},
         {"<!-- <key>a</key> --><string>1<!-- --></string>", {"a=1<!-- -->"}},
         {"<key> a\n</key> <STRING>1</STRING> <string>&amp;\xFF </string>", {" a\n=&amp;\xFF "}},
+        {"<key>a</key><integer/><key>b</key>" + entry, {"a=1"}},
         // The search goes on behind the first byte of the value.
         {"<key>a</key><string><key>b</key><string>2</string>", {"a=<key>b</key><string>2"}},
-        // What isn't found leads back to the beginning, once.
-        {entry + "<key>b</key>", {"a=1", "b=/key><string>1"}},
-        {"<string>0</string>" + entry + "<key>b", {"a=1", "=0"}},
+        // What isn't found leads back to the beginning, until a place comes again. That pass counts too.
+        {entry + "<key>b</key>", {"a=1", "b=/key><string>1", "b=/key><string>1"}},
+        {"<key>a</key>" + entry + "<key>c</key>", {"a=1", "c=/key><key>a</key><string>1", "a=1"}},
+        {"<string>0</string>" + entry + "<key>b", {"a=1", "=0", "a=1"}},
     };
     for (const auto& [text, entries] : rows)
         EXPECT_EQ(EntriesOf(text), entries);
@@ -122,18 +116,73 @@ TEST_F(PreferencesTest, ThePageFileHoldsAnyText) {
 }
 
 TEST_F(PreferencesTest, ABigHostileFileIsReadQuickly) {
-    const std::string entry = "<key>a</key><string>1</string>";
-    for (const char* unit : {"<", "<key>", "</key>", "<key>k</key>", "<key>k</key><string>."}) {
-        std::string text;
+    for (const std::string unit : {"<key>", "<key>k</key>", "<key>k</key><string>."}) {
+        std::string text = "<key>a</key><string>1</string>";
         while (text.size() < 4'000'000)
             text += unit;
-        for (const std::string& hostile : {entry + text, text + entry, text + "</key>"}) {
-            SaveText(file, hostile);
-            const auto start = std::chrono::steady_clock::now();
-            Preferences(store).ReadFile();
-            // Ample for a build with no optimisation; a search that starts over for each entry takes hours.
-            EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3)) << hostile.substr(0, 60);
-        }
+        SaveText(file, text + "</key>");
+        const auto start = std::chrono::steady_clock::now();
+        Preferences(store).ReadFile();
+        // Ample for a build with no optimisation; a search that starts over for each entry takes hours.
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5)) << unit;
+    }
+}
+
+class TimerSettingsTest : public TimerWindowTest {
+  protected:
+    static int StatusAfterClose() {
+        QTimer::singleShot(0, qApp, [] { End(Timer()); });
+        const int status = QCoreApplication::exec();
+        QCoreApplication::processEvents();
+        return status;
+    }
+    /// The colours of background, wedge, face and frame.
+    static std::string Shown() {
+        std::string shown;
+        for (const Color color : {Timer().Color_Window_Background, Timer().Color_Clock_Wedge, Timer().Color_Clock_Face,
+                                  Timer().Color_Clock_Frame})
+            shown += Variant(color).StringValue();
+        return shown;
+    }
+
+    const std::string defaults = "#9F9F9F#FF0000#FFFFFF#000000";
+    const std::filesystem::path file = host.preferencesFolder / "DwindledialPrefs.plist";
+};
+
+TEST_F(TimerSettingsTest, TheColoursAreKeptFromTheFirstRunOn) {
+    EXPECT_EQ(Shown(), defaults);
+    const std::string fileOfDefaults = LoadText(file);
+    EXPECT_EQ(StatusAfterClose(), 0);
+    EXPECT_EQ(LoadText(file), fileOfDefaults) << "a first run leaves what an end does";
+
+    SaveText(file,
+             "<key>foreign</key><string>#12</string><key>Color_Clock_Face</key><string>#654321</string>"
+             "<key>Color_Clock_Frame</key><string>a mistake</string>");
+    EXPECT_EQ(Shown(), "#9F9F9F#FF0000#654321#000000");
+    Timer().Color_Window_Background = RGB(1, 2, 3);
+    Timer().Color_Clock_Frame = RGB(4, 5, 6);
+    End(Timer());
+    EXPECT_EQ(Shown(), "#010203#FF0000#654321#040506");
+    End(Timer());
+
+    SaveText(file, "<plist><dict></dict></plist>");
+    EXPECT_EQ(Shown(), defaults);
+    EXPECT_EQ(LoadText(file), fileOfDefaults) << "a file without a key is replaced";
+    EXPECT_THAT(host.messages, testing::IsEmpty());
+}
+
+// A message comes once in the life of a process; no other test here provokes these two.
+TEST_F(TimerSettingsTest, WhereNothingCanBeStoredItRunsOnTheDefaults) {
+    for (const auto& [folder, missing] :
+         {std::pair(host.preferencesFolder / "missing", "TextOutputStream"), {std::filesystem::path(), "FolderItem"}}) {
+        host.preferencesFolder = folder;
+        host.messages.clear();
+        EXPECT_EQ(Shown(), defaults);
+        StartFrom(60);
+        EXPECT_TRUE(Timer().IsRunning && Timer().Visible());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(StatusAfterClose(), 1);
+        EXPECT_THAT(host.messages, ElementsAre(testing::HasSubstr(missing)));
     }
 }
 
