@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
 #include "colour/SmartColorWell.h"
@@ -11,16 +12,15 @@ namespace {
 
 using testing::ElementsAre;
 
-const Color kBackground = RGB(1, 2, 3), kWedge = RGB(4, 5, 6), kFace = RGB(7, 8, 9), kFrame = RGB(0, 0, 0);
-const Color kPicked = RGB(10, 200, 30);
+const auto kBefore = ElementsAre(RGB(1, 2, 3), RGB(4, 5, 6), RGB(7, 8, 9), RGB(0, 0, 0));
 
 class PrefsTest : public TimerWindowTest {
   protected:
     PrefsTest() {
-        Timer().Color_Window_Background = kBackground;
-        Timer().Color_Clock_Wedge = kWedge;
-        Timer().Color_Clock_Face = kFace;
-        Timer().Color_Clock_Frame = kFrame;
+        Timer().Color_Window_Background = RGB(1, 2, 3);
+        Timer().Color_Clock_Wedge = RGB(4, 5, 6);
+        Timer().Color_Clock_Face = RGB(7, 8, 9);
+        Timer().Color_Clock_Frame = RGB(0, 0, 0);
         Dialog().ShowWithin(Timer(), -1);
     }
     ~PrefsTest() override { End(Dialog()); }
@@ -41,43 +41,34 @@ class PrefsTest : public TimerWindowTest {
         Press(window, key, "");
         EXPECT_FALSE(window.isVisible());
     }
-    void Pick(const char* well, Color color) {
-        host.pickedColor = color;
-        Dialog().Find<SmartColorWell>(well).pickColor();
-    }
 };
 
-TEST_F(PrefsTest, ShowsTheClocksColoursAndOkLeavesThem) {
-    EXPECT_THAT(Wells(), ElementsAre(kBackground, kWedge, kFace, kFrame));
-    CloseBy(Qt::Key_Return);
-    EXPECT_THAT(Clock(), ElementsAre(kBackground, kWedge, kFace, kFrame));
-}
-
 TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsAllBack) {
-    Pick("cBackground", RGB(11, 0, 0));
-    Pick("cWedge", RGB(12, 0, 0));
-    Pick("cFace", RGB(13, 0, 0));
-    Pick("cFrame", RGB(14, 0, 0));
-    EXPECT_THAT(Clock(), ElementsAre(RGB(11, 0, 0), RGB(12, 0, 0), RGB(13, 0, 0), RGB(14, 0, 0)));
-    CloseBy(Qt::Key_Escape);
-    EXPECT_THAT(Clock(), ElementsAre(kBackground, kWedge, kFace, kFrame));
-}
-
-TEST_F(PrefsTest, DefaultsShowAtOnceAndCancelGoesBackToTheOpening) {
-    Pick("cFace", kPicked);
+    EXPECT_THAT(Wells(), kBefore);
+    for (const auto& [well, label, colour] : {std::tuple("cBackground", "StaticText1", Color{10}),
+                                              {"cWedge", "StaticText3", Color{11}},
+                                              {"cFace", "StaticText2", Color{12}},
+                                              {"cFrame", "StaticText6", Color{13}}}) {
+        host.pickedColor = colour;
+        Dialog().Find<SmartColorWell>(well).pickColor();
+        EXPECT_EQ(WidgetNamed<QLabel>(label).buddy(), &WidgetNamed(well));
+    }
+    EXPECT_THAT(Clock(), ElementsAre(Color{10}, Color{11}, Color{12}, Color{13}));
     WidgetNamed<QPushButton>("bDefaults").click();
     const auto areDefaults = ElementsAre(RGB(0x9F, 0x9F, 0x9F), RGB(0xFF, 0, 0), RGB(0xFF, 0xFF, 0xFF), RGB(0, 0, 0));
     EXPECT_THAT(Clock(), areDefaults);
     EXPECT_THAT(Wells(), areDefaults);
     CloseBy(Qt::Key_Escape);
-    EXPECT_THAT(Clock(), ElementsAre(kBackground, kWedge, kFace, kFrame));
+    EXPECT_THAT(Clock(), kBefore);
 }
 
-TEST_F(PrefsTest, EachOpeningIsAnew) {
-    Pick("cWedge", kPicked);
-    End(Dialog());
-    EXPECT_EQ(Dialog().mWedge, kPicked);
-    EXPECT_EQ(Wells()[1], kPicked);
+TEST_F(PrefsTest, OkLeavesWhatShowsToTheNextOpening) {
+    Dialog().Find<SmartColorWell>("cWedge").setColor(RGB(10, 200, 30));
+    const auto chosen = Clock();
+    EXPECT_EQ(chosen[1], RGB(10, 200, 30));
+    CloseBy(Qt::Key_Return);
+    EXPECT_EQ(Wells(), chosen);
+    EXPECT_EQ(Dialog().mWedge, chosen[1]);
 }
 
 }  // namespace
