@@ -1,0 +1,126 @@
+#include <gmock/gmock.h>
+
+#include <QtGui/QTextBlock>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QTextEdit>
+
+#include "shell/AboutWindow.h"
+#include "shell/winHelp.h"
+#include "tests/support/TimerWindowTest.h"
+
+// The two windows that tell of the program.
+
+namespace {
+
+class InformationTest : public TimerWindowTest {
+  protected:
+    ~InformationTest() override {
+        End(AboutWindow::Instance());
+        End(winHelp::Instance());
+    }
+    static QFont FontOfLine(const QTextEdit& field, int number) {
+        QTextCursor cursor(field.document()->findBlockByNumber(number));
+        cursor.movePosition(QTextCursor::NextCharacter);
+        return cursor.charFormat().font();
+    }
+};
+
+TEST_F(InformationTest, TheGuideShowsFromItsFirstLineAndCanOnlyBeRead) {
+    Timer()._HelpHelp_Action();
+    auto& guide = WidgetNamed<QTextEdit>("EditField1");
+    const QString text = guide.toPlainText();
+    EXPECT_TRUE(text.startsWith("Dwindledial - Help\n\nContents") && !text.contains('<'));
+    EXPECT_EQ(guide.document()->blockCount(), 65);
+    const QFont title = FontOfLine(guide, 0), heading = FontOfLine(guide, 14), line = FontOfLine(guide, 15);
+    EXPECT_TRUE(title.bold() && title.pixelSize() == 14);
+    EXPECT_TRUE(heading.bold() && heading.italic() && heading.pixelSize() == 12);
+    EXPECT_FALSE(line.bold() || line.italic() || line.pixelSize() != 12);
+
+    for (const auto key : {Qt::Key_Delete, Qt::Key_X, Qt::Key_Return})
+        Press(guide, key, "x");
+    EXPECT_EQ(guide.toPlainText(), text);
+    QScrollBar& bar = *guide.verticalScrollBar();
+    EXPECT_EQ(bar.value(), 0);
+    Press(guide, Qt::Key_PageDown, "");
+    EXPECT_GT(bar.value(), 0);
+    const int place = bar.value(), lines = bar.maximum();
+    Timer()._HelpHelp_Action();
+    EXPECT_EQ(bar.value(), place) << "the window that is open comes forward as it is";
+
+    winHelp::Instance().Width(700);
+    winHelp::Instance().Height(300);
+    EXPECT_EQ(guide.geometry(), QRect(-1, -1, 702, 302));
+    EXPECT_LT(bar.maximum(), lines);
+    Press(guide, Qt::Key_Escape, "\x1b");
+    EXPECT_FALSE(guide.isVisible());
+}
+
+TEST_F(InformationTest, AboutTellsWhatTheProgramIsAndFollowsItsTwoLayouts) {
+    for (const bool hasCredits : {true, false, true}) {
+        SCOPED_TRACE(hasCredits);
+        AboutWindow::Instance().Show(hasCredits);
+        const int extent = hasCredits ? 148 : 0;
+        EXPECT_EQ(WidgetNamed("EditAppCredits").isVisible(), hasCredits);
+        if (hasCredits) EXPECT_EQ(WidgetNamed("EditAppCredits").geometry(), QRect(0, 132, 284, 140));
+        EXPECT_EQ(WidgetNamed("StatAppCopyright").geometry(), QRect(20, 132 + extent, 244, 32));
+        EXPECT_EQ(WidgetNamed("RBIconCanvas").geometry(), QRect(34, 176 + extent, 216, 30));
+        EXPECT_EQ(WidgetNamed("RBIconCanvas").window()->maximumSize(), QSize(284, 218 + extent));
+    }
+    EXPECT_EQ(WidgetNamed<QLabel>("StatAppName").text(), "Dwindledial");
+    EXPECT_EQ(WidgetNamed<QLabel>("StatAppVersion").text(), "Version 1.0.0 (1)");
+    EXPECT_EQ(WidgetNamed<QLabel>("StatAppCopyright").text().count('\n'), 1);
+    for (const auto& [label, size] : {std::pair("StatAppName", 14), {"StatAppVersion", 10}, {"StatAppCopyright", 10}})
+        EXPECT_EQ(WidgetNamed(label).font().pixelSize(), size) << "it doesn't fit";
+    auto& credits = WidgetNamed<QTextEdit>("EditAppCredits");
+    const QString text = credits.toPlainText();
+    EXPECT_THAT(text.toStdString(), testing::MatchesRegex("Author:\n      Tolvar Quennick\n      author@example.org\n"
+                                                          "      http://www.example.org\n\nDisclaimer:\n[^a-z\n<]+"));
+    AboutWindow::Instance().SetCreditsFieldText("<b>1 < 2</b>", false);
+    EXPECT_EQ(credits.toPlainText(), "<b>1 < 2</b>");
+    EXPECT_FALSE(FontOfLine(credits, 0).bold()) << "what showed before has left its style";
+    Timer()._HelpAbout_Action();
+    EXPECT_EQ(credits.toPlainText(), text);
+    EXPECT_TRUE(FontOfLine(credits, 0).bold());
+    EXPECT_EQ(FontOfLine(credits, 6).pixelSize(), 10);
+}
+
+TEST_F(InformationTest, TheVersionTellsItsStage) {
+    App& app = App::Instance();
+    app.MajorVersion(1), app.MinorVersion(2), app.BugVersion(3), app.NonReleaseVersion(45);
+    const char* const versions[] = {"1.2.3 (Dev. 45)", "1.2.3a (45)", "1.2.3b (45)", "1.2.3 (45)", "1.2.3"};
+    for (Int32 stage = 0; stage < 5; ++stage) {
+        app.StageCode(stage);
+        EXPECT_EQ(AboutWindow::VersionString(), versions[stage]);
+    }
+}
+
+TEST_F(InformationTest, TheBadgeLeadsToTheToolkitAndEscapeOutOfTheWindow) {
+    AboutWindow::Instance().Show(false);
+    host.calls.clear();
+    QWidget& badge = WidgetNamed("RBIconCanvas");
+    Mouse(QEvent::MouseButtonPress, badge, {215, 29});
+    EXPECT_THAT(host.calls, testing::ElementsAre("ShowURL https://www.qt.io"));
+    Press(*badge.window(), Qt::Key_A, "a");
+    EXPECT_TRUE(badge.isVisible());
+    Press(*badge.window(), Qt::Key_Escape, "\x1b");
+    EXPECT_FALSE(badge.isVisible());
+}
+
+TEST_F(InformationTest, ThePicturesAreTransparent) {
+    AboutWindow::Instance().Show(true);
+    for (const char* name : {"AppIconCanvas", "RBIconCanvas"}) {
+        QWidget& canvas = WidgetNamed(name);
+        const QPoint centre = canvas.rect().center();
+        for (const QColor ground : {Qt::green, Qt::blue}) {
+            QPalette colors;
+            colors.setColor(QPalette::Window, ground);
+            canvas.window()->setPalette(colors);
+            const QImage seen = canvas.window()->grab(QRect(canvas.pos(), canvas.size())).toImage();
+            EXPECT_EQ(seen.pixelColor(0, 0), ground) << name;
+            EXPECT_NE(seen.pixelColor(centre), ground) << name;
+        }
+    }
+}
+
+}  // namespace
