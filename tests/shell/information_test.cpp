@@ -62,7 +62,7 @@ TEST_F(InformationTest, AboutTellsWhatTheProgramIsAndFollowsItsTwoLayouts) {
         AboutWindow::Instance().Show(hasCredits);
         const int extent = hasCredits ? 148 : 0;
         EXPECT_EQ(WidgetNamed("EditAppCredits").isVisible(), hasCredits);
-        if (hasCredits) EXPECT_EQ(WidgetNamed("EditAppCredits").geometry(), QRect(0, 132, 284, 140));
+        EXPECT_EQ(WidgetNamed("EditAppCredits").height(), hasCredits ? 140 : 0);
         EXPECT_EQ(WidgetNamed("StatAppCopyright").geometry(), QRect(20, 132 + extent, 244, 32));
         EXPECT_EQ(WidgetNamed("RBIconCanvas").geometry(), QRect(34, 176 + extent, 216, 30));
         EXPECT_EQ(WidgetNamed("RBIconCanvas").window()->maximumSize(), QSize(284, 218 + extent));

@@ -100,7 +100,11 @@ TEST_F(MenuTest, CommandsGoToTheirHandlers) {
             WidgetNamed<QPushButton>(button).click();
         });
         untilItShows.start(1);
-        Choose(command);
+        QTimer::singleShot(0, qApp, [name = command] {
+            Choose(name);
+            QCoreApplication::exit();
+        });
+        QCoreApplication::exec();
         EXPECT_EQ(shown, title);
     }
     Choose("Ctrl+F");
