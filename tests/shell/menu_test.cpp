@@ -44,6 +44,12 @@ class MenuTest : public TimerWindowTest {
         QKeyEvent event(QEvent::ShortcutOverride, Qt::Key_R, Qt::ControlModifier);
         QCoreApplication::sendEvent(&Widget(), &event);
     }
+    /// The window of that title; nil when none shows.
+    static const QWidget* Showing(const QString& title) {
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible() && window->windowTitle() == title) return window;
+        return nullptr;
+    }
     static void Choose(const char* name) {
         PassBeforeShortcut();
         Items().at(name)->trigger();
@@ -88,24 +94,25 @@ TEST_F(MenuTest, CommandsGoToTheirHandlers) {
     for (const auto& [command, cancel, title, size] : {DialogRow{"Ctrl+T", "btnCancel", "Set Timer", {300, 74}},
                                                        DialogRow{"Ctrl+,", "bCancel", "Preferences", {368, 143}},
                                                        DialogRow{"Ctrl+M", "bCancel", "Create Movie", {400, 320}}}) {
-        QString shown;
+        bool hasShown = false;
         QTimer untilItShows;
-        QObject::connect(&untilItShows, &QTimer::timeout, [&, button = cancel, design = size] {
-            const QWidget* const dialog = QApplication::activeModalWidget();
+        QObject::connect(&untilItShows, &QTimer::timeout, [&, name = title, button = cancel, design = size] {
+            const QWidget* const dialog = Showing(name);
             if (!dialog) return;
             untilItShows.stop();
-            shown = dialog->windowTitle();
+            hasShown = true;
             const QPoint place(Timer().Left() + (441 - design.width()) / 2, Timer().Top() + 30);
             EXPECT_EQ(dialog->geometry(), QRect(place, design));
             WidgetNamed<QPushButton>(button).click();
         });
         untilItShows.start(1);
+        // Within an event loop of its own: after the end of the test before no other would begin.
         QTimer::singleShot(0, qApp, [name = command] {
             Choose(name);
             QCoreApplication::exit();
         });
         QCoreApplication::exec();
-        EXPECT_EQ(shown, title);
+        EXPECT_TRUE(hasShown);
     }
     Choose("Ctrl+F");
     EXPECT_TRUE(Timer().FullScreen());
@@ -113,7 +120,7 @@ TEST_F(MenuTest, CommandsGoToTheirHandlers) {
     EXPECT_EQ(WidgetNamed("EditField1").window()->windowTitle(), "Help");
     End(winHelp::Instance());
     Choose("About Dwindledial...");
-    EXPECT_EQ(WidgetNamed("EditAppCredits").window()->windowTitle(), "");
+    EXPECT_TRUE(WidgetNamed("EditAppCredits").isVisible());
     End(AboutWindow::Instance());
     host.calls.clear();
     Choose("Visit Website...");
