@@ -160,20 +160,19 @@ void WindowPeer::Zoom() {
     QMetaObject::invokeMethod(this, zoom, Qt::QueuedConnection);
 }
 
-bool WindowPeer::IsFullScreen() const {
-    return (fullScreen_ == FullScreen::Entering || fullScreen_ == FullScreen::On) && isFullScreen();
-}
+bool WindowPeer::IsFullScreen() const { return fullScreen_ == FullScreen::Entering || fullScreen_ == FullScreen::On; }
 
 // Not both states at once: at each change the toolkit would take the maximised one from the window and give it back, at
 // which a window manager may forget the size before.
 void WindowPeer::SetFullScreen(bool on) {
     zoomWaits_ = false;
     if (on == IsFullScreen()) return;
-    if (on) {
+    if (on && fullScreen_ == FullScreen::Off) {
         insideBeforeFullScreen_ = Inside();
         wasMaximised_ = isMaximized();
     }
     fullScreen_ = on ? FullScreen::Entering : FullScreen::Leaving;
+    sinceAsked_.start();
     setWindowState(on ? Qt::WindowFullScreen : StateBeforeFullScreen());
     Arrange();
 }
@@ -183,18 +182,25 @@ Qt::WindowState WindowPeer::StateBeforeFullScreen() const {
 }
 
 void WindowPeer::FrameChanged() {
-    if (fullScreen_ == FullScreen::Entering && isFullScreen()) fullScreen_ = FullScreen::On;
+    const bool isFilled = isFullScreen() && size() == screen()->size();
+    if (fullScreen_ == FullScreen::Entering && isFilled) fullScreen_ = FullScreen::On;
     if (fullScreen_ == FullScreen::Leaving && !isFullScreen()) fullScreen_ = FullScreen::Off;
 }
 
-void WindowPeer::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::WindowStateChange) {
-        if (fullScreen_ == FullScreen::On && !isFullScreen()) {  // the window manager has ended it
-            fullScreen_ = FullScreen::Off;
-            setWindowState(windowState() | StateBeforeFullScreen());
-        }
-        Arrange();
+// On the way into fullscreen and out of it, the window manager may for a while still answer what was asked for before.
+void WindowPeer::StateChanged() {
+    const bool isAsWanted = fullScreen_ == FullScreen::Off || isFullScreen() == IsFullScreen();
+    if (!isAsWanted && fullScreen_ != FullScreen::On && !sinceAsked_.hasExpired(2000)) {
+        setWindowState(IsFullScreen() ? Qt::WindowFullScreen : StateBeforeFullScreen());
+    } else if (!isAsWanted && IsFullScreen()) {  // the window manager has ended it
+        fullScreen_ = FullScreen::Off;
+        setWindowState(windowState() | StateBeforeFullScreen());
     }
+    Arrange();
+}
+
+void WindowPeer::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange) StateChanged();
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && blocker_) blocker_->activateWindow();
     QWidget::changeEvent(event);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 #include <functional>
@@ -77,6 +78,7 @@ class WindowPeer final : public QWidget {
     void ApplyFlags();
     void Centre();
     void FrameChanged();
+    void StateChanged();
     Qt::WindowState StateBeforeFullScreen() const;
     void Arrange();
 
@@ -95,6 +97,7 @@ class WindowPeer final : public QWidget {
     bool isClosed_ = false;
     bool zoomWaits_ = false;
     FullScreen fullScreen_ = FullScreen::Off;
+    QElapsedTimer sinceAsked_;
     QRect insideBeforeFullScreen_;
     bool wasMaximised_ = false;
     /// The window that lies over this one and takes its input, and the one that this lies over.
