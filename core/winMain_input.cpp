@@ -30,10 +30,7 @@ void winMain::Event_Close() {
 }
 
 bool winMain::Event_KeyDown(const std::string& key) {
-    constexpr Int32 kReturn = 13;
-    constexpr Int32 kEnter = 3;
-    constexpr Int32 kSpace = 32;
-    if (key != Chr(kReturn) && key != Chr(kEnter) && key != Chr(kSpace)) return false;
+    if (key != Chr(Keyboard::kReturn) && key != Chr(Keyboard::kEnter) && key != Chr(Keyboard::kSpace)) return false;
     ToggleTimer();
     return true;
 }

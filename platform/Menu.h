@@ -6,6 +6,9 @@
 #include "platform/Ref.h"
 #include "platform/Values.h"
 
+/// The commands that the toolkit itself carries out on the text field that has the focus.
+enum class EditCommands { None, Undo, Cut, Copy, Paste, Clear, SelectAll };
+
 /// An entry of a menu, or a menu itself. The program sets these values; a window that shows the menu reads them after
 /// each enabling pass.
 class MenuItem {
@@ -19,6 +22,8 @@ class MenuItem {
     Property<bool> AutoEnable = true;
     /// "Cmd+" and a key, where Cmd is Ctrl; empty for none.
     Property<std::string> KeyboardShortcut;
+    /// What the item does where no handler takes its command.
+    Property<EditCommands> EditCommand = EditCommands::None;
 
     void Enable() { enabled_ = true; }
     void Disable() { enabled_ = false; }

@@ -36,14 +36,14 @@ void MenuBar1::Untitled0() {
 
 void MenuBar1::Untitled1() {
     AddMenu("EditMenu", "&Edit");
-    AddItem("EditMenu", "EditUndo", true, "&Undo", "Cmd+Z");
+    AddEditItem("EditUndo", EditCommands::Undo, "&Undo", "Cmd+Z");
     AddSeparator("EditMenu", "UntitledMenu1");
-    AddItem("EditMenu", "EditCut", true, "Cu&t", "Cmd+X");
-    AddItem("EditMenu", "EditCopy", true, "&Copy", "Cmd+C");
-    AddItem("EditMenu", "EditPaste", true, "&Paste", "Cmd+V");
-    AddItem("EditMenu", "EditClear", true, "&Delete");
+    AddEditItem("EditCut", EditCommands::Cut, "Cu&t", "Cmd+X");
+    AddEditItem("EditCopy", EditCommands::Copy, "&Copy", "Cmd+C");
+    AddEditItem("EditPaste", EditCommands::Paste, "&Paste", "Cmd+V");
+    AddEditItem("EditClear", EditCommands::Clear, "&Delete");
     AddSeparator("EditMenu", "UntitledMenu0");
-    AddItem("EditMenu", "EditSelectAll", true, "Select &All", "Cmd+A");
+    AddEditItem("EditSelectAll", EditCommands::SelectAll, "Select &All", "Cmd+A");
 }
 
 void MenuBar1::Untitled2() {
@@ -75,6 +75,12 @@ template <class Item>
 void MenuBar1::AddItem(const std::string& menu, const std::string& name, bool autoEnable, const std::string& text,
                        const std::string& shortcut) {
     Child(menu)->Append(MakeItem<Item>(name, autoEnable, text, shortcut));
+}
+
+void MenuBar1::AddEditItem(const std::string& name, EditCommands command, const std::string& text,
+                           const std::string& shortcut) {
+    AddItem("EditMenu", name, true, text, shortcut);
+    Child(name)->EditCommand(command);
 }
 
 void MenuBar1::AddSeparator(const std::string& menu, const std::string& name) { AddItem(menu, name, true, "-"); }

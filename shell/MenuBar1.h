@@ -24,5 +24,7 @@ class MenuBar1 final : public MenuBar {
     template <class Item = MenuItem>
     void AddItem(const std::string& menu, const std::string& name, bool autoEnable, const std::string& text,
                  const std::string& shortcut = "");
+    void AddEditItem(const std::string& name, EditCommands command, const std::string& text,
+                     const std::string& shortcut = "");
     void AddSeparator(const std::string& menu, const std::string& name);
 };

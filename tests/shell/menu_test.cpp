@@ -114,6 +114,11 @@ TEST_F(MenuTest, CommandsGoToTheirHandlers) {
         QCoreApplication::exec();
         EXPECT_TRUE(hasShown);
     }
+    Timer().CurrentSeconds = 60;
+    FieldWindow::Instance().ShowWithin(Timer(), -1);
+    Choose("Ctrl+R");  // as a screen reader may, which gets past the dialog
+    EXPECT_FALSE(Timer().IsRunning);
+    FieldWindow::Instance().Close();
     Choose("Ctrl+F");
     EXPECT_TRUE(Timer().FullScreen());
     Choose("Help...");

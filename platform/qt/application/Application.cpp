@@ -13,6 +13,7 @@
 #include "platform/qt/application/Endings.h"
 #include "platform/qt/dialogs/DesktopHost.h"
 #include "platform/qt/events/EventBoundary.h"
+#include "platform/qt/events/Keys.h"
 #include "platform/qt/window/OpenWindows.h"
 #include "platform/qt/window/WindowPeer.h"
 
@@ -85,6 +86,7 @@ void RuntimeInit(char* program, const std::string& name, const std::string& desk
     QApplication::setQuitOnLastWindowClosed(false);
     new IconAfterFirstPaint(desktopId);
     InstallAccessibility();
+    InstallReturnForWindows();
     // A write beyond the largest size of a file shall just fail. To ignore the signal would be inherited by what is
     // launched from here.
     std::signal(SIGXFSZ, [](int) {});

@@ -1,3 +1,4 @@
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyle>
@@ -12,8 +13,10 @@ namespace {
 
 class ButtonWidget final : public QPushButton {
   public:
-    // Return presses the button that has the focus, as everywhere on the desktop.
-    ButtonWidget() { setAutoDefault(true); }
+    ButtonWidget() {
+        setFocusPolicy(Qt::TabFocus);  // a click leaves the keys where they are
+        connect(qApp, &QApplication::focusChanged, this, [this] { update(); });
+    }
 
     void SetCaption(const QString& caption) {
         setText(caption);
@@ -21,6 +24,12 @@ class ButtonWidget final : public QPushButton {
     }
 
   protected:
+    // One button looks like the default one: that which Return presses.
+    void initStyleOption(QStyleOptionButton* option) const override {
+        QPushButton::initStyleOption(option);
+        const bool isOtherFocused = !hasFocus() && qobject_cast<QPushButton*>(window()->focusWidget());
+        if (isOtherFocused) option->features &= ~QStyleOptionButton::DefaultButton;
+    }
     void resizeEvent(QResizeEvent*) override { Fit(); }
 
   private:

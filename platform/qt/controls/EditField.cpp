@@ -56,8 +56,8 @@ class FieldWidget final : public QLineEdit {
     bool Consumes(const QKeyEvent& event) {
         // Commands to somebody else; QLineEdit would take the key as typed.
         if (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) return true;
-        const std::string key = KeyText(event);
-        return !key.empty() && Deliver(owner_.KeyDown, key);
+        const std::optional<std::string> key = KeyText(event);
+        return key && Deliver(owner_.KeyDown, *key);
     }
 
     EditField& owner_;

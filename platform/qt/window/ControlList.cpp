@@ -80,15 +80,16 @@ void ControlList::FocusFirstField() const {
 }
 
 bool ControlList::PressButton(const std::string& key) const {
-    const bool isEscape = key == Chr(27);
-    if (!isEscape && key != Chr(13) && key != Chr(3)) return false;
+    const bool isEscape = key == Chr(Keyboard::kEscape);
+    if (!isEscape && key != Chr(Keyboard::kReturn) && key != Chr(Keyboard::kEnter)) return false;
+    const QWidget* focused = content_.window()->focusWidget();
+    auto* chosen = focused && !isEscape ? dynamic_cast<PushButton*>(Of(*focused)) : nullptr;
     for (RectControl* control : Seen()) {
         auto* button = dynamic_cast<PushButton*>(control);
-        if (!button || !(isEscape ? button->Cancel() : button->Default())) continue;
-        WidgetOf<QPushButton>(*button).click();
-        return true;
+        if (!chosen && button && (isEscape ? button->Cancel() : button->Default())) chosen = button;
     }
-    return false;
+    if (chosen) WidgetOf<QPushButton>(*chosen).click();
+    return chosen != nullptr;
 }
 
 void ControlList::FollowEdges(QSize before, QSize after) const {

@@ -27,7 +27,8 @@ class ControlList {
     void EndWorkers() const;
     void SetTabOrder() const;
     void FocusFirstField() const;
-    /// Presses the default button for Return and Enter, the cancel button for Escape. False: there is none to press.
+    /// Presses the cancel button for Escape; for Return and Enter the button that has the focus, else the default one.
+    /// False: there is none to press.
     bool PressButton(const std::string& key) const;
     void FollowEdges(QSize before, QSize after) const;
 

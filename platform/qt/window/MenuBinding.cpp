@@ -1,5 +1,6 @@
 #include "platform/qt/window/MenuBinding.h"
 
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <utility>
@@ -10,24 +11,40 @@
 
 namespace {
 
-// The standard commands of the Edit menu, carried out on the text field that has the focus.
-using Command = std::function<void(QLineEdit&)>;
+/// Escape closes it for good. Qt would leave the keys with the bar, where Return opens a menu again.
+class Menu final : public QMenu {
+  public:
+    using QMenu::QMenu;
 
-// QLineEdit's own del() goes on to the character behind the caret.
-void DeleteSelection(QLineEdit& field) {
-    if (field.hasSelectedText()) field.del();
-}
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        QMenu::keyPressEvent(event);
+        if (event->key() == Qt::Key_Escape) parentWidget()->clearFocus();
+    }
+};
 
-Command CommandOf(const std::string& itemName) {
-    static const std::map<std::string, Command> commands = {
-        {"EditUndo", &QLineEdit::undo},   {"EditCut", &QLineEdit::cut},   {"EditCopy", &QLineEdit::copy},
-        {"EditPaste", &QLineEdit::paste}, {"EditClear", DeleteSelection}, {"EditSelectAll", &QLineEdit::selectAll},
-    };
-    const auto command = commands.find(itemName);
-    return command == commands.end() ? nullptr : command->second;
-}
+bool IsQuit(const MenuItem& item) { return dynamic_cast<const QuitMenuItem*>(&item); }
 
 QLineEdit* FocusedField() { return dynamic_cast<QLineEdit*>(QApplication::focusWidget()); }
+
+void Edit(QLineEdit& field, EditCommands command) {
+    switch (command) {
+        case EditCommands::Undo:
+            return field.undo();
+        case EditCommands::Cut:
+            return field.cut();
+        case EditCommands::Copy:
+            return field.copy();
+        case EditCommands::Paste:
+            return field.paste();
+        case EditCommands::Clear:  // del() goes on to the character behind the caret
+            return field.hasSelectedText() ? field.del() : void();
+        case EditCommands::SelectAll:
+            return field.selectAll();
+        case EditCommands::None:
+            return;
+    }
+}
 
 }  // namespace
 
@@ -45,7 +62,8 @@ MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, const Handlers& hand
 }
 
 void MenuBinding::AddMenu(const MenuItem& menu) {
-    QMenu* widget = widget_->addMenu(QString::fromStdString(menu.Text()));
+    auto* widget = new Menu(QString::fromStdString(menu.Text()), widget_.get());
+    widget_->addMenu(widget);
     QObject::connect(widget, &QMenu::aboutToShow, widget, [this] { PassEnabling(); });
     for (const Ref<MenuItem>& item : menu.Children())
         AddItem(*widget, item);
@@ -63,6 +81,7 @@ void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
     QObject::connect(action, &QAction::triggered, action, [this, item] { Choose(*item); });
     // Of the window too: the shortcuts of a hidden menu bar are dead.
     window_.addAction(action);
+    if (IsQuit(*item)) quit_ = action;
     rows_.push_back({item, action});
 }
 
@@ -76,20 +95,21 @@ void MenuBinding::PassEnabling() {
 }
 
 bool MenuBinding::IsTaken(const MenuItem& item) const {
-    return handlers_.contains(item.Name()) || dynamic_cast<const QuitMenuItem*>(&item) ||
-           (CommandOf(item.Name()) && FocusedField());
+    return handlers_.contains(item.Name()) || IsQuit(item) ||
+           (item.EditCommand() != EditCommands::None && FocusedField());
 }
 
-// A command may come without a menu or a shortcut, from a screen reader, and then at any time.
+// A command may come without a menu or a shortcut, from a screen reader, and then at any time: under a dialog, which
+// nothing but quitting gets past.
 void MenuBinding::Choose(const MenuItem& item) {
     PassEnabling();
-    if (!item.Enabled() || !window_.isEnabled()) return;
+    if (!item.Enabled() || !(window_.isEnabled() || IsQuit(item))) return;
     if (const auto handler = handlers_.find(item.Name()); handler != handlers_.end()) {
         Deliver(handler->second);
-    } else if (dynamic_cast<const QuitMenuItem*>(&item)) {
+    } else if (IsQuit(item)) {
         open_windows::CloseAll();
-    } else if (const Command edit = CommandOf(item.Name()); edit && FocusedField()) {
-        edit(*FocusedField());
+    } else if (QLineEdit* field = FocusedField()) {
+        Edit(*field, item.EditCommand());
     }
 }
 

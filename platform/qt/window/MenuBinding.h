@@ -23,6 +23,8 @@ class MenuBinding {
 
     const Ref<MenuBar>& Bar() const { return bar_; }
     QMenuBar& Widget() { return *widget_; }
+    /// The command that quits, for the dialogs over the window to take as well; nil if the bar has none.
+    QAction* Quit() const { return quit_; }
 
     /// Settles anew which items are enabled and how they read. To be called before a shortcut is looked up; before a
     /// menu opens, it is done here.
@@ -46,4 +48,5 @@ class MenuBinding {
     const Handlers& handlers_;
     std::function<void()> enableItems_;
     std::vector<Row> rows_;
+    QAction* quit_ = nullptr;
 };

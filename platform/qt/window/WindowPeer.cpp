@@ -130,6 +130,7 @@ void WindowPeer::ShowOver(WindowPeer& parent) {
     blocked_ = &parent;
     parent.blocker_ = this;
     parent.setEnabled(false);
+    if (parent.menu_ && parent.menu_->Quit()) addAction(parent.menu_->Quit());
     winId();  // makes the window handle
     windowHandle()->setTransientParent(parent.windowHandle());
     show();
@@ -255,8 +256,8 @@ bool WindowPeer::event(QEvent* event) {
 }
 
 void WindowPeer::keyPressEvent(QKeyEvent* event) {
-    const std::string key = KeyText(*event);
-    if (key.empty() || IsRepeat(*event)) return event->ignore();
-    const bool isTaken = Deliver([&] { return owner_.Event_KeyDown(key); }) || controls_.PressButton(key);
+    const std::optional<std::string> key = KeyText(*event);
+    if (!key || IsRepeat(*event)) return event->ignore();
+    const bool isTaken = Deliver([&] { return owner_.Event_KeyDown(*key); }) || controls_.PressButton(*key);
     event->setAccepted(isTaken);
 }
