@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "platform/FolderItem.h"
 #include "platform/Host.h"
 #include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
@@ -40,12 +39,6 @@ void EditableMovie::SaveOnClose(bool value) { writer_->SaveOnClose(value); }
 Ref<QTVideoTrack> EditableMovie::NewVideoTrack(Int32 width, Int32 height, double frameRate) {
     if (!writer_->AddTrack(width, height, frameRate)) return nullptr;
     return MakeRef<QTVideoTrack>(writer_);
-}
-
-Ref<EditableMovie> FolderItem::CreateMovie() {
-    std::shared_ptr<MovieWriter> writer = MovieLibrary::Installed().Create(path_);
-    if (!writer) return nullptr;
-    return MakeRef<EditableMovie>(std::move(writer));
 }
 
 bool System::Quicktime::Installed() { return MovieLibrary::Installed().CanWrite(); }

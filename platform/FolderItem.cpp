@@ -6,7 +6,9 @@
 #include <sstream>
 #include <system_error>
 
+#include "platform/EditableMovie.h"
 #include "platform/Host.h"
+#include "platform/MovieLibrary.h"
 #include "platform/Text.h"
 
 namespace fs = std::filesystem;
@@ -18,6 +20,9 @@ bool IsPlainFile(const fs::path& path) {
     std::error_code ignored;
     return fs::is_regular_file(path, ignored);
 }
+
+/// Where the latest movie could be made; empty before the first.
+fs::path movieFolder;
 
 }  // namespace
 
@@ -58,29 +63,36 @@ bool FolderItem::Exists() const {
 void FolderItem::Delete() { unlink(path_.c_str()); }
 
 Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
-    if (!IsPlainFile(path_)) return nullptr;
-    std::ifstream file(path_, std::ios::binary);
-    if (!file) return nullptr;
+    std::ifstream file;
+    if (IsPlainFile(path_)) file.open(path_, std::ios::binary);
+    if (!file.is_open()) return Ref<TextInputStream>::Nil("the file " + path_.string() + " can't be read");
     return MakeRef<TextInputStream>(std::move(file));
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() {
-    if (Exists() && !IsPlainFile(path_)) return nullptr;
-    std::ofstream file(path_, std::ios::binary | std::ios::trunc);
-    if (!file) return nullptr;
+    std::ofstream file;
+    if (!Exists() || IsPlainFile(path_)) file.open(path_, std::ios::binary | std::ios::trunc);
+    if (!file.is_open()) return Ref<TextOutputStream>::Nil("the file " + path_.string() + " can't be written");
     return MakeRef<TextOutputStream>(std::move(file));
+}
+
+Ref<EditableMovie> FolderItem::CreateMovie() {
+    std::shared_ptr<MovieWriter> writer = MovieLibrary::Installed().Create(path_);
+    if (!writer) return nullptr;
+    movieFolder = path_.parent_path();
+    return MakeRef<EditableMovie>(std::move(writer));
 }
 
 void FolderItem::Launch(bool) const { Host::Current().Launch(path_); }
 
 Ref<FolderItem> GetSaveFolderItem(const std::string& filter, const std::string& defaultName) {
-    fs::path file = Host::Current().SaveFile(filter, defaultName);
+    fs::path file = Host::Current().SaveFile(filter, movieFolder / defaultName);
     if (file.empty()) return nullptr;
     return MakeRef<FolderItem>(std::move(file));
 }
 
 Ref<FolderItem> SpecialFolder::Preferences() {
     fs::path folder = Host::Current().PreferencesFolder();
-    if (folder.empty()) return nullptr;
+    if (folder.empty()) return Ref<FolderItem>::Nil("the folder for settings can't be made");
     return MakeRef<FolderItem>(std::move(folder));
 }

@@ -100,6 +100,6 @@ Ref<FolderItem> Preferences();
 
 }  // namespace SpecialFolder
 
-/// The file that the user chose in the desktop's dialog for saving, which offers `defaultName` and shows the files of
-/// `filter` (a FileType's text form). Nil when the user cancelled.
+/// The file that the user chose in the desktop's dialog for saving, which offers `defaultName` where the latest movie
+/// was made and shows the files of `filter` (a FileType's text form). Nil when the user cancelled.
 Ref<FolderItem> GetSaveFolderItem(const std::string& filter, const std::string& defaultName);

@@ -13,9 +13,11 @@ std::string ReadableName(const std::type_info& type) {
     return name ? name.get() : type.name();
 }
 
+std::string Text(const std::string& wanted) { return "NilObjectException: no " + wanted; }
+
 }  // namespace
 
-NilObjectException::NilObjectException(const std::type_info& type) : NilObjectException(ReadableName(type)) {}
+NilObjectException::NilObjectException(const std::type_info& type, const std::string& why)
+    : std::runtime_error(why.empty() ? Text(ReadableName(type)) : why + " (" + Text(ReadableName(type)) + ")") {}
 
-NilObjectException::NilObjectException(const std::string& wanted)
-    : std::runtime_error("NilObjectException: no " + wanted) {}
+NilObjectException::NilObjectException(const std::string& wanted) : std::runtime_error(Text(wanted)) {}

@@ -10,8 +10,8 @@
 /// Thrown when a reference that names no object is used as if it did.
 class NilObjectException : public std::runtime_error {
   public:
-    /// `type` is that of the object that was wanted; its name stands in what().
-    explicit NilObjectException(const std::type_info& type);
+    /// `type` is that of the object that was wanted; its name stands in what(), behind the reason if there is one.
+    explicit NilObjectException(const std::type_info& type, const std::string& why = "");
     explicit NilObjectException(const std::string& wanted);
 };
 
@@ -27,18 +27,26 @@ class Ref {
     template <class U>
     requires std::is_convertible_v<U*, T*> Ref(const Ref<U>& other) : object_(other.Shared()) {}
 
+    /// Nil, and why, in plain words, for the exception of whoever uses it all the same.
+    static Ref Nil(std::string why) {
+        Ref nil;
+        nil.why_ = std::make_shared<const std::string>(std::move(why));
+        return nil;
+    }
+
     T* operator->() const { return &**this; }
     T& operator*() const {
-        if (!object_) throw NilObjectException(typeid(T));
+        if (!object_) throw NilObjectException(typeid(T), why_ ? *why_ : "");
         return *object_;
     }
     explicit operator bool() const { return object_ != nullptr; }
-    bool operator==(const Ref&) const = default;
+    bool operator==(const Ref& other) const { return object_ == other.object_; }
 
     const std::shared_ptr<T>& Shared() const { return object_; }
 
   private:
     std::shared_ptr<T> object_;
+    std::shared_ptr<const std::string> why_;
 };
 
 template <class T, class... Arguments>

@@ -140,7 +140,7 @@ TEST_F(MakeMovieTest, RaisesWhatIsTooLowAndShowsIt) {
 TEST_F(MakeMovieTest, MakesOneMovieAfterTheOther) {
     Set("2", "10", false, true);
     ASSERT_TRUE(RunsToItsEnd());
-    EXPECT_THAT(host.calls, Contains("SaveFile video/quicktime (*.moov *.mov *.qt *.mqv), Dwindledial.mov"));
+    EXPECT_THAT(host.calls, Contains(HasSubstr("SaveFile video/quicktime (*.moov *.mov *.qt *.mqv), ")));
     EXPECT_THAT(host.calls, Contains("Launch " + host.fileToSave.string()));
     EXPECT_EQ(FrameCount(), 21);
     const std::string first = LoadText(host.fileToSave);
@@ -149,6 +149,7 @@ TEST_F(MakeMovieTest, MakesOneMovieAfterTheOther) {
     ASSERT_TRUE(RunsToItsEnd());
     EXPECT_THAT(host.calls, Not(Contains(HasSubstr("Launch"))));
     EXPECT_EQ(LoadText(host.fileToSave), first);
+    EXPECT_THAT(host.calls, Contains(HasSubstr(host.fileToSave.parent_path() / "Dwindledial.mov")));
 }
 
 TEST_F(MakeMovieTest, TheEstimateIsWithinAQuarterOfTheMovie) {
@@ -229,11 +230,12 @@ TEST_F(MakeMovieTest, WhatFailsBeforeTheJobLeavesNothingBehind) {
     host.isCompressionConfirmed = false;
     start("48");
     EXPECT_FALSE(std::filesystem::exists(host.fileToSave));
-    for (const char* name : {"", "no such folder/clock.mov"}) {
+    for (const char* name : {"no such folder/clock.mov", ""}) {
         host.fileToSave = host.preferencesFolder / name;
         start("48");
         EXPECT_EQ(std::filesystem::exists(host.fileToSave), *name == '\0') << "a folder is left alone";
     }
+    EXPECT_THAT(host.calls, Not(Contains(HasSubstr("no such folder")))) << "it is no place to begin the next time";
     EXPECT_THAT(host.messages, IsEmpty());
 }
 

@@ -55,8 +55,8 @@ class RecordingHost final : public Host {
         calls.push_back("DragText " + text);
     }
     void ShowURL(const std::string& url) override { calls.push_back("ShowURL " + url); }
-    std::filesystem::path SaveFile(const std::string& filter, const std::string& defaultName) override {
-        calls.push_back("SaveFile " + filter + ", " + defaultName);
+    std::filesystem::path SaveFile(const std::string& filter, const std::filesystem::path& proposal) override {
+        calls.push_back("SaveFile " + filter + ", " + proposal.string());
         return fileToSave;
     }
     void Launch(const std::filesystem::path& file) override { calls.push_back("Launch " + file.string()); }

@@ -7,6 +7,7 @@
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
+#include <QtCore/QMimeDatabase>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QUrl>
 #include <QtGui/QDesktopServices>
@@ -19,6 +20,24 @@
 #include "platform/qt/dialogs/CompressionDialog.h"
 #include "platform/qt/drawing/Pixels.h"
 #include "platform/qt/drawing/Styles.h"
+
+namespace {
+
+int Ask(QWidget* parent, const QString& title, const QString& text, QMessageBox::StandardButtons answers) {
+    QMessageBox box(QMessageBox::NoIcon, title, text, answers, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec();
+}
+
+/// The text form of a file type whose name is a MIME type, with the words for it that desktops show.
+QString Readable(const QString& filter) {
+    const QString name = filter.section(QStringLiteral(" ("), 0, 0);
+    const QMimeType type = QMimeDatabase().mimeTypeForName(name);
+    return type.isValid() ? type.comment() + filter.mid(name.size()) : filter;
+}
+
+}  // namespace
 
 DesktopHost::DesktopHost(std::string applicationId, std::string name, std::filesystem::path alertSound)
     : applicationId_(std::move(applicationId)),
@@ -42,11 +61,7 @@ void DesktopHost::Beep() {
 }
 
 void DesktopHost::MsgBox(const std::string& text) {
-    QMessageBox box(QApplication::activeWindow());
-    box.setWindowTitle(QApplication::applicationName());
-    box.setTextFormat(Qt::PlainText);
-    box.setText(QString::fromStdString(text));
-    box.exec();
+    Ask(QApplication::activeWindow(), QApplication::applicationName(), QString::fromStdString(text), QMessageBox::Ok);
 }
 
 bool DesktopHost::SelectColor(Color& color, const std::string& prompt) {
@@ -71,21 +86,29 @@ void DesktopHost::ShowURL(const std::string& url) {
     QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(url)));
 }
 
-std::filesystem::path DesktopHost::SaveFile(const std::string& filter, const std::string& defaultName) {
-    if (saveFolder_.empty()) {
-        saveFolder_ = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation).toStdString();
-    }
-    QFileDialog dialog(QApplication::activeWindow());
+// Whether to replace a file is asked here: some desktops' dialogs ask before the ending is added, which is too early.
+std::filesystem::path DesktopHost::SaveFile(const std::string& filter, const std::filesystem::path& proposal) {
+    const QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
+    QWidget* const window = QApplication::activeWindow();
+    QFileDialog dialog(window, QStringLiteral("Save As"));  // a title that not every desktop's has by itself
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(QString::fromStdString(filter));
-    dialog.setDirectory(QString::fromStdString(saveFolder_.string()));
-    dialog.selectFile(QString::fromStdString(defaultName));
-    // For a name without an ending; one that has an ending keeps it.
-    dialog.setDefaultSuffix(QFileInfo(QString::fromStdString(defaultName)).suffix());
-    if (dialog.exec() != QDialog::Accepted) return {};
-    std::filesystem::path chosen = dialog.selectedFiles().constFirst().toStdString();
-    saveFolder_ = chosen.parent_path();
-    return chosen;
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setNameFilter(Readable(QString::fromStdString(filter)));
+    std::filesystem::path file = proposal;
+    int answer = QMessageBox::No;
+    while (answer == QMessageBox::No) {
+        dialog.setDirectory(file.has_parent_path() ? QString::fromStdString(file.parent_path()) : movies);
+        dialog.selectFile(QString::fromStdString(file.filename()));
+        if (dialog.exec() != QDialog::Accepted) return {};
+        file = dialog.selectedFiles().constFirst().toStdString();
+        if (file.filename().string().find('.') == std::string::npos) file += proposal.extension();
+        const QFileInfo chosen(QString::fromStdString(file));
+        if (!chosen.exists()) return file;
+        answer = Ask(window, QStringLiteral("Replace File"),
+                     QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(chosen.fileName()),
+                     QMessageBox::No | QMessageBox::Yes);
+    }
+    return answer == QMessageBox::Yes ? file : std::filesystem::path();
 }
 
 void DesktopHost::Launch(const std::filesystem::path& file) {

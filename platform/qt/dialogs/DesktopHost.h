@@ -20,7 +20,7 @@ class DesktopHost final : public Host {
     bool SelectColor(Color& color, const std::string& prompt) override;
     void DragText(const std::string& text, const Ref<Picture>& picture, int x, int y) override;
     void ShowURL(const std::string& url) override;
-    std::filesystem::path SaveFile(const std::string& filter, const std::string& defaultName) override;
+    std::filesystem::path SaveFile(const std::string& filter, const std::filesystem::path& proposal) override;
     void Launch(const std::filesystem::path& file) override;
     void InhibitScreenSaver() override;
     void ReleaseScreenSaver() override;
@@ -30,8 +30,6 @@ class DesktopHost final : public Host {
                                    CompressionSettings& settings) override;
 
   private:
-    /// Where the user saved last in this run; empty before the first time.
-    std::filesystem::path saveFolder_;
     std::string applicationId_;
     std::string name_;
     std::filesystem::path alertSoundFile_;

@@ -58,10 +58,18 @@ void ReportUncaught() {
     if (!IsNew(text)) return;
     Print(text);
     QMetaObject::invokeMethod(
-        qApp, [text] { Deliver([&] { MsgBox(text); }); }, Qt::QueuedConnection);
+        qApp,
+        [text] {
+        const std::string name = QCoreApplication::applicationName().toStdString();
+        Deliver(
+            [&] { MsgBox(text + ".
+
+" + name + " goes on."); });
+            },
+            Qt::QueuedConnection);
 }
 
 void QuitOnUncaught() {
-    Print(Describe());
-    Quit(1);
+        Print(Describe());
+        Quit(1);
 }
