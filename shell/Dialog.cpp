@@ -45,8 +45,7 @@ KeyVerdict JudgeKey(EditField& field, const std::string& key, Int32 highest) {
 }
 
 bool CloseOnEscape(Window& window, const std::string& key) {
-    constexpr Int32 kEscape = 27;
-    if (key != Chr(kEscape)) return false;
+    if (key != Chr(Keyboard::kEscape)) return false;
     window.Close();
     return true;
 }

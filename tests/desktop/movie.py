@@ -31,9 +31,12 @@ class MovieDialog(Dialog):
             self.desktop.key("ctrl+a", *text, "Tab")
 
     def start(self, name="", compression=()):
-        """Start and the dialogs after it, by keys; `compression` are those for the second. Gives the file."""
         self.wait_for_keys()
         self.desktop.key("Return")
+        return self.save(name, compression)
+
+    def save(self, name="", compression=()):
+        """The dialogs after Start, by keys; `compression` are those for the second. Gives the file."""
         Dialog(self.timer, "Save As")
         self.desktop.key(*name, "Return")
         if compression:

@@ -4,11 +4,12 @@ import os
 import pathlib
 import signal
 import tempfile
-import time
 from unittest import mock
 
 from movie import MovieDialog, probe
 from timer import DesktopTest, Dialog, main
+
+KEY_TAKING_THEME = {"QT_QPA_PLATFORMTHEME": "gnome"}  # its boxes and groups would have Return for themselves
 
 
 def libraries(timer):
@@ -18,20 +19,25 @@ def libraries(timer):
 class MovieTest(DesktopTest):
     def test_the_whole_road(self):
         opened = self.catch_opened_files()
-        timer = self.launch()
-        timer.choose("f", "Escape", "Escape")
+        timer = self.launch(environment=KEY_TAKING_THEME)
+        timer.choose("f", "Escape")
         self.assertNotIn("libav", libraries(timer), "the start has waited for them")
         dialog = MovieDialog(timer)
         self.assertIn("libav", libraries(timer))
         dialog.enter(3, 48, 33, 10)
         self.desktop.key("space", "Tab", "space")  # no compression dialog; open the movie
-        movie = dialog.start()
+        movie = dialog.start("first.mov")
         self.assertEqual(dialog.wait_finished(movie), ("rawvideo", 48, 33, 31))
         self.wait_until(opened.exists, "the movie is opened")
         self.assertEqual(opened.read_text().strip(), movie.as_uri())
 
         self.desktop.key("alt+F4", "space", "shift+Tab", "space")  # it stays open; the other way round
-        movie = dialog.start("second.mov", compression=["alt+t", "Down", "alt+f", "2", "0", "Return"])
+        dialog.start("first")
+        question = Dialog(timer, "Replace File")
+        self.assertEqual(probe(movie)[-1], 31, "it is overwritten before the answer")
+        self.desktop.key("Return")  # no
+        question.wait_gone()
+        movie = dialog.save("second.mov", compression=["alt+t", "Down", "alt+f", "2", "0", "Return"])
         self.assertEqual(dialog.wait_finished(movie), ("hevc", 48, 33, 61))
         self.assertNotIn("second", opened.read_text())
         self.desktop.key("Escape")
@@ -47,34 +53,21 @@ class MovieTest(DesktopTest):
         self.stack.enter_context(mock.patch.dict(os.environ, PATH=path, BROWSER="", XDG_CURRENT_DESKTOP=""))
         return folder / "opened"
 
-    def test_cancel_in_a_dialog_leaves_no_file(self):
-        dialog = MovieDialog(self.launch())
-        self.desktop.key("Return")
-        save = Dialog(dialog.timer, "Save As")
-        self.desktop.key("Escape")
-        save.wait_gone()
-        dialog.start(compression=["Escape"])
-        self.wait_until(lambda: not list(dialog.movies.iterdir()), "the file has gone again")
-        dialog.wait_idle()
-
     def test_the_end_of_the_program_keeps_what_has_been_made(self):
-        ways = {
+        for name, leave in {
             "signal": lambda timer: timer.process.send_signal(signal.SIGTERM),
             "task bar": lambda timer: self.desktop.ask("_NET_CLOSE_WINDOW", timer.window),
-        }
-        for name, leave in ways.items():
+            "command": lambda timer: self.desktop.key("ctrl+q"),
+        }.items():
             with self.subTest(name):
                 timer = self.launch()
                 dialog = MovieDialog(timer)
                 dialog.enter(3600, 320, 240, 30)
                 movie = dialog.start(compression=["Return"])
                 self.wait_until(lambda: movie.exists() and movie.stat().st_size > 100_000, "there are frames")
-                begin = time.monotonic()
                 leave(timer)
                 self.assertEqual(timer.end(), (0, ""))
-                self.assertLess(time.monotonic() - begin, 2)
-                frames = probe(movie)[-1]
-                self.assertTrue(1 < frames < 108_001, frames)
+                self.assertIn(probe(movie)[-1], range(2, 108_001))
 
 
 if __name__ == "__main__":

@@ -2,60 +2,41 @@
 
 from timer import DesktopTest, SetTimer, main
 
+# The keys in the dialog, which shows what was set before, and the time on the clock after it.
+ROADS = (
+    (["Escape", "5", "Return"], 5, 33),  # Escape does nothing
+    (["6", "KP_Enter"], 6, 33),
+    (["7", "Tab", "Tab", "shift+Tab", "3", "0", "Return"], 7, 30),  # by way of a button
+    (["8", "Tab", "Tab", "Tab", "Return"], 7, 30),  # on Cancel
+    (["9", "alt+F4"], 7, 30),
+)
+
 
 class SetTimerTest(DesktopTest):
-    def setUp(self):
-        super().setUp()
-        self.timer = self.launch()
-        self.timer.arrange(20, 40, 1200, 720)
-
-    def wait_for_time(self, time):
-        minutes, seconds = map(int, time.split(":"))
-        self.wait_until(lambda: self.timer.seconds() == 60 * minutes + seconds, f"the wedge shows {time}")
-
-    def test_the_set_time_is_offered_again_not_what_remains(self):
-        self.timer.set_time(12, 34)
+    def test_the_whole_road(self):
+        timer = self.launch()
+        timer.arrange(20, 40, 1200, 720)
+        timer.set_time(12, 34)
         self.desktop.key("space")
-        self.wait_for_time("12:33")
+        self.wait_for_time(timer, 12, 33)
         self.desktop.key("space")
-        SetTimer(self.timer).close(SetTimer.MINUTES_UP, SetTimer.SECONDS_DOWN, SetTimer.SET)
-        self.wait_for_time("13:33")
 
-    def test_typing_replaces_the_minutes_and_each_enter_key_sets(self):
-        for minutes, key in (("5", "Return"), ("6", "KP_Enter")):
-            self.timer.set_time(12, 34)
-            dialog = SetTimer(self.timer)
-            self.desktop.key("Escape", minutes, key)  # the first does nothing
-            dialog.wait_closed()
-            self.wait_for_time(f"{minutes}:34")
+        dialog = SetTimer(timer)
+        left, top, width, _ = self.desktop.place(timer.window)
+        self.assertEqual(self.desktop.place(dialog.window), (left + (width - 300) // 2, top + 30, 300, 74))
+        timer.click(18, 18)  # the timer takes no input behind the dialog
+        dialog.close(SetTimer.MINUTES_UP, SetTimer.SECONDS_DOWN, SetTimer.SET)
+        self.wait_for_time(timer, 13, 33)
+        for keys, minutes, seconds in ROADS:
+            with self.subTest(keys):
+                dialog = SetTimer(timer)
+                self.desktop.key(*keys)
+                dialog.wait_closed()
+                self.wait_for_time(timer, minutes, seconds)
+        self.assert_stopped(timer)
 
-    def test_leaving_by_cancel_or_the_close_button_sets_nothing(self):
-        self.timer.set_time(12, 34)
-        dialog = SetTimer(self.timer)
-        dialog.enter("20", "10")
-        dialog.close(SetTimer.CANCEL)
-        dialog = SetTimer(self.timer)
-        dialog.enter("20", "10")
-        self.desktop.key("alt+F4")
-        dialog.wait_closed()
-        self.desktop.key("space")
-        self.wait_for_time("12:33")
-        self.desktop.key("space")
-        SetTimer(self.timer).close(SetTimer.SET)
-        self.wait_for_time("12:34")
-
-    def test_the_timer_takes_no_input_behind_the_dialog(self):
-        self.timer.set_time(12, 34)
-        dialog = SetTimer(self.timer)
-        self.timer.click(18, 18)
-        dialog.close(SetTimer.CANCEL)
-        self.assert_stopped(self.timer)
-
-    def test_it_opens_below_the_menu_bar_in_the_middle(self):
-        left, top, width, _ = self.desktop.place(self.timer.window)
-        place = self.desktop.place(SetTimer(self.timer).window)
-        self.assertEqual(place, (left + (width - 300) // 2, top + 30, 300, 74))
-
+    def wait_for_time(self, timer, minutes, seconds):
+        self.wait_until(lambda: timer.seconds() == 60 * minutes + seconds, f"the wedge shows {minutes}:{seconds}")
 
 
 if __name__ == "__main__":

@@ -124,6 +124,7 @@ TEST_F(SetTimerTest, SetTakesWhatTheFieldsHoldAndTheNextOpeningShowsIt) {
         EXPECT_EQ(Shown(), reopened);
     }
     Put("12:34");
+    WidgetNamed("btnCancel").setFocus();
     QTest::keyClick(&WidgetNamed("btnCancel"), Qt::Key_Return);
     EXPECT_TRUE(WidgetNamed("cvTime").isEnabled());
     EXPECT_EQ(Timer().CurrentSeconds, kLowest);

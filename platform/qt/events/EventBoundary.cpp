@@ -60,16 +60,13 @@ void ReportUncaught() {
     QMetaObject::invokeMethod(
         qApp,
         [text] {
-        const std::string name = QCoreApplication::applicationName().toStdString();
-        Deliver(
-            [&] { MsgBox(text + ".
-
-" + name + " goes on."); });
-            },
-            Qt::QueuedConnection);
+            const std::string name = QCoreApplication::applicationName().toStdString();
+            Deliver([&] { MsgBox(text + ".\n\n" + name + " goes on."); });
+        },
+        Qt::QueuedConnection);
 }
 
 void QuitOnUncaught() {
-        Print(Describe());
-        Quit(1);
+    Print(Describe());
+    Quit(1);
 }
