@@ -173,8 +173,10 @@ TEST_F(TimerSettingsTest, TheColoursAreKeptFromTheFirstRunOn) {
 
 // A message comes once in the life of a process; no other test here provokes these two.
 TEST_F(TimerSettingsTest, WhereNothingCanBeStoredItRunsOnTheDefaults) {
-    for (const auto& [folder, missing] :
-         {std::pair(host.preferencesFolder / "missing", "TextOutputStream"), {std::filesystem::path(), "FolderItem"}}) {
+    const std::filesystem::path missing = host.preferencesFolder / "missing";
+    for (const auto& [folder, fault] :
+         {std::pair(missing, "the file " + (missing / "DwindledialPrefs.plist").string() + " can't be written"),
+          {{}, "the folder for settings can't be made"}}) {
         host.preferencesFolder = folder;
         host.messages.clear();
         EXPECT_EQ(Shown(), defaults);
@@ -182,7 +184,7 @@ TEST_F(TimerSettingsTest, WhereNothingCanBeStoredItRunsOnTheDefaults) {
         EXPECT_TRUE(Timer().IsRunning && Timer().Visible());
         QCoreApplication::processEvents();
         EXPECT_EQ(StatusAfterClose(), 1);
-        EXPECT_THAT(host.messages, ElementsAre(testing::HasSubstr(missing)));
+        EXPECT_THAT(host.messages, ElementsAre(testing::HasSubstr(fault)));
     }
 }
 
