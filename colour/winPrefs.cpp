@@ -12,23 +12,22 @@ namespace {
 /// One of the four colours: its well, the label beside it, and where the colour is kept.
 struct Role {
     std::string_view well;
-    Int32 left, top, tabIndex;
+    Int32 left, top, tabIndex, labelTabIndex;
     const char* label;
     const char* text;
-    Int32 labelTabIndex;
     void (winPrefs::*changed)(Color);
     Color winPrefs::*before;
     Color ClockColours::*onClock;
 };
 
 constexpr Role kRoles[] = {
-    {"cBackground", 20, 14, 0, "StaticText1", "Background", 5, &winPrefs::cBackground_ColorChange,
+    {"cBackground", 20, 14, 0, 5, "StaticText1", "Background", &winPrefs::cBackground_ColorChange,
      &winPrefs::mBackground, &ClockColours::Color_Window_Background},
-    {"cWedge", 187, 52, 2, "StaticText3", "Wedge", 7, &winPrefs::cWedge_ColorChange, &winPrefs::mWedge,
+    {"cWedge", 187, 52, 2, 7, "StaticText3", "Wedge", &winPrefs::cWedge_ColorChange, &winPrefs::mWedge,
      &ClockColours::Color_Clock_Wedge},
-    {"cFace", 20, 52, 1, "StaticText2", "Face", 6, &winPrefs::cFace_ColorChange, &winPrefs::mFace,
+    {"cFace", 20, 52, 1, 6, "StaticText2", "Face", &winPrefs::cFace_ColorChange, &winPrefs::mFace,
      &ClockColours::Color_Clock_Face},
-    {"cFrame", 187, 14, 11, "StaticText6", "Frame", 10, &winPrefs::cFrame_ColorChange, &winPrefs::mFrame,
+    {"cFrame", 187, 14, 11, 10, "StaticText6", "Frame", &winPrefs::cFrame_ColorChange, &winPrefs::mFrame,
      &ClockColours::Color_Clock_Frame},
 };
 

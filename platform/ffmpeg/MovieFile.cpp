@@ -169,7 +169,7 @@ void MovieFile::Finish() {
 }
 
 std::int64_t MovieFile::RoomForHeader() const {
-    constexpr int kIndexWithoutFrames = 1536;
+    constexpr std::int64_t kIndexWithoutFrames = 1536;
     return (isFragmented_ ? 2 : 1) * (kIndexWithoutFrames + stream_->codecpar->extradata_size);
 }
 
