@@ -107,7 +107,10 @@ TEST_F(ColorWellTest, LooksRaisedPressedAndDimmed) {
     ExpectLook(widget, Look::Pale);
     well.AlsoDimColor = false;
     window.Find<GroupBox>("group").Enabled(true);
-    QApplication::setActiveWindow(nullptr);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(Eventually([this] { return !widget.isActiveWindow(); }));
     ExpectLook(widget, Look::Pale);
     host.picking = [this](Color) { ExpectLook(widget, Look::Raised); };
     well.pickColor();
