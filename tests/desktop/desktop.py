@@ -143,7 +143,8 @@ class Desktop:
     # Windows
 
     def property(self, name, window=None):
-        found = (window or self.root).get_full_property(self.display.get_atom(name), X.AnyPropertyType)
+        # In one request: the property may change between two.
+        found = (window or self.root).get_property(self.display.get_atom(name), X.AnyPropertyType, 0, 1 << 20)
         return list(found.value) if found else []
 
     def windows(self):

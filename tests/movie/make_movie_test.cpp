@@ -67,10 +67,10 @@ class MakeMovieTest : public TimerWindowTest {
         return Eventually([] { return Progress().Value() > 20; });
     }
 
-    /// The number of samples, as the table of their sizes begins.
+    /// The number of samples, as the table of their sizes begins; the last one, where the file was readable before.
     Int32 FrameCount() const {
         const std::string movie = LoadText(host.fileToSave);
-        const std::size_t count = movie.find("stsz") + 12;
+        const std::size_t count = movie.rfind("stsz") + 12;
         Int32 frames = 0;
         for (std::size_t i = count; i < count + 4; ++i)
             frames = frames << 8 | static_cast<unsigned char>(movie.at(i));

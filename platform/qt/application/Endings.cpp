@@ -26,16 +26,13 @@ void HearWhileStarting(QtMsgType type, const QMessageLogContext& context, const 
 std::function<void()> saveOnce;
 QtMessageHandler print = nullptr;
 
-// A warning is all that is heard of it while the toolkit is still whole, on X11 and on Wayland.
+// A warning is all that is heard of it while the toolkit is still whole, on X11 and on Wayland. The process ends here,
+// since the event loop, from which this comes, can't be left any more.
 void HearOfLostDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     print(type, context, text);
-    const bool isLost = text.contains(QStringLiteral("connection broke"));
-    if (const auto save = isLost ? std::exchange(saveOnce, nullptr) : nullptr) save();
-}
-
-// What the process has of its own would be taken apart under the event loop, which is still running.
-void EndAtOnce() {
-    if (QCoreApplication::instance()) std::_Exit(EXIT_FAILURE);
+    if (!saveOnce || !text.contains(QStringLiteral("connection broke"))) return;
+    std::exchange(saveOnce, nullptr)();
+    std::_Exit(EXIT_FAILURE);
 }
 
 /// Where the signal handler, which may do next to nothing, tells the event loop.
@@ -64,7 +61,6 @@ std::unique_ptr<QApplication> MakeToolkit(char* program, const std::string& name
 void OnLostDisplay(std::function<void()> save) {
     saveOnce = std::move(save);
     print = qInstallMessageHandler(HearOfLostDisplay);
-    std::atexit(EndAtOnce);
 }
 
 EndSignals::EndSignals(std::function<void()> asked)

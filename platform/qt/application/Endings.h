@@ -14,7 +14,7 @@
 /// status 1 and one line on standard error, which begins with `name`.
 std::unique_ptr<QApplication> MakeToolkit(char* program, const std::string& name);
 
-/// Runs `save` when the display is lost, before the toolkit ends the process where it stands, with status 1. Wants the
+/// Runs `save` when the display is lost, then ends the process where it stands, with status 1. Wants the
 /// application object; once.
 void OnLostDisplay(std::function<void()> save);
 
