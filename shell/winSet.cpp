@@ -30,7 +30,6 @@ void winSet::Layout() {
     MinSize(64, 64);
     Width(300);
     Height(74);
-    MinimizeButton(true);
     MaximizeButton(false);
 }
 

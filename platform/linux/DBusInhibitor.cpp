@@ -5,7 +5,9 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
+#include <QDBusServiceWatcher>
 #include <QVariantMap>
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
@@ -105,13 +107,18 @@ void Call(const QDBusMessage& call, const std::function<void(const QDBusMessage&
 class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
   public:
     Run(const std::string& applicationId, const std::string& reason)
-        : application_(QString::fromStdString(applicationId)), reason_(QString::fromStdString(reason)) {}
+        : application_(QString::fromStdString(applicationId)), reason_(QString::fromStdString(reason)) {
+        owners_.setConnection(QDBusConnection::sessionBus());
+        QObject::connect(&owners_, &QDBusServiceWatcher::serviceOwnerChanged, &owners_,
+                         [this](const QString& name, const QString&, const QString& owner) { Came(name, owner); });
+    }
 
     void Ask(const Service& service) {
         // The portal speaks for others and may have to be started. What it grants is known to nobody else.
         if (service.protocol == Service::Protocol::Portal) return AskOwner(service, service.name);
         // A saver that isn't running needs no holding off. Another is asked by its owner's own name, so that no release
         // reaches a successor, to whom the number would mean something else.
+        owners_.addWatchedService(service.name);
         auto call = QDBusMessage::createMethodCall(kBus, kBusPath, kBus, u"GetNameOwner"_s);
         call << QString(service.name);
         Call(call, [run = shared_from_this(), &service](const QDBusMessage& answer) {
@@ -127,6 +134,13 @@ class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
     }
 
   private:
+    /// One that begins, or begins again, in the midst of a run knows nothing of it.
+    void Came(const QString& name, const QString& owner) {
+        const auto service =
+            std::find_if(kServices.begin(), kServices.end(), [&](const auto& s) { return s.name == name; });
+        if (!hasEnded_ && !owner.isEmpty()) AskOwner(*service, owner);
+    }
+
     void AskOwner(const Service& service, const QString& owner) {
         auto call = QDBusMessage::createMethodCall(owner, service.path, service.interface, u"Inhibit"_s);
         call.setArguments(Arguments(service.protocol, application_, reason_));
@@ -139,6 +153,7 @@ class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
 
     const QString application_;
     const QString reason_;
+    QDBusServiceWatcher owners_;
     bool hasEnded_ = false;
     /// The calls that give back all that is granted.
     std::vector<QDBusMessage> releases_;
