@@ -1,17 +1,14 @@
 """A desktop of its own for a test: an X server in memory, a window manager, real keys and a real pointer."""
 
 import contextlib
-import mmap
 import os
 import pathlib
-import random
 import signal
-import struct
 import subprocess
 import tempfile
 import time
-import zlib
 
+from PIL import ImageGrab
 from Xlib import X, XK, display, error, protocol
 from Xlib.ext import xtest
 
@@ -23,48 +20,6 @@ def start(stack, command, end_by=signal.SIGKILL, **options):
     process = stack.enter_context(subprocess.Popen(command, stdin=subprocess.DEVNULL, **options))
     stack.callback(process.send_signal, end_by)
     return process
-
-
-def wait_until(condition, what, meanwhile=lambda: None, timeout=20):
-    deadline = time.monotonic() + timeout
-    while not (result := condition()):
-        if time.monotonic() > deadline:
-            raise AssertionError(f"not within {timeout} s: {what}")
-        meanwhile()
-        time.sleep(0.01)
-    return result
-
-
-class Picture:
-    """Pixels of the screen: rows of bytes, four to a pixel: blue, green, red and nothing."""
-
-    def __init__(self, rows):
-        self.rows = rows
-        self.width, self.height = len(rows[0]) // 4, len(rows)
-
-    def at(self, x, y):
-        """0xRRGGBB"""
-        return int.from_bytes(self.rows[y][4 * x : 4 * x + 3], "little")
-
-    def crop(self, left, top, width, height):
-        return Picture([row[4 * left : 4 * (left + width)] for row in self.rows[top : top + height]])
-
-    def places(self, colour):
-        """Where a colour is: (x, y) of each of its pixels."""
-        return [(x, y) for y in range(self.height) for x in range(self.width) if self.at(x, y) == colour]
-
-    def save(self, path):
-        """As a PNG."""
-        lines = bytearray()
-        for row in self.rows:
-            pixels = bytearray(3 * self.width)
-            pixels[0::3], pixels[1::3], pixels[2::3] = row[2::4], row[1::4], row[0::4]
-            lines += b"\0" + pixels
-        header = struct.pack(">2I5B", self.width, self.height, 8, 2, 0, 0, 0)
-        with open(path, "wb") as file:
-            file.write(b"\x89PNG\r\n\x1a\n")
-            for kind, data in (b"IHDR", header), (b"IDAT", zlib.compress(lines)), (b"IEND", b""):
-                file.write(struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data)))
 
 
 class Desktop:
@@ -85,22 +40,16 @@ class Desktop:
 
     def start_server(self, stack):
         """With a number given: a server that looks for a free one may take the socket of another."""
+        self.name = f":{100 + os.getpid() % 50000}"
         log = self.home / "server.log"
-        for number in random.sample(range(100, 50000), 5):
-            reader, writer = os.pipe()
-            screen = ["-screen", "0", "{}x{}x24".format(*self.size), "-fbdir", self.home]
-            command = ["Xvfb", f":{number}", "-displayfd", f"{writer}", "-nolisten", "tcp", *screen]
-            with log.open("w") as errors:
-                start(stack, command, end_by=signal.SIGTERM, pass_fds=[writer], stderr=errors)
-            os.close(writer)
-            with open(reader) as answer:
-                if answer.readline():
-                    break
-        else:
-            raise AssertionError("the X server has not started: " + " ".join(log.read_text().split()))
-        self.name = f":{number}"
-        with open(self.home / "Xvfb_screen0", "rb") as file:
-            self.memory = stack.enter_context(mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ))
+        reader, writer = os.pipe()
+        screen = "{}x{}x24".format(*self.size)
+        command = ["Xvfb", self.name, "-displayfd", f"{writer}", "-nolisten", "tcp", "-screen", "0", screen]
+        with log.open("w") as errors:
+            start(stack, command, end_by=signal.SIGTERM, pass_fds=[writer], stderr=errors)
+        os.close(writer)
+        with open(reader) as answer:
+            assert answer.readline(), "the X server has not started: " + log.read_text()
 
     def environment(self, home, **more):
         """For a program that is to find nothing but this desktop and an empty home."""
@@ -111,14 +60,14 @@ class Desktop:
         return inherited | private | {
             "DISPLAY": self.name, "DBUS_SESSION_BUS_ADDRESS": f"unix:path={home}/no-bus", "LANG": "C.UTF-8", **more}
 
-    def wait_until(self, condition, what):
-        return wait_until(condition, what, self.keep_awake)
-
-    def keep_awake(self):
-        """The window manager oversleeps an event now and then, until the next one wakes it."""
-        if self.manager.poll() is not None:
-            raise AssertionError(f"the window manager has ended with {self.manager.returncode}")
-        self.nudge(self.bystander)
+    def wait_until(self, condition, what, timeout=20):
+        deadline = time.monotonic() + timeout
+        while not (result := condition()):
+            if time.monotonic() > deadline or self.manager.poll() is not None:
+                raise AssertionError(f"not within {timeout} s, or without a window manager: {what}")
+            self.ask("_NET_REQUEST_FRAME_EXTENTS", self.bystander)  # it oversleeps an event now and then
+            time.sleep(0.01)
+        return result
 
     def ask(self, request, window, *data):
         """The window manager, as a task bar asks it."""
@@ -127,13 +76,10 @@ class Desktop:
         self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.display.flush()
 
-    def nudge(self, window):
-        self.ask("_NET_REQUEST_FRAME_EXTENTS", window)
-
     def settle(self):
         """Waits until the window manager has dealt with all that it was told before."""
         window = self.new_window()
-        self.nudge(window)
+        self.ask("_NET_REQUEST_FRAME_EXTENTS", window)
         self.wait_until(lambda: self.property("_NET_FRAME_EXTENTS", window), "the window manager has caught up")
         window.destroy()
 
@@ -176,28 +122,12 @@ class Desktop:
 
     # The screen
 
-    @contextlib.contextmanager
-    def standing_still(self):
-        self.display.grab_server()
-        self.display.sync()
-        try:
-            yield
-        finally:
-            self.display.ungrab_server()
-            self.display.flush()
+    def picture(self, left, top, width, height):
+        return ImageGrab.grab((left, top, left + width, top + height), xdisplay=self.name)
 
-    def picture(self, left=0, top=0, width=None, height=None):
-        width, height = width or self.size[0], height or self.size[1]
-        header = struct.unpack_from(">25I", self.memory)
-        first, line = header[0] + 12 * header[19] + 4 * left, header[12]
-        starts = range(first + line * top, first + line * (top + height), line)
-        rows = [bytearray(self.memory[start : start + 4 * width]) for start in starts]
-        for row in rows:
-            row[3::4] = bytes(width)  # programs write what they like there
-        return Picture(rows)
-
-    def cursor(self):
-        return list(self.display.xfixes_get_cursor_image(self.root).cursor_image)
+    def pixel(self, x, y):
+        """0xRRGGBB"""
+        return int.from_bytes(self.root.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3], "little")
 
     # Keys and pointer
 

@@ -12,13 +12,15 @@ class ColoursTest(DesktopTest):
         timer = self.launch(settings={"Color_Clock_Wedge": 0x00C040})
         timer.set_time(30, 0)
         self.wait_until(lambda: timer.pixel(*ON_WEDGE) == 0x00C040, "the stored colour shows")
-        dialog = self.open_preferences(timer)
+        self.desktop.key("ctrl+comma")
+        dialog = Dialog(timer, "Preferences")
         dialog.click(DEFAULTS)
         self.wait_until(lambda: timer.pixel(*ON_WEDGE) == 0xFF0000, "the default shows")
         self.desktop.key("Return")  # OK, not the button that was clicked
         dialog.wait_closed()
 
-        dialog = self.open_preferences(timer)
+        self.desktop.key("ctrl+comma")
+        dialog = Dialog(timer, "Preferences")
         self.drag(dialog, FACE, WEDGE)
         self.assertEqual(self.desktop.windows().keys(), {"Dwindledial", "Preferences"}, "no key, no drag")
         self.drag(dialog, BACKGROUND, WEDGE, "ctrl")
@@ -37,14 +39,10 @@ class ColoursTest(DesktopTest):
         changed = {"Color_Clock_Wedge": 0x9F9F9F, "Color_Clock_Frame": 0xFFFFFF, "Color_Clock_Face": 0x12FFFF}
         self.assertEqual(timer.saved(), COLOURS | changed)
 
-    def open_preferences(self, timer):
-        self.desktop.key("ctrl+comma")
-        return Dialog(timer, "Preferences")
-
     def drag(self, dialog, start, end, chord=None):
         """From the middle of one well to that of another, as a hand does it: by and by."""
         left, top, *_ = self.desktop.place(dialog.window)
-        colour = lambda well: self.desktop.picture(left + well[0], top + well[1], 1, 1).at(0, 0)
+        colour = lambda well: self.desktop.pixel(left + well[0], top + well[1])
         if chord:
             self.desktop.hold(chord)
         self.desktop.press(left + start[0], top + start[1])

@@ -6,22 +6,19 @@ import subprocess
 
 from timer import COLOURS, PROGRAM, DesktopTest, SetTimer, main
 
-CHANGED = {
-    "Color_Window_Background": 0x204060,
-    "Color_Clock_Wedge": 0x00C040,
-    "Color_Clock_Face": 0xFFF0C0,
-    "Color_Clock_Frame": 0x603010,
-}
+CHANGED = dict(zip(COLOURS, (0x204060, 0x00C040, 0xFFF0C0, 0x603010)))
+PLACES = dict(zip(COLOURS, ((2, 2), (170, 64), (270, 164), (220, 9))))  # with the time at a quarter of an hour
 
 
 class EndingTest(DesktopTest):
-    def start_in(self, state):
+    def start(self):
         timer = self.launch(settings=CHANGED)
-        timer.set_time(0 if state == "alert" else 15, 1 if state == "alert" else 0)
-        if state != "stopped":
-            self.desktop.key("space")
-        timer.wait_for(state)
         timer.file.unlink()
+        timer.set_time(15, 0)
+        shown = lambda: {name: timer.pixel(*place) for name, place in PLACES.items()}
+        self.wait_until(lambda: shown() == CHANGED, "the colours show")
+        self.desktop.key("space")
+        timer.wait_for("running")
         return timer
 
     def click_close_button(self, timer):
@@ -34,6 +31,7 @@ class EndingTest(DesktopTest):
         self.desktop.key("alt+F4")
 
     def end_from_outside(self, timer):
+        self.desktop.key("space")
         timer.process.send_signal(signal.SIGHUP)  # which is ignored
         SetTimer(timer)
         timer.process.send_signal(signal.SIGTERM)
@@ -41,23 +39,21 @@ class EndingTest(DesktopTest):
     def test_every_way_out_ends_well(self):
         self.addCleanup(signal.signal, signal.SIGHUP, signal.signal(signal.SIGHUP, signal.SIG_IGN))
         ways = {
-            "close button": ("running", self.click_close_button),
-            "shortcut": ("alert", lambda timer: self.desktop.key("ctrl+q")),
-            "menu": ("running", lambda timer: timer.choose("f", "Up", "Return")),
-            "from fullscreen": ("stopped", self.close_in_fullscreen),
-            "signal": ("stopped", self.end_from_outside),
+            "close button": self.click_close_button,
+            "shortcut": lambda timer: self.desktop.key("ctrl+q"),
+            "menu": lambda timer: timer.choose("f", "Up", "Return"),
+            "from fullscreen": self.close_in_fullscreen,
+            "signal": self.end_from_outside,
         }
-        for name, (state, leave) in ways.items():
+        for name, leave in ways.items():
             with self.subTest(name):
-                timer = self.start_in(state)
+                timer = self.start()
                 leave(timer)
                 self.assertEqual(timer.end(), (0, ""))
                 self.assertEqual(timer.saved(), CHANGED)
 
-    def test_the_colours_show_and_outlive_the_display(self):
-        timer = self.start_in("stopped")
-        places = ((2, 2), (170, 64), (270, 164), (220, 9))  # with the time at a quarter of an hour
-        self.assertEqual(dict(zip(COLOURS, (timer.pixel(*place) for place in places))), CHANGED)
+    def test_the_colours_outlive_the_display(self):
+        timer = self.start()
         timer.window.kill_client()
         self.desktop.display.flush()
         self.assertEqual(timer.process.wait(20), 1)

@@ -2,11 +2,10 @@
 
 import os
 import pathlib
-import signal
+import subprocess
 import tempfile
 from unittest import mock
 
-from movie import MovieDialog, probe
 from timer import DesktopTest, Dialog, main
 
 KEY_TAKING_THEME = {"QT_QPA_PLATFORMTHEME": "gnome"}  # its boxes and groups would have Return for themselves
@@ -14,6 +13,55 @@ KEY_TAKING_THEME = {"QT_QPA_PLATFORMTHEME": "gnome"}  # its boxes and groups wou
 
 def libraries(timer):
     return pathlib.Path(f"/proc/{timer.process.pid}/maps").read_text()
+
+
+def probe(movie):
+    """The codec, the width, the height and the number of frames, each of which has been decoded; None if unfinished."""
+    entries = "stream=codec_name,width,height,nb_read_frames"
+    command = ["ffprobe", "-v", "error", "-count_frames", "-show_entries", entries, "-of", "csv=p=0", movie]
+    codec, *numbers = subprocess.run(command, capture_output=True, text=True).stdout.split(",")
+    return (codec, *map(int, numbers)) if numbers else None
+
+
+class MovieDialog(Dialog):
+    """The Create Movie dialog, opened by its shortcut."""
+
+    LABELS, START = (30, 40, 90, 130), (300, 280, 70, 20)
+
+    def __init__(self, timer):
+        timer.desktop.key("ctrl+m")
+        super().__init__(timer, "Create Movie")
+        self.movies = timer.file.parent.parent / "Videos"  # where the save dialog begins
+        self.movies.mkdir()
+
+    def enter(self, seconds, width, height, rate):
+        """From the first field on; afterwards the keyboard is with the first box, to show the compression dialog."""
+        for text in (f"{seconds}", f"{width}", f"{height}", "90", f"{rate}"):
+            self.desktop.key("ctrl+a", *text, "Tab")
+
+    def start(self, name="", compression=()):
+        self.wait_for_keys()
+        self.desktop.key("Return")
+        return self.save(name, compression)
+
+    def save(self, name="", compression=()):
+        """The dialogs after Start, by keys; `compression` are those for the second. Gives the file."""
+        Dialog(self.timer, "Save As")
+        self.desktop.key(*name, "Return")
+        if compression:
+            Dialog(self.timer, "Compression Settings")
+            self.desktop.key(*compression)
+        return self.movies / (name or "Dwindledial.mov")
+
+    def wait_finished(self, movie):
+        found = self.wait_until(lambda: probe(movie), "the movie can be read")
+        self.wait_until(lambda: self.is_black(self.LABELS) and self.is_black(self.START), "the dialog is idle")
+        return found
+
+    def is_black(self, part):
+        left, top, *_ = self.desktop.place(self.window)
+        x, y, *size = part
+        return self.desktop.picture(left + x, top + y, *size).convert("L").getextrema()[0] == 0
 
 
 class MovieTest(DesktopTest):
@@ -54,20 +102,18 @@ class MovieTest(DesktopTest):
         return folder / "opened"
 
     def test_the_end_of_the_program_keeps_what_has_been_made(self):
-        for name, leave in {
-            "signal": lambda timer: timer.process.send_signal(signal.SIGTERM),
-            "task bar": lambda timer: self.desktop.ask("_NET_CLOSE_WINDOW", timer.window),
-            "command": lambda timer: self.desktop.key("ctrl+q"),
-        }.items():
-            with self.subTest(name):
-                timer = self.launch()
-                dialog = MovieDialog(timer)
-                dialog.enter(3600, 320, 240, 30)
-                movie = dialog.start(compression=["Return"])
-                self.wait_until(lambda: movie.exists() and movie.stat().st_size > 100_000, "there are frames")
-                leave(timer)
-                self.assertEqual(timer.end(), (0, ""))
-                self.assertIn(probe(movie)[-1], range(2, 108_001))
+        for leave in (
+            lambda timer: self.desktop.ask("_NET_CLOSE_WINDOW", timer.window),
+            lambda timer: self.desktop.key("ctrl+q"),
+        ):
+            timer = self.launch()
+            dialog = MovieDialog(timer)
+            dialog.enter(3600, 320, 240, 30)
+            movie = dialog.start(compression=["Return"])
+            self.wait_until(lambda: movie.exists() and movie.stat().st_size > 100_000, "there are frames")
+            leave(timer)
+            self.assertEqual(timer.end(), (0, ""))
+            self.assertIn(probe(movie)[-1], range(2, 108_001))
 
 
 if __name__ == "__main__":

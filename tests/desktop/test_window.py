@@ -2,11 +2,12 @@
 
 from timer import COLOURS, DesktopTest, SetTimer, main
 
-FACE = 0xFFFFFF
+BACKGROUND = COLOURS["Color_Window_Background"]
+FACE = (255, 255, 255)
 
 
 class ResizeTest(DesktopTest):
-    def drag_corner(self, timer, right, down, looks_right, steps=25):
+    def drag_corner(self, timer, right, down, steps=25):
         """Pulls the frame by its corner, step by step."""
         left, top, width, height = self.desktop.place(timer.window)
         x, y = left + width - 2, top + height + 2
@@ -17,23 +18,21 @@ class ResizeTest(DesktopTest):
             dx, dy = right * step // steps, down * step // steps
             self.desktop.move(x + dx, y + dy)
             size = max(width + dx, 400), max(height + dy, 150 + timer.bar)
-            self.wait_until(lambda: looks_right() and self.desktop.place(timer.window)[2:] == size, f"it is {size}")
+            self.wait_until(lambda: self.has_clock(timer) and self.desktop.place(timer.window)[2:] == size, f"it is {size}")
         self.desktop.release()
         self.desktop.settle()
+
+    def has_clock(self, timer):
+        picture, bare = timer.picture(), BACKGROUND.to_bytes(3, "big") * 12
+        self.assertFalse(bare in picture.tobytes(), "the window's own background shows")
+        self.assertEqual(picture.getpixel((picture.width // 2 + 9, picture.height // 2 + 9)), FACE)
+        return True
 
     def test_a_resize_never_shows_the_canvas_without_a_clock_and_has_an_end(self):
         timer = self.launch(settings={"Color_Window_Background": 0x204060})
         timer.arrange(60, 60, 500, 250)
-        bare = COLOURS["Color_Window_Background"].to_bytes(4, "little") * 12
-
-        def has_clock():
-            picture = timer.picture()
-            self.assertFalse(any(bare in row for row in picture.rows), "the window's own background shows")
-            self.assertEqual(picture.at(picture.width // 2 + 9, picture.height // 2 + 9), FACE)
-            return True
-
-        self.drag_corner(timer, 600, 400, has_clock)
-        self.drag_corner(timer, -800, -550, has_clock)
+        self.drag_corner(timer, 600, 400)
+        self.drag_corner(timer, -800, -550)
         self.assertEqual(timer.place()[2:], (400, 150), "the smallest size of the canvas")
 
 
@@ -56,17 +55,21 @@ class FullscreenTest(DesktopTest):
     def ask_for(self, on, *names):
         self.desktop.ask("_NET_WM_STATE", self.timer.window, on, *map(self.atom, names))
 
+    def wait_for_frame(self, frame):
+        self.wait_until(lambda: self.frame() == frame, f"the window is at {frame} again")
+
     def enter(self):
         self.desktop.key("ctrl+f")
         self.wait_until(lambda: self.timer.fills_the_screen() and not self.has_bar(), "the canvas alone fills it all")
 
     def has_bar(self):
-        return self.timer.pixel(1000, 5) != self.timer.colours["Color_Window_Background"]
+        return self.timer.pixel(1000, 5) != BACKGROUND
 
-    def toggle(self, state):
-        """What came before has been dealt with once this shows."""
-        self.desktop.key("ctrl+r")
-        self.timer.wait_for(state)
+    def run_and_stop(self):
+        """What came before has been dealt with once this has shown."""
+        for state in ("running", "stopped"):
+            self.desktop.key("ctrl+r")
+            self.timer.wait_for(state)
 
     def test_the_exact_frame_comes_back(self):
         normal = self.frame()
@@ -77,39 +80,33 @@ class FullscreenTest(DesktopTest):
                 self.desktop.settle()
                 before = self.frame()
                 self.enter()
-                self.toggle("running")
-                self.toggle("stopped")
+                self.run_and_stop()
                 dialog = SetTimer(self.timer)
-                self.wait_until(lambda: self.frame() == before, "the dialog lies over the window as it was")
+                self.wait_for_frame(before)  # the dialog lies over the window as it was
                 dialog.close(SetTimer.SET)
                 self.wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
                 self.desktop.key("ctrl+f")
-                self.wait_until(lambda: self.frame() == before, f"the window is at {before} again")
+                self.wait_for_frame(before)
                 self.desktop.settle()
-                self.toggle("running")
-                self.toggle("stopped")
+                self.run_and_stop()
                 self.assertEqual(self.frame(), before)
                 self.ask_for(False, *names)
-                self.wait_until(lambda: self.frame() == normal, f"the window is at {normal} again")
+                self.wait_for_frame(normal)
 
     def test_a_fullscreen_that_the_window_manager_makes_is_a_large_window(self):
         before = self.frame()
         self.enter()
         self.ask_for(False, "FULLSCREEN")
-        self.wait_until(lambda: self.frame() == before, "it is taken away")
+        self.wait_for_frame(before)
         self.ask_for(True, "FULLSCREEN")
         self.wait_until(lambda: self.timer.fills_the_screen() and self.has_bar(), "the bar has room of its own")
 
     def test_the_bar_comes_when_it_is_called(self):
         self.enter()
-        picture = self.timer.picture()
-        right, bottom = picture.width - 1, picture.height - 1
-        for corner in ((0, 0), (right, 0), (0, bottom), (right, bottom)):
-            self.assertEqual(picture.at(*corner), self.timer.colours["Color_Window_Background"])
-        clock = (0, 30, right, bottom - 30)
+        below_the_bar = (0, 30, self.desktop.size[0], self.desktop.size[1] - 30)
+        clock = self.desktop.picture(*below_the_bar)
         self.timer.move(600, 11)
-        self.toggle("running")
-        self.toggle("stopped")
+        self.run_and_stop()
         self.assertFalse(self.has_bar())
         self.timer.move(600, 10)
         self.wait_until(self.has_bar, "the bar comes")
@@ -119,7 +116,7 @@ class FullscreenTest(DesktopTest):
         self.desktop.move(left + width // 2, top + height * 3 // 4)
         self.desktop.key("Escape", "Escape")
         self.wait_until(lambda: not self.desktop.menus() and self.has_bar(), "the bar has stayed")
-        self.assertTrue(self.timer.picture().crop(*clock).rows == picture.crop(*clock).rows, "the clock has stayed")
+        self.assertEqual(self.desktop.picture(*below_the_bar), clock, "it has stayed")
         self.timer.move(600, self.timer.bar)
         self.wait_until(lambda: not self.has_bar(), "the bar goes")
 

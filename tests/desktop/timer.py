@@ -1,12 +1,10 @@
 """The program on a desktop, as somebody who sits before it knows it, and the base of its tests."""
 
 import contextlib
-import math
 import os
 import pathlib
 import re
 import signal
-import struct
 import sys
 import tempfile
 import unittest
@@ -20,26 +18,7 @@ COLOURS = {
     "Color_Clock_Face": 0xFFFFFF,
     "Color_Clock_Frame": 0x000000,
 }
-STATES = {"stopped": "Pause", "running": "Run", "alert": "Alert"}
-
-
-def bitmap(name):
-    """A status picture among the program's resources, its pixels as the screen holds them."""
-    data = (PROGRAM.parent.parent / "Resources" / name).read_bytes()[54:]
-    rows = (data[52 * y :][:51] for y in reversed(range(17)))
-    return b"".join(pixel + b"\0" for row in rows for (pixel,) in struct.iter_unpack("3s", row))
-
-
-def seconds_shown(picture):
-    """The time that the wedge shows, from its share of the disc inside of the marks. Wants the default colours."""
-    x, y = picture.width // 2, picture.height // 2
-    radius = int(0.35 * min(picture.width, picture.height))
-    white = total = 0
-    for dy in range(-radius, radius):
-        reach = round(math.sqrt(radius**2 - (dy + 0.5) ** 2))
-        white += sum(picture.rows[y + dy][4 * (x - reach) + 1 : 4 * (x + reach) : 4]) / 255
-        total += 2 * reach
-    return round(3600 * (1 - white / total))
+STATES = {0x2A4A7F: "stopped", 0x15702F: "running", 0xA84300: "alert"}  # by the colour of the status icon
 
 
 class Timer:
@@ -47,7 +26,6 @@ class Timer:
 
     def __init__(self, stack, desktop, path=PROGRAM, settings=None, scale=1, environment=None):
         self.desktop, self.scale = desktop, scale
-        self.colours = COLOURS | (settings or {})
         home = stack.enter_context(tempfile.TemporaryDirectory(prefix="timer-"))
         environment = desktop.environment(home, QT_SCALE_FACTOR=f"{scale}", **(environment or {}))
         self.file = pathlib.Path(home, "config", "DwindledialPrefs.plist")
@@ -59,18 +37,12 @@ class Timer:
         self.window = desktop.wait_until(self.find_window, "the timer is there")
         desktop.wait_until(lambda: desktop.has_keys(self.window), "the timer has the keyboard")
         self.bar = desktop.place(self.window)[3] - 229 * scale
-        self.icons = {state: self.icon(name) for state, name in STATES.items()}
         self.wait_for("stopped")
 
     def find_window(self):
         if self.process.poll() is not None:
             raise AssertionError("the program has ended with {}: {}".format(*self.end()))
         return self.desktop.windows().get("Dwindledial")
-
-    def icon(self, name):
-        background = self.colours["Color_Window_Background"].to_bytes(4, "little") * 17 * 17
-        parts = zip(bitmap(f"{name}_Icon.bmp"), bitmap(f"{name}_Mask.bmp"), background)
-        return bytes(p + (b - p) * m // 255 for p, m, b in parts)
 
     def place(self):
         """The canvas on the screen: left, top, width, height."""
@@ -82,25 +54,18 @@ class Timer:
         return self.desktop.place(self.window) == (0, 0, *self.desktop.size)
 
     def picture(self):
-        with self.desktop.standing_still():
-            return self.desktop.picture(*self.place())
+        return self.desktop.picture(*self.place())
 
     def pixel(self, x, y):
-        return self.picture().at(x * self.scale, y * self.scale)
+        left, top, *_ = self.place()
+        return self.desktop.pixel(left + x * self.scale, top + y * self.scale)
 
     def state(self):
         """What the status icon tells; None if it looks like none of the three."""
-        picture, places = self.picture(), range(10 * self.scale, 27 * self.scale, self.scale)
-        shown = b"".join(picture.rows[y][4 * x : 4 * x + 4] for y in places for x in places)
-        differences = {state: sum(abs(a - b) for a, b in zip(shown, known)) for state, known in self.icons.items()}
-        nearest = min(differences, key=differences.get)
-        return nearest if differences[nearest] < 20 * len(shown) else None
+        return STATES.get(self.pixel(12, 18))
 
     def wait_for(self, state):
         self.desktop.wait_until(lambda: self.state() == state, f"the timer is {state}")
-
-    def seconds(self):
-        return seconds_shown(self.picture())
 
     def move(self, x, y):
         left, top, *_ = self.place()
