@@ -57,7 +57,7 @@ void DesktopHost::Beep() {
         alertSound_ = std::make_unique<AlertSound>(applicationId_, name_, alertSoundFile_, bell);
     }
     alertSound_->Play();
-    QApplication::alert(nullptr);
+    if (!QApplication::activeWindow()) QApplication::alert(nullptr);
 }
 
 void DesktopHost::MsgBox(const std::string& text) {
