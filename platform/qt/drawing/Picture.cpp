@@ -84,9 +84,10 @@ QImage Blank(QSize size, QImage::Format format) {
 QImage ReadImage(const std::filesystem::path& file) {
     QImageReader reader(QFile::decodeName(file.c_str()));
     // A BMP file whose rows go from top to bottom tells a negative height.
-    const QSize size(reader.size().width(), std::abs(reader.size().height()));
-    if (qint64{size.width()} * size.height() > kMostPixelsInFile) return {};
-    QImage image = Blank(size, reader.imageFormat());
+    const int width = reader.size().width();
+    const qint64 height = std::abs(qint64{reader.size().height()});
+    if (width * height > kMostPixelsInFile) return {};
+    QImage image = Blank({width, static_cast<int>(height)}, reader.imageFormat());
     if (reader.read(&image)) return image;
     const std::optional<RgbImage> pict = MovieLibrary::Installed().ReadPict(file);
     if (!pict) return {};
