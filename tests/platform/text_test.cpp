@@ -6,6 +6,8 @@
 #include <limits>
 #include <string>
 
+#include "platform/Variant.h"
+
 namespace {
 
 constexpr double kLargest = std::numeric_limits<double>::max();
@@ -49,6 +51,13 @@ TEST(TextTest, PiecesAreCutAndMade) {
     EXPECT_EQ(Replace("a.b.c", ".", "--"), "a--b.c");
     EXPECT_EQ(Hex(-1), "FFFFFFFF");
     EXPECT_EQ(Chr(0xE9) + Chr(0x20AC) + Chr(0x1F600) + Chr(0xD800) + Chr(-1), "é€😀");
+}
+
+TEST(VariantTest, OnlySixDigitsAreAColor) {
+    EXPECT_EQ(Variant("#fFa001").ColorValue(), Color{0xFFA001});
+    EXPECT_EQ(Variant("00FF10").ColorValue(), Color{0x00FF10});
+    for (const char* text : {"#", "#FFFFFFF", "##FFFFF", "-12345", "0xFFFF", "#GGGGGG"})
+        EXPECT_EQ(Variant(text).ColorValue(), Color{}) << text;
 }
 
 }  // namespace
