@@ -38,9 +38,8 @@ Widget& WidgetNamed(const char* name) {
     throw std::out_of_range(name);
 }
 
-inline void Press(QWidget& widget, int key, const QString& text, Qt::KeyboardModifiers held = Qt::NoModifier,
-                  bool isRepeat = false) {
-    QKeyEvent event(QEvent::KeyPress, key, held, text, isRepeat);
+inline void Press(QWidget& widget, int key, const QString& text, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    QKeyEvent event(QEvent::KeyPress, key, held, text);
     QCoreApplication::sendEvent(&widget, &event);
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QtCore/QTemporaryDir>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,17 +15,20 @@
 
 /// A host that does nothing but write down what it was asked for.
 class RecordingHost final : public Host {
-  public:
-    RecordingHost();
-    ~RecordingHost() override;
+    QTemporaryDir temporaryFolder_;
 
-    /// Makes a new one the host in use, which owns it.
-    static RecordingHost& InstallNew();
+  public:
+    /// Makes a new one the host in use.
+    static RecordingHost& InstallNew() {
+        auto* const host = new RecordingHost;
+        Install(std::unique_ptr<Host>(host));
+        return *host;
+    }
 
     /// What the clock shows.
     double microseconds = 0;
     /// A new empty folder, removed together with the host; or any path that a test puts here.
-    std::filesystem::path preferencesFolder;
+    std::filesystem::path preferencesFolder = temporaryFolder_.path().toStdString();
     /// The answer to each question for a file to save to; empty stands for a cancel.
     std::filesystem::path fileToSave;
     /// What the user does in the compression dialog: whether it is confirmed, and with what instead of the proposal.
@@ -72,7 +77,4 @@ class RecordingHost final : public Host {
         if (isCompressionConfirmed) settings = chosenCompression.value_or(settings);
         return isCompressionConfirmed;
     }
-
-  private:
-    std::filesystem::path temporaryFolder_;
 };
