@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
 #include "colour/SmartColorWell.h"
@@ -12,63 +11,58 @@ namespace {
 
 using testing::ElementsAre;
 
-const auto kBefore = ElementsAre(RGB(1, 2, 3), RGB(4, 5, 6), RGB(7, 8, 9), RGB(0, 0, 0));
+/// In the order of kColourSettings.
+constexpr const char* kWells[] = {"cBackground", "cWedge", "cFace", "cFrame"};
 
 class PrefsTest : public TimerWindowTest {
   protected:
     PrefsTest() {
-        Timer().Color_Window_Background = RGB(1, 2, 3);
-        Timer().Color_Clock_Wedge = RGB(4, 5, 6);
-        Timer().Color_Clock_Face = RGB(7, 8, 9);
-        Timer().Color_Clock_Frame = RGB(0, 0, 0);
-        Dialog().ShowWithin(Timer(), -1);
+        for (Int32 i = 0; i < 4; ++i)
+            Timer().*kColourSettings[i].colour = RGB(i, i, i);
     }
     ~PrefsTest() override { End(Dialog()); }
 
     static winPrefs& Dialog() { return winPrefs::Instance(); }
     static std::vector<Color> Clock() {
-        return {Timer().Color_Window_Background, Timer().Color_Clock_Wedge, Timer().Color_Clock_Face,
-                Timer().Color_Clock_Frame};
+        std::vector<Color> colours;
+        for (const auto& [key, colour] : kColourSettings)
+            colours.push_back(Timer().*colour);
+        return colours;
     }
     static std::vector<Color> Wells() {
         std::vector<Color> colours;
-        for (const char* name : {"cBackground", "cWedge", "cFace", "cFrame"})
+        for (const char* name : kWells)
             colours.push_back(Dialog().Find<SmartColorWell>(name).getColor());
         return colours;
     }
-    static void CloseBy(Qt::Key key) {
+    static void PressAndSeeItClose(Qt::Key key) {
         QWidget& window = *WidgetNamed("bOK").window();
         Press(window, key, "");
         EXPECT_FALSE(window.isVisible());
     }
 };
 
-TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsAllBack) {
-    EXPECT_THAT(Wells(), kBefore);
-    for (const auto& [well, label, colour] : {std::tuple("cBackground", "StaticText1", Color{10}),
-                                              {"cWedge", "StaticText3", Color{11}},
-                                              {"cFace", "StaticText2", Color{12}},
-                                              {"cFrame", "StaticText6", Color{13}}}) {
-        host.pickedColor = colour;
+TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsBackWhatOkLeft) {
+    Dialog().ShowWithin(Timer(), -1);
+    EXPECT_THAT(Wells(), ElementsAre(RGB(0, 0, 0), RGB(1, 1, 1), RGB(2, 2, 2), RGB(3, 3, 3)));
+    host.pickedColor = Color{10};
+    for (const char* well : kWells) {
         Dialog().Find<SmartColorWell>(well).pickColor();
-        EXPECT_EQ(WidgetNamed<QLabel>(label).buddy(), &WidgetNamed(well));
+        ++host.pickedColor->value;
     }
-    EXPECT_THAT(Clock(), ElementsAre(Color{10}, Color{11}, Color{12}, Color{13}));
+    const auto arePicked = ElementsAre(Color{10}, Color{11}, Color{12}, Color{13});
+    EXPECT_THAT(Clock(), arePicked);
+    PressAndSeeItClose(Qt::Key_Return);
+    EXPECT_THAT(Clock(), arePicked);
+
+    Dialog().ShowWithin(Timer(), -1);
+    EXPECT_THAT(Wells(), arePicked);
     WidgetNamed<QPushButton>("bDefaults").click();
     const auto areDefaults = ElementsAre(RGB(0x9F, 0x9F, 0x9F), RGB(0xFF, 0, 0), RGB(0xFF, 0xFF, 0xFF), RGB(0, 0, 0));
     EXPECT_THAT(Clock(), areDefaults);
     EXPECT_THAT(Wells(), areDefaults);
-    CloseBy(Qt::Key_Escape);
-    EXPECT_THAT(Clock(), kBefore);
-}
-
-TEST_F(PrefsTest, OkLeavesWhatShowsToTheNextOpening) {
-    Dialog().Find<SmartColorWell>("cWedge").setColor(RGB(10, 200, 30));
-    const auto chosen = Clock();
-    EXPECT_EQ(chosen[1], RGB(10, 200, 30));
-    CloseBy(Qt::Key_Return);
-    EXPECT_EQ(Wells(), chosen);
-    EXPECT_EQ(Dialog().mWedge, chosen[1]);
+    PressAndSeeItClose(Qt::Key_Escape);
+    EXPECT_THAT(Clock(), arePicked);
 }
 
 }  // namespace
