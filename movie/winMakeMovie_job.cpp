@@ -52,9 +52,10 @@ bool winMakeMovie::CreateMovieFile() {
 
 bool winMakeMovie::ChooseCompression() {
     const Ref<Picture> testImage = NewPicture(SizeX, SizeY, 32);
-    winMain::Instance().Redraw(testImage->Graphics(), StartTime, Scale, true, false);
-    const auto draw = [this](const Ref<Graphics>& graphics, double seconds) {
-        winMain::Instance().Redraw(graphics, ToInt32(std::max(StartTime - seconds, 0.0)), Scale, true, false);
+    winMain& timer = winMain::Instance();
+    timer.Redraw(testImage->Graphics(), StartTime, Scale, true, false);
+    const auto draw = [this, &timer](const Ref<Graphics>& graphics, double seconds) {
+        timer.Redraw(graphics, ToInt32(std::max(StartTime - seconds, 0.0)), Scale, true, false);
     };
     if (!t->SelectCompressionSettings(testImage, {static_cast<double>(StartTime), draw})) {
         DiscardMovie();

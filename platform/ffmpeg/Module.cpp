@@ -41,7 +41,7 @@ template <class Work>
 auto ResultOrEmpty(const Work& work) noexcept -> decltype(work()) {
     try {
         return work();
-    } catch (const std::exception&) {
+    } catch (...) {
         return {};
     }
 }

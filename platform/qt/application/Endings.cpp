@@ -14,13 +14,15 @@ namespace {
 std::string lineWithoutDisplay;
 std::string saidBefore;
 
-// The toolkit says in several lines that there is no display, then aborts. What else it says waits until that is known.
+// The toolkit says in several lines that there is no display, then aborts, as it does when it lacks a library. What
+// else it says waits until that is known.
 void HearWhileStarting(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    if (type == QtFatalMsg) {
-        std::fputs(lineWithoutDisplay.c_str(), stderr);
-        std::_Exit(EXIT_FAILURE);
-    }
     saidBefore += qFormatLogMessage(type, context, text).toStdString() + '\n';
+    if (type != QtFatalMsg) return;
+    const bool lacksDisplay = saidBefore.find("connect to display") != saidBefore.npos ||  // X11
+                              saidBefore.find("wl_display") != saidBefore.npos;            // Wayland
+    std::fputs(lacksDisplay ? lineWithoutDisplay.c_str() : saidBefore.c_str(), stderr);
+    std::_Exit(EXIT_FAILURE);
 }
 
 std::function<void()> saveOnce;

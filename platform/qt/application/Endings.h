@@ -11,7 +11,7 @@
 // Where the toolkit or the system would end the process, it ends as the program has it instead.
 
 /// The application object for `program`, the first of the process's arguments. Without a display the process ends with
-/// status 1 and one line on standard error, which begins with `name`.
+/// status 1 and one line on standard error, which begins with `name`; with another fault, status 1 and what Qt says.
 std::unique_ptr<QApplication> MakeToolkit(char* program, const std::string& name);
 
 /// Runs `save` when the display is lost, then ends the process where it stands, with status 1. Wants the

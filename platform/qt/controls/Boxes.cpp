@@ -25,8 +25,11 @@ class GroupWidget final : public QGroupBox {
     void changeEvent(QEvent* event) override {
         QGroupBox::changeEvent(event);
         if (event->type() != QEvent::EnabledChange) return;
-        QWidget* next = isEnabled() ? lastFocused_.data() : window();
-        if (next) next->setFocus();
+        if (!isEnabled()) {
+            window()->setFocus();
+        } else if (lastFocused_ && window()->focusWidget() == window()) {
+            lastFocused_->setFocus();
+        }
     }
 
   private:

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/events/MainThread.h"
 
 namespace {
@@ -56,7 +57,7 @@ std::optional<double> SampleEncoder::EstimateSize(const CompressionSettings& set
     if (!plan_.draw) return std::nullopt;
     const Ref<Picture> drawn = NewPicture(picture_->Width(), picture_->Height(), 32);
     const auto pictureAt = [&](double seconds) {
-        plan_.draw(drawn->Graphics(), seconds);
+        Deliver(plan_.draw, drawn->Graphics(), seconds);
         return View(*drawn);
     };
     return MovieLibrary::Installed().EstimateBytesPerSecond(settings, {plan_.seconds, pictureAt}, stop);

@@ -19,7 +19,7 @@ class Menu final : public QMenu {
   protected:
     void keyPressEvent(QKeyEvent* event) override {
         QMenu::keyPressEvent(event);
-        if (event->key() == Qt::Key_Escape) parentWidget()->clearFocus();
+        if (event->key() == Qt::Key_Escape) parentWidget()->window()->setFocus();
     }
 };
 
@@ -81,7 +81,10 @@ void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
     QObject::connect(action, &QAction::triggered, action, [this, item] { Choose(*item); });
     // Of the window too: the shortcuts of a hidden menu bar are dead.
     window_.addAction(action);
-    if (IsQuit(*item)) quit_ = action;
+    if (IsQuit(*item)) {
+        action->setShortcutContext(Qt::ApplicationShortcut);  // also from windows without a menu bar
+        quit_ = action;
+    }
     rows_.push_back({item, action});
 }
 
@@ -103,7 +106,8 @@ bool MenuBinding::IsTaken(const MenuItem& item) const {
 // nothing but quitting gets past.
 void MenuBinding::Choose(const MenuItem& item) {
     PassEnabling();
-    if (!item.Enabled() || !(window_.isEnabled() || IsQuit(item))) return;
+    const bool isUnderDialog = !window_.isEnabled() || QApplication::activeModalWidget();
+    if (!item.Enabled() || (isUnderDialog && !IsQuit(item))) return;
     if (const auto handler = handlers_.find(item.Name()); handler != handlers_.end()) {
         Deliver(handler->second);
     } else if (IsQuit(item)) {

@@ -81,9 +81,7 @@ void Window::Refresh(bool) {
 
 void Window::UpdateNow() { peer_->repaint(); }
 
-void Window::SetFocus() {
-    if (QWidget* focused = peer_->focusWidget()) focused->clearFocus();
-}
+void Window::SetFocus() { peer_->setFocus(); }
 
 void Window::_AddMenuHandler(const std::string& itemName, MenuHandler handler) {
     peer_->AddHandler(itemName, std::move(handler));

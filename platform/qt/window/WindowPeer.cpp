@@ -232,7 +232,9 @@ void WindowPeer::Arrange() {
 
 void WindowPeer::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    if (!event->spontaneous()) controls_.FocusFirstField();
+    if (event->spontaneous()) return;
+    if (menu_) setFocus();  // a menu bar gives the keys back to who had them, and keeps them if nobody had
+    controls_.FocusFirstField();
 }
 
 void WindowPeer::mouseMoveEvent(QMouseEvent* event) {
