@@ -5,12 +5,15 @@ import os
 import pathlib
 import signal
 import subprocess
+import sys
 import tempfile
 import time
 
 from PIL import ImageGrab
 from Xlib import X, XK, display, error, protocol
 from Xlib.ext import xtest
+
+signal.signal(signal.SIGTERM, lambda *_: sys.exit("ended from outside"))  # by way of all clean-up
 
 MODIFIERS = {"ctrl": "Control_L", "alt": "Alt_L", "shift": "Shift_L"}
 

@@ -5,9 +5,8 @@ import os
 import sys
 
 from desktop import Desktop
-from timer import Timer, end_by_way_of_all_clean_up
+from timer import Timer
 
-end_by_way_of_all_clean_up()
 try:
     with contextlib.ExitStack() as stack:
         desktop = Desktop(stack, size=(1024, 640))

@@ -1,6 +1,6 @@
 """The Help and About windows beside the timer."""
 
-from timer import DesktopTest, Dialog, main
+from timer import DesktopTest, Dialog
 
 
 class HelpAboutTest(DesktopTest):
@@ -31,7 +31,3 @@ class HelpAboutTest(DesktopTest):
         about.wait_closed()
         self.desktop.key("alt+F4")
         self.assertEqual(timer.end(), (0, ""))
-
-
-if __name__ == "__main__":
-    main()

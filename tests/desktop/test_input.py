@@ -2,7 +2,7 @@
 
 from Xlib import X
 
-from timer import DesktopTest, main
+from timer import DesktopTest
 
 INSIDE, OUTSIDE = (26, 26), (27, 26)
 
@@ -60,7 +60,3 @@ class InputTest(DesktopTest):
     def is_a_key_pressed(self):
         display = self.desktop.display
         return display.pending_events() and display.next_event().type == X.KeyPress
-
-
-if __name__ == "__main__":
-    main()

@@ -8,13 +8,11 @@ import tempfile
 import pyatspi
 from gi.repository import Atspi, GLib
 
-from timer import DesktopTest, main
+from timer import DesktopTest
 
 CONTROLS = {
     ("Set...", "Set Timer"): {"text": ["Min", "Sec"], "button": ["Set", "Min up", "Min down", "Sec up", "Sec down"]},
-    ("Preferences...", "Preferences"): {
-        "button": ["OK", "Use Defaults", "Background", "Frame", "Face", "Wedge"],
-    },
+    ("Preferences...", "Preferences"): {"button": ["OK", "Use Defaults", "Background", "Frame", "Face", "Wedge"]},
     ("Create Movie...", "Create Movie"): {
         "text": ["Start Time:", "Frame width", "Frame height", "Clock Size:", "Frame Rate:"],
         "check box": ["Show Compression Settings", "Open Movie upon Completion"],
@@ -30,19 +28,15 @@ Atspi.set_timeout(2000, 0)  # also for a program that has just begun: what opens
 
 
 class ScreenReaderTest(DesktopTest):
-    def wait_for(self, condition, what):
-        def holds():
-            while GLib.MainContext.default().iteration(False):
-                pass
-            with contextlib.suppress(GLib.GError):  # something may just be ending
-                return condition()
-
-        return self.wait_until(holds, what)
-
     def hear(self, event):
         with contextlib.suppress(GLib.GError):  # what has shown may be gone by now
             if event.detail1 and event.source.getRoleName() == "notification":
                 self.spoken.append(event.source.name)
+
+    def has_said(self, words):
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return self.spoken == words
 
     def find(self, role, name, within=None):
         """What can be used, of that role and name."""
@@ -52,15 +46,15 @@ class ScreenReaderTest(DesktopTest):
             return named == role and item.name == name and item.getState().contains(pyatspi.STATE_SENSITIVE)
 
         def search():
-            pid = self.timer.process.pid
-            mine = (p for p in pyatspi.Registry.getDesktop(0) if p and p.get_process_id() == pid)
-            root = within or next(mine, None)
-            return root and pyatspi.findDescendant(root, fits)
+            with contextlib.suppress(GLib.GError):  # something may just be ending
+                roots = [within] if within else pyatspi.Registry.getDesktop(0)
+                mine = (p for p in roots if p and p.get_process_id() == self.timer.process.pid)
+                return next(filter(None, (pyatspi.findDescendant(root, fits) for root in mine)), None)
 
-        return self.wait_for(search, f"there is a {role} {name}")
+        return self.wait_until(search, f"there is a {role} {name}")
 
-    def press(self, item):
-        actions = item.queryAction()
+    def press(self, role, name, within=None):
+        actions = self.find(role, name, within).queryAction()
         names = [actions.getName(i) for i in range(actions.nActions)]
         with contextlib.suppress(GLib.GError):  # what opens a dialog doesn't answer in time
             actions.doAction(names.index("Press"))
@@ -70,34 +64,30 @@ class ScreenReaderTest(DesktopTest):
         self.timer = self.launch(environment=bus | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
         clock = self.find("image", "Clock")
         for (command, title), controls in CONTROLS.items():
-            self.press(self.find("menu item", command))
+            self.press("menu item", command)
             dialog = self.find("dialog", title)
             for role, names in controls.items():
                 for name in names:
                     self.find(role, name, dialog)
-            self.press(self.find("button", "Cancel", dialog))
+            self.press("button", "Cancel", dialog)
             self.wait_until(lambda: title not in self.desktop.windows(), f"{title} closes")
 
         self.spoken = []
         pyatspi.Registry.registerEventListener(self.hear, EVENT)
         self.addCleanup(pyatspi.Registry.deregisterEventListener, self.hear, EVENT)
-        self.press(self.find("menu item", "Set..."))
+        self.press("menu item", "Set...")
         dialog = self.find("dialog", "Set Timer")
-        self.press(self.find("button", "Sec up", dialog))
-        self.press(self.find("button", "Set", dialog))
+        self.press("button", "Sec up", dialog)
+        self.press("button", "Set", dialog)
         said = ["Stopped, 1 second left"]
         for more in ["Running, 1 second left", "Time is Up!"], ["Stopped, no time left"], []:
-            self.wait_for(lambda: self.spoken == said, f"what is said is {said}")
+            self.wait_until(lambda: self.has_said(said), f"what is said is {said}")
             self.assertEqual(clock.description, said[-1])
             if more:
-                self.press(clock)
+                self.press("image", "Clock")
                 said += more
 
-        self.press(self.find("menu item", "Help..."))
+        self.press("menu item", "Help...")
         text = self.find("text", "", self.find("frame", "Help")).queryText()
         self.desktop.key("Down")
-        self.wait_for(lambda: text.caretOffset > 0, "the caret moves")
-
-
-if __name__ == "__main__":
-    main()
+        self.wait_until(lambda: text.caretOffset > 0, "the caret moves")

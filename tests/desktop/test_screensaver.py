@@ -5,7 +5,7 @@ import time
 from Xlib import X
 from Xlib.ext import screensaver
 
-from timer import DesktopTest, main
+from timer import DesktopTest
 
 
 class ScreenSaverTest(DesktopTest):
@@ -27,7 +27,3 @@ class ScreenSaverTest(DesktopTest):
             self.desktop.display.set_screen_saver(0, 0, X.DefaultBlanking, X.DefaultExposures)
             if not end:
                 self.desktop.key("space")  # for the alert
-
-
-if __name__ == "__main__":
-    main()

@@ -1,6 +1,6 @@
 """The Set Timer dialog over the timer, by the real keyboard and pointer."""
 
-from timer import COLOURS, DesktopTest, SetTimer, main
+from timer import COLOURS, DesktopTest, SetTimer
 
 JUST_AFTER_27_MINUTES = (200, 180)  # on the clock, below the dialog
 # The keys in the dialog, which shows what was set before, and whether the wedge then reaches that place.
@@ -35,6 +35,7 @@ class SetTimerTest(DesktopTest):
         left, top, width, _ = self.desktop.place(timer.window)
         self.assertEqual(self.desktop.place(dialog.window), (left + (width - 300) // 2, top + 30, 300, 74))
         timer.click(18, 18)  # the timer takes no input behind the dialog
+        dialog.wait_for_keys()
         dialog.close(SetTimer.MINUTES_UP, SetTimer.SECONDS_DOWN, SetTimer.SET)
         self.wait_for_wedge(timer, True, "after the arrows")
         self.assert_stopped(timer)
@@ -42,7 +43,3 @@ class SetTimerTest(DesktopTest):
     def wait_for_wedge(self, timer, reaches, what):
         colour = COLOURS["Color_Clock_Wedge" if reaches else "Color_Clock_Face"]
         self.wait_until(lambda: timer.pixel(*JUST_AFTER_27_MINUTES) == colour, f"the wedge shows {what}")
-
-
-if __name__ == "__main__":
-    main()

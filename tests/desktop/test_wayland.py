@@ -4,7 +4,7 @@ import signal
 import subprocess
 
 from desktop import start
-from timer import COLOURS, PROGRAM, DesktopTest, main
+from timer import COLOURS, PROGRAM, DesktopTest
 
 BACKGROUND = COLOURS["Color_Window_Background"]
 
@@ -50,7 +50,3 @@ class WaylandTest(DesktopTest):
     def switch(self, on):
         self.desktop.key("ctrl+f")
         self.wait_until(lambda: self.fills_the_screen() == on, "Ctrl+F has done its work")
-
-
-if __name__ == "__main__":
-    main()

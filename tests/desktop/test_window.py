@@ -1,39 +1,26 @@
 """The frame of the timer window: what shows while it is resized, and fullscreen, there and back."""
 
-from timer import COLOURS, DesktopTest, SetTimer, main
+from timer import COLOURS, DesktopTest, SetTimer
 
 BACKGROUND = COLOURS["Color_Window_Background"]
-FACE = (255, 255, 255)
 
 
 class ResizeTest(DesktopTest):
-    def drag_corner(self, timer, right, down, steps=25):
-        """Pulls the frame by its corner, step by step."""
-        left, top, width, height = self.desktop.place(timer.window)
-        x, y = left + width - 2, top + height + 2
-        self.desktop.press(x, y)
-        self.desktop.move(x + right // steps, y + down // steps)  # this only begins the drag
-        self.desktop.settle()
-        for step in range(2, steps + 1):
-            dx, dy = right * step // steps, down * step // steps
-            self.desktop.move(x + dx, y + dy)
-            size = max(width + dx, 400), max(height + dy, 150 + timer.bar)
-            self.wait_until(lambda: self.has_clock(timer) and self.desktop.place(timer.window)[2:] == size, f"it is {size}")
-        self.desktop.release()
-        self.desktop.settle()
-
-    def has_clock(self, timer):
-        picture, bare = timer.picture(), BACKGROUND.to_bytes(3, "big") * 12
-        self.assertFalse(bare in picture.tobytes(), "the window's own background shows")
-        self.assertEqual(picture.getpixel((picture.width // 2 + 9, picture.height // 2 + 9)), FACE)
-        return True
-
     def test_a_resize_never_shows_the_canvas_without_a_clock_and_has_an_end(self):
         timer = self.launch(settings={"Color_Window_Background": 0x204060})
-        timer.arrange(60, 60, 500, 250)
-        self.drag_corner(timer, 600, 400)
-        self.drag_corner(timer, -800, -550)
-        self.assertEqual(timer.place()[2:], (400, 150), "the smallest size of the canvas")
+        bare = 12 * BACKGROUND.to_bytes(3, "big")
+
+        def has_clock():
+            picture = self.desktop.picture(*timer.place())
+            self.assertNotIn(bare, picture.tobytes(), "the window's own background shows")
+            self.assertEqual(picture.getpixel((picture.width // 2 + 9, picture.height // 2 + 9)), (255, 255, 255))
+            return True
+
+        for step in (*range(25), *range(25, -10, -1)):
+            width, height = 500 + 24 * step, 250 + 16 * step
+            timer.window.configure(width=width, height=height + timer.bar)
+            size = max(width, 400), max(height, 150)
+            self.wait_until(lambda: has_clock() and timer.place()[2:] == size, f"the canvas is {size}")
 
 
 class FullscreenTest(DesktopTest):
@@ -49,11 +36,11 @@ class FullscreenTest(DesktopTest):
         state = self.desktop.property("_NET_WM_STATE", self.timer.window)
         return self.desktop.place(self.timer.window), {n for n in names if self.atom(n) in state}
 
-    def atom(self, name):
-        return self.desktop.display.get_atom(f"_NET_WM_STATE_{name}")
-
     def ask_for(self, on, *names):
         self.desktop.ask("_NET_WM_STATE", self.timer.window, on, *map(self.atom, names))
+
+    def atom(self, name):
+        return self.desktop.display.get_atom(f"_NET_WM_STATE_{name}")
 
     def wait_for_frame(self, frame):
         self.wait_until(lambda: self.frame() == frame, f"the window is at {frame} again")
@@ -125,7 +112,3 @@ class OtherManagerTest(FullscreenTest):
     """It answers in another order, and takes other requests for a wish to end the maximised state."""
 
     MANAGER = "metacity"
-
-
-if __name__ == "__main__":
-    main()

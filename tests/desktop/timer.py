@@ -4,8 +4,6 @@ import contextlib
 import os
 import pathlib
 import re
-import signal
-import sys
 import tempfile
 import unittest
 
@@ -18,7 +16,7 @@ COLOURS = {
     "Color_Clock_Face": 0xFFFFFF,
     "Color_Clock_Frame": 0x000000,
 }
-STATES = {0x2A4A7F: "stopped", 0x15702F: "running", 0xA84300: "alert"}  # by the colour of the status icon
+STATES = {"stopped": 0x2A4A7F, "running": 0x15702F, "alert": 0xA84300}  # the colour of the status icon
 
 
 class Timer:
@@ -53,19 +51,12 @@ class Timer:
     def fills_the_screen(self):
         return self.desktop.place(self.window) == (0, 0, *self.desktop.size)
 
-    def picture(self):
-        return self.desktop.picture(*self.place())
-
     def pixel(self, x, y):
         left, top, *_ = self.place()
         return self.desktop.pixel(left + x * self.scale, top + y * self.scale)
 
-    def state(self):
-        """What the status icon tells; None if it looks like none of the three."""
-        return STATES.get(self.pixel(12, 18))
-
     def wait_for(self, state):
-        self.desktop.wait_until(lambda: self.state() == state, f"the timer is {state}")
+        self.desktop.wait_until(lambda: self.pixel(12, 18) == STATES[state], f"the timer is {state}")
 
     def move(self, x, y):
         left, top, *_ = self.place()
@@ -83,8 +74,9 @@ class Timer:
 
     def set_time(self, minutes, seconds):
         dialog = SetTimer(self)
-        dialog.enter(f"{minutes}", f"{seconds}")
-        dialog.close(SetTimer.SET)
+        # The seconds first: while the minutes read 60, no key reaches them.
+        self.desktop.key("ctrl+a", "0", "Tab", "ctrl+a", *f"{seconds}", "shift+Tab", "ctrl+a", *f"{minutes}", "Return")
+        dialog.wait_closed()
 
     def choose(self, menu, *keys):
         """By the keyboard alone: Alt and the menu's letter, then keys within it."""
@@ -145,10 +137,6 @@ class SetTimer(Dialog):
         timer.desktop.key("ctrl+t")
         super().__init__(timer, "Set Timer")
 
-    def enter(self, minutes, seconds):
-        """The seconds first: while the minutes read 60, no key reaches them."""
-        self.desktop.key("ctrl+a", "0", "Tab", "ctrl+a", *seconds, "shift+Tab", "ctrl+a", *minutes)
-
 
 class DesktopTest(unittest.TestCase):
     MANAGER = "openbox"
@@ -165,13 +153,4 @@ class DesktopTest(unittest.TestCase):
     def assert_stopped(self, timer):
         """That no input before has started the timer: only a stopped one opens Set Timer."""
         SetTimer(timer).close(SetTimer.CANCEL)
-        self.assertEqual(timer.state(), "stopped")
-
-
-def end_by_way_of_all_clean_up():
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit("ended from outside"))
-
-
-def main():
-    end_by_way_of_all_clean_up()
-    unittest.main()
+        timer.wait_for("stopped")

@@ -6,7 +6,7 @@ import pathlib
 import subprocess
 import tempfile
 
-from timer import DesktopTest, main
+from timer import DesktopTest
 
 ID = os.environ["DWINDLEDIAL_ID"]
 
@@ -65,7 +65,3 @@ class PackageTest(DesktopTest):
         self.assertEqual(timer.end(), (0, ""))
         run(*dpkg, "--purge", "dwindledial")
         self.assertEqual([path.name for path in root.iterdir()], ["var"])
-
-
-if __name__ == "__main__":
-    main()
