@@ -19,9 +19,7 @@ class FrameSequence {
 
     /// The remaining time that frame i shows, in seconds. The quotient is cut as it falls: one just under a whole
     /// number shows a second less. A start between two frames begins above the full time, so the clock is held at full.
-    Int32 Seconds(Int32 i) const {
-        return ToInt32(std::min<double>(winMain::kSecondsPerTurn, i / frameRate_));
-    }
+    Int32 Seconds(Int32 i) const { return ToInt32(std::min<double>(winMain::kSecondsPerTurn, i / frameRate_)); }
     /// Whether frame i says that time is up.
     static bool ShowsTimeUp(Int32 i) { return i == 0; }
 
