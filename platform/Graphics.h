@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "platform/Color.h"
@@ -57,10 +58,12 @@ constexpr Int32 kOwnSize = -10000;
 /// as fine as the surface under it.
 class Graphics {
   public:
-    virtual ~Graphics() = default;
+    struct Peer;
+    explicit Graphics(std::unique_ptr<Peer> peer);
+    ~Graphics();
 
-    virtual Int32 Width() const = 0;
-    virtual Int32 Height() const = 0;
+    Int32 Width() const;
+    Int32 Height() const;
 
     /// The colour of later calls that draw rectangles, lines and texts.
     Property<Color> ForeColor;
@@ -73,30 +76,36 @@ class Graphics {
     Property<bool> Italic = false;
 
     // Rectangles and lines have sharp edges. A rectangle without an extent draws nothing.
-    virtual void FillRect(Int32 x, Int32 y, Int32 width, Int32 height) = 0;
+    void FillRect(Int32 x, Int32 y, Int32 width, Int32 height);
     /// The outline, one pixel wide, inside of the rectangle.
-    virtual void DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) = 0;
+    void DrawRect(Int32 x, Int32 y, Int32 width, Int32 height);
     /// One pixel wide, both ends included.
-    virtual void DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2) = 0;
+    void DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2);
     /// Back to the background of the window, or to the white of a new picture.
-    virtual void ClearRect(Int32 x, Int32 y, Int32 width, Int32 height) = 0;
+    void ClearRect(Int32 x, Int32 y, Int32 width, Int32 height);
 
     /// Draws a shape with its own origin at (x, y).
-    virtual void DrawObject(const OvalShape& oval, Int32 x, Int32 y) = 0;
-    virtual void DrawObject(const ArcShape& arc, Int32 x, Int32 y) = 0;
-    virtual void DrawObject(const CurveShape& line, Int32 x, Int32 y) = 0;
+    void DrawObject(const OvalShape& oval, Int32 x, Int32 y);
+    void DrawObject(const ArcShape& arc, Int32 x, Int32 y);
+    void DrawObject(const CurveShape& line, Int32 x, Int32 y);
 
     /// Draws a part of a picture, through its mask if it has one, scaled to the destination's size. A nil picture draws
     /// nothing.
-    virtual void DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight,
-                             Int32 sourceX, Int32 sourceY, Int32 sourceWidth, Int32 sourceHeight) = 0;
+    void DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight, Int32 sourceX,
+                     Int32 sourceY, Int32 sourceWidth, Int32 sourceHeight);
 
     /// The width of a text on one line.
-    virtual double StringWidth(const std::string& text) = 0;
+    double StringWidth(const std::string& text);
     /// The height of a text that is wrapped at a width.
-    virtual Int32 StringHeight(const std::string& text, Int32 wrapWidth) = 0;
-    virtual Int32 TextAscent() = 0;
+    Int32 StringHeight(const std::string& text, Int32 wrapWidth);
+    Int32 TextAscent();
 
     /// Draws a text on one line with its baseline at y.
-    virtual void DrawString(const std::string& text, Int32 x, Int32 y) = 0;
+    void DrawString(const std::string& text, Int32 x, Int32 y);
+
+    /// For the toolkit's own use.
+    Peer& peer() { return *peer_; }
+
+  private:
+    std::unique_ptr<Peer> peer_;
 };

@@ -16,13 +16,8 @@ Host& Host::Current() {
 }
 
 void Host::Install(std::unique_ptr<Host> host) { current = std::move(host); }
-
 double Microseconds() { return Host::Current().Microseconds(); }
-
 void Beep() { Host::Current().Beep(); }
-
 void MsgBox(const std::string& text) { Host::Current().MsgBox(text); }
-
 bool SelectColor(Color& color, const std::string& prompt) { return Host::Current().SelectColor(color, prompt); }
-
 void ShowURL(const std::string& url) { Host::Current().ShowURL(url); }

@@ -43,7 +43,6 @@ class Window : public std::enable_shared_from_this<Window> {
     void MinimizeButton(bool on);
     void MaximizeButton(bool on);
     void Resizeable(bool on);
-    bool Visible() const;
 
     Ref<::MenuBar> MenuBar() const;
     void MenuBar(const Ref<::MenuBar>& bar);

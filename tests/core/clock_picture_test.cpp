@@ -3,7 +3,7 @@
 #include <numbers>
 #include <vector>
 
-#include "platform/qt/drawing/PainterGraphics.h"
+#include "platform/qt/drawing/GraphicsPeer.h"
 #include "platform/qt/drawing/Pixels.h"
 #include "shell/resources.h"
 #include "tests/support/TimerWindowTest.h"
@@ -29,7 +29,9 @@ class ClockPictureTest : public TimerWindowTest, public testing::WithParamInterf
         Timer().Color_Clock_Frame = kFrame;
     }
 
-    Ref<Graphics> OnSurface() { return MakeRef<PainterGraphics>(pixels_.View(), pixels_.LogicalSize()); }
+    Ref<Graphics> OnSurface() {
+        return MakeRef<Graphics>(std::make_unique<Graphics::Peer>(pixels_.View(), pixels_.LogicalSize()));
+    }
     std::vector<QRgb> Seen() const { return {pixels_.Bits().begin(), pixels_.Bits().end()}; }
     std::vector<QRgb> Draw(Int32 seconds, bool hideIcon = true, bool showTimeUp = false) {
         Timer().Redraw(OnSurface(), seconds, 0.95, hideIcon, showTimeUp);

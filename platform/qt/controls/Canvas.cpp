@@ -12,34 +12,104 @@
 #include "platform/Picture.h"
 #include "platform/qt/controls/CanvasAccessible.h"
 #include "platform/qt/controls/RectControlPeer.h"
-#include "platform/qt/drawing/PainterGraphics.h"
+#include "platform/qt/drawing/GraphicsPeer.h"
 #include "platform/qt/drawing/Pixels.h"
 #include "platform/qt/events/EventBoundary.h"
 
 namespace {
 
+// The toolkit also makes a text of what is only a link to a file.
+bool IsText(const QMimeData& data) { return data.hasFormat(QStringLiteral("text/plain")); }
+
 class CanvasWidget final : public QWidget {
   public:
-    explicit CanvasWidget(Canvas& owner);
+    explicit CanvasWidget(Canvas& owner) : owner_(owner) {
+        setFocusPolicy(Qt::NoFocus);
+        setMouseTracking(true);
+    }
 
     /// The surface of the paint event under way, or the one that keeps what is drawn in between.
-    Ref<Graphics> CurrentGraphics();
+    Ref<Graphics> CurrentGraphics() {
+        if (painting_) return painting_;
+        if (!kept_ || kept_->pixels().LogicalSize() != size() || kept_->pixels().Ratio() != devicePixelRatioF()) {
+            kept_ = NewPicture(width(), height(), 32, devicePixelRatioF());
+        }
+        update();
+        return kept_->Graphics();
+    }
+
     /// Runs a drag of `item` from here, the pointer holding it at `hold`.
-    void Drag(const DragItem& item, QPoint hold);
+    void Drag(const DragItem& item, QPoint hold) {
+        wasDragged_ = true;
+        Host::Current().DragText(item.Text(), item.DragPicture(), hold.x(), hold.y());
+    }
+
     /// Where the pointer was last.
     QPoint Pointer() const { return pointer_; }
 
   protected:
-    bool event(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent*) override {
+        painting_ = MakeRef<Graphics>(std::make_unique<Graphics::Peer>(*this));
+        if (kept_) painting_->peer().Fill(kept_->pixels().View());
+        Deliver([this] { owner_.Event_Paint(painting_); });
+        painting_->peer().painter.end();  // whoever still holds it
+        painting_ = nullptr;
+    }
+
+    // Whether its window is the active one may show in a canvas's look.
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) update();
+        return QWidget::event(event);
+    }
+
+    void mousePressEvent(QMouseEvent* event) override {
+        if (event->button() != Qt::LeftButton) return;
+        pointer_ = PixelAt(event->position());
+        wasDragged_ = false;
+        isPressed_ = Deliver([this] { return owner_.Event_MouseDown(pointer_.x(), pointer_.y()); });
+    }
+
+    void mouseMoveEvent(QMouseEvent* event) override {
+        pointer_ = PixelAt(event->position());
+        const bool isHeld = event->buttons().testFlag(Qt::LeftButton);
+        if (isPressed_ && isHeld) {
+            Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
+            if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // the drag has taken the button's release
+        } else if (event->buttons() == Qt::NoButton) {
+            constexpr QPointF kOutside(-1, -1);
+            Release(kOutside);  // the real one is lost when the window was blocked by then
+            pointer_ = PixelAt(event->position());
+            Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
+            event->ignore();  // so that the window hears of it as well
+        }
+    }
+
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton) Release(event->position());
+    }
+
+    // A source that offers to move its text would lose it.
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (!IsText(*event->mimeData())) return;
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+
+    void dropEvent(QDropEvent* event) override {
+        if (!IsText(*event->mimeData())) return;
+        const auto item = MakeRef<DragItem>();
+        item->Text(event->mimeData()->text().toStdString());
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        Deliver([&] { owner_.Event_DropObject(item, 0); });
+    }
 
   private:
-    void Release(QPointF position);
+    void Release(QPointF position) {
+        if (!std::exchange(isPressed_, false)) return;
+        pointer_ = PixelAt(position);
+        Deliver([this] { owner_.Event_MouseUp(pointer_.x(), pointer_.y()); });
+    }
 
     Canvas& owner_;
     /// The surface of the paint event under way; nil outside of one.
@@ -51,91 +121,6 @@ class CanvasWidget final : public QWidget {
     bool isPressed_ = false;
     bool wasDragged_ = false;
 };
-
-// The toolkit also makes a text of what is only a link to a file.
-bool IsText(const QMimeData& data) { return data.hasFormat(QStringLiteral("text/plain")); }
-
-CanvasWidget::CanvasWidget(Canvas& owner) : owner_(owner) {
-    setFocusPolicy(Qt::NoFocus);
-    setMouseTracking(true);
-}
-
-Ref<Graphics> CanvasWidget::CurrentGraphics() {
-    if (painting_) return painting_;
-    if (!kept_ || kept_->pixels().LogicalSize() != size() || kept_->pixels().Ratio() != devicePixelRatioF()) {
-        kept_ = NewPicture(width(), height(), 32, devicePixelRatioF());
-    }
-    update();
-    return kept_->Graphics();
-}
-
-void CanvasWidget::paintEvent(QPaintEvent*) {
-    const auto graphics = MakeRef<PainterGraphics>(*this);
-    if (kept_) graphics->Fill(kept_->pixels().View());
-    painting_ = graphics;
-    Deliver([this] { owner_.Event_Paint(painting_); });
-    painting_ = nullptr;
-    graphics->End();
-}
-
-// Whether its window is the active one may show in a canvas's look.
-bool CanvasWidget::event(QEvent* event) {
-    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) update();
-    return QWidget::event(event);
-}
-
-void CanvasWidget::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
-    pointer_ = PixelAt(event->position());
-    wasDragged_ = false;
-    isPressed_ = Deliver([this] { return owner_.Event_MouseDown(pointer_.x(), pointer_.y()); });
-}
-
-void CanvasWidget::mouseMoveEvent(QMouseEvent* event) {
-    pointer_ = PixelAt(event->position());
-    const bool isHeld = event->buttons().testFlag(Qt::LeftButton);
-    if (isPressed_ && isHeld) {
-        Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
-        if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // the drag has taken the button's release
-    } else if (event->buttons() == Qt::NoButton) {
-        constexpr QPointF kOutside(-1, -1);
-        Release(kOutside);  // the real one is lost when the window was blocked by then
-        pointer_ = PixelAt(event->position());
-        Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
-        event->ignore();  // so that the window hears of it as well
-    }
-}
-
-void CanvasWidget::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) Release(event->position());
-}
-
-void CanvasWidget::Drag(const DragItem& item, QPoint hold) {
-    wasDragged_ = true;
-    Host::Current().DragText(item.Text(), item.DragPicture(), hold.x(), hold.y());
-}
-
-// A source that offers to move its text would lose it.
-void CanvasWidget::dragEnterEvent(QDragEnterEvent* event) {
-    if (!IsText(*event->mimeData())) return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-}
-
-void CanvasWidget::dropEvent(QDropEvent* event) {
-    if (!IsText(*event->mimeData())) return;
-    const auto item = MakeRef<DragItem>();
-    item->Text(event->mimeData()->text().toStdString());
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    Deliver([&] { owner_.Event_DropObject(item, 0); });
-}
-
-void CanvasWidget::Release(QPointF position) {
-    if (!std::exchange(isPressed_, false)) return;
-    pointer_ = PixelAt(position);
-    Deliver([this] { owner_.Event_MouseUp(pointer_.x(), pointer_.y()); });
-}
 
 }  // namespace
 

@@ -52,7 +52,6 @@ class LabelWidget final : public QLabel {
 }  // namespace
 
 StaticText::StaticText() : RectControl(std::make_unique<Peer>(new LabelWidget)) {}
-
 std::string StaticText::Text() const { return WidgetOf<LabelWidget>(*this).text().replace(u'\n', u'\r').toStdString(); }
 void StaticText::Text(const std::string& text) {
     WidgetOf<LabelWidget>(*this).SetText(QString::fromStdString(text).replace(u'\r', u'\n'));
@@ -61,7 +60,6 @@ void StaticText::Text(const std::string& text) {
 void StaticText::TextFont(const std::string& name) { WidgetOf<LabelWidget>(*this).SetFontName(name); }
 void StaticText::TextSize(Int32 size) { WidgetOf<LabelWidget>(*this).SetSize(size); }
 void StaticText::Bold(bool on) { WidgetOf<LabelWidget>(*this).SetBold(on); }
-
 void StaticText::LabelFor(const RectControl& control) { WidgetOf<LabelWidget>(*this).setBuddy(control.peer().widget); }
 
 void StaticText::TextAlign(TextAlignment alignment) {
@@ -116,18 +114,14 @@ ReaderWidget& Reader(const StyledTextField& field) { return WidgetOf<ReaderWidge
 }  // namespace
 
 StyledTextField::StyledTextField() : RectControl(std::make_unique<Peer>(new ReaderWidget)) {}
-
 std::string StyledTextField::Text() const { return Reader(*this).toPlainText().replace(u'\n', u'\r').toStdString(); }
 void StyledTextField::Text(const std::string& text) { StyledText({{text, {false, false, TextSize()}}}); }
-
 void StyledTextField::StyledText(const ::StyledText& text) { Reader(*this).Show(text); }
-
 Int32 StyledTextField::TextSize() const { return Reader(*this).font().pixelSize(); }
 void StyledTextField::TextSize(Int32 size) {
     Reader(*this).setFont(FontNamed(Reader(*this).font().family().toStdString(), size));
 }
 
 void StyledTextField::TextFont(const std::string& name) { Reader(*this).setFont(FontNamed(name, TextSize())); }
-
 void StyledTextField::TextColor(Color color) { Reader(*this).SetColor(QPalette::Text, color); }
 void StyledTextField::BackColor(Color color) { Reader(*this).SetColor(QPalette::Base, color); }

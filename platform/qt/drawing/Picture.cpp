@@ -9,7 +9,7 @@
 
 #include "platform/FolderItem.h"
 #include "platform/MovieLibrary.h"
-#include "platform/qt/drawing/PainterGraphics.h"
+#include "platform/qt/drawing/GraphicsPeer.h"
 #include "platform/qt/drawing/Pixels.h"
 
 Picture::Pixels::Pixels(QSize logicalSize, double devicePixelRatio)
@@ -35,7 +35,8 @@ Int32 Picture::Height() const { return pixels_->LogicalSize().height(); }
 std::span<const std::uint32_t> Picture::Bits() const { return pixels_->Bits(); }
 
 Ref<Graphics> Picture::Graphics() {
-    if (!graphics_) graphics_ = MakeRef<PainterGraphics>(pixels_->View(), pixels_->LogicalSize());
+    if (!graphics_)
+        graphics_ = MakeRef<::Graphics>(std::make_unique<::Graphics::Peer>(pixels_->View(), pixels_->LogicalSize()));
     return graphics_;
 }
 
@@ -98,7 +99,7 @@ QImage ReadImage(const std::filesystem::path& file) {
 /// `scale` of the image's pixels are a logical one; nil for no image.
 Ref<Picture> PictureOf(const QImage& image, int scale) {
     Ref<Picture> picture = NewPicture(image.width() / scale, image.height() / scale, 32, scale);
-    if (picture) static_cast<PainterGraphics&>(*picture->Graphics()).Fill(image);
+    if (picture) picture->Graphics()->peer().Fill(image);
     return picture;
 }
 

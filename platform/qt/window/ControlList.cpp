@@ -36,13 +36,7 @@ Control* ControlList::Find(const std::string& name) const {
     return found == controls_.end() ? nullptr : found->second.get();
 }
 
-RectControl* ControlList::Of(const QWidget& widget) const {
-    const std::vector<RectControl*> all = Seen();
-    const auto found = std::find_if(all.begin(), all.end(), [&](auto* c) { return c->peer().widget == &widget; });
-    return found == all.end() ? nullptr : *found;
-}
-
-std::vector<RectControl*> ControlList::Seen() const {
+std::vector<RectControl*> ControlList::RectControls() const {
     std::vector<RectControl*> found;
     for (const auto& [name, control] : controls_) {
         if (auto* seen = dynamic_cast<RectControl*>(control.get())) found.push_back(seen);
@@ -58,19 +52,19 @@ void ControlList::EndWorkers() const {
 
 // Controls of a group come where the group stands, in an order of their own.
 void ControlList::SetTabOrder() const {
-    const auto place = [this](const RectControl* control) {
-        const auto* group = dynamic_cast<GroupBox*>(Of(*control->peer().widget->parentWidget()));
+    const auto place = [](const RectControl* control) {
+        const auto* group = dynamic_cast<GroupBox*>(control->Parent());
         return group ? std::pair(group->TabIndex(), control->TabIndex()) : std::pair(control->TabIndex(), -1);
     };
-    std::vector<RectControl*> order = Seen();
-    std::stable_sort(order.begin(), order.end(), [&place](auto* a, auto* b) { return place(a) < place(b); });
+    std::vector<RectControl*> order = RectControls();
+    std::stable_sort(order.begin(), order.end(), [&](auto* a, auto* b) { return place(a) < place(b); });
     for (std::size_t i = 1; i < order.size(); ++i) {
         QWidget::setTabOrder(order[i - 1]->peer().widget, order[i]->peer().widget);
     }
 }
 
 void ControlList::FocusFirstField() const {
-    for (RectControl* control : Seen()) {
+    for (RectControl* control : RectControls()) {
         if (!dynamic_cast<EditField*>(control)) continue;
         auto& field = WidgetOf<QLineEdit>(*control);
         field.setFocus();
@@ -83,8 +77,8 @@ bool ControlList::PressButton(const std::string& key) const {
     const bool isEscape = key == Chr(Keyboard::kEscape);
     if (!isEscape && key != Chr(Keyboard::kReturn) && key != Chr(Keyboard::kEnter)) return false;
     const QWidget* focused = content_.window()->focusWidget();
-    auto* chosen = focused && !isEscape ? dynamic_cast<PushButton*>(Of(*focused)) : nullptr;
-    for (RectControl* control : Seen()) {
+    auto* chosen = focused && !isEscape ? dynamic_cast<PushButton*>(ControlOf(*focused)) : nullptr;
+    for (RectControl* control : RectControls()) {
         auto* button = dynamic_cast<PushButton*>(control);
         if (!chosen && button && (isEscape ? button->Cancel() : button->Default())) chosen = button;
     }
@@ -93,6 +87,6 @@ bool ControlList::PressButton(const std::string& key) const {
 }
 
 void ControlList::FollowEdges(QSize before, QSize after) const {
-    for (RectControl* control : Seen())
+    for (RectControl* control : RectControls())
         Follow(*control, after - before);
 }

@@ -18,10 +18,8 @@ class ControlList {
     void Add(const std::string& name, std::unique_ptr<Control> control);
     /// Nil when there is none of that name.
     Control* Find(const std::string& name) const;
-    /// The control whose widget this is; nil if it is none's.
-    RectControl* Of(const QWidget& widget) const;
     /// All that are seen, as they were added.
-    std::vector<RectControl*> Seen() const;
+    std::vector<RectControl*> RectControls() const;
 
     /// Ends the window's threads, each at its next yield.
     void EndWorkers() const;

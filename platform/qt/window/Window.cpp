@@ -19,42 +19,36 @@ void Window::Title(const std::string& title) {
 // geometry() is the window's inside; its frame belongs to the window manager.
 Int32 Window::Left() const { return peer_->Inside().left(); }
 void Window::Left(Int32 left) { peer_->MoveTo({left, Top()}); }
-
 Int32 Window::Top() const { return peer_->Inside().top(); }
 void Window::Top(Int32 top) { peer_->MoveTo({Left(), top}); }
-
 Int32 Window::Width() const { return peer_->Inside().width(); }
 void Window::Width(Int32 width) { peer_->SetSize({width, peer_->Inside().height()}); }
-
 Int32 Window::Height() const { return peer_->Inside().height() - (peer_->IsFullScreen() ? 0 : peer_->BarHeight()); }
 void Window::Height(Int32 height) { peer_->SetSize({Width(), height + peer_->BarHeight()}); }
-
 void Window::MinSize(Int32 width, Int32 height) { peer_->SetMinimum({width, height}); }
 
-void Window::BackColor(Color color) { peer_->SetBackground(ToQColor(color)); }
+void Window::BackColor(Color color) {
+    QPalette colors = peer_->Content().palette();
+    colors.setColor(QPalette::Window, ToQColor(color));
+    peer_->Content().setPalette(colors);
+    peer_->Content().setAutoFillBackground(true);
+}
 
-void Window::Frame(Frames frame) { peer_->SetFrame(frame); }
+void Window::Frame(Frames frame) {
+    const Qt::WindowFlags others = peer_->windowFlags() & ~Qt::WindowType_Mask;
+    peer_->setWindowFlags(others | (frame == Frames::Sheet ? Qt::Dialog : Qt::Window));
+}
 
 void Window::Placement(Placements placement) { peer_->SetCentred(placement == Placements::MainScreen); }
-
-void Window::CloseButton(bool on) { peer_->SetTitleButton(Qt::WindowCloseButtonHint, on); }
-
-void Window::MinimizeButton(bool on) { peer_->SetTitleButton(Qt::WindowMinimizeButtonHint, on); }
-
-void Window::MaximizeButton(bool on) { peer_->SetTitleButton(Qt::WindowMaximizeButtonHint, on); }
-
+void Window::CloseButton(bool on) { peer_->setWindowFlag(Qt::WindowCloseButtonHint, on); }
+void Window::MinimizeButton(bool on) { peer_->setWindowFlag(Qt::WindowMinimizeButtonHint, on); }
+void Window::MaximizeButton(bool on) { peer_->setWindowFlag(Qt::WindowMaximizeButtonHint, on); }
 void Window::Resizeable(bool on) { peer_->SetResizeable(on); }
-
-bool Window::Visible() const { return peer_->isVisible(); }
-
 Ref<MenuBar> Window::MenuBar() const { return peer_->Bar(); }
 void Window::MenuBar(const Ref<::MenuBar>& bar) { peer_->SetMenuBar(bar); }
-
 void Window::MenuBarVisible(bool on) { peer_->SetMenuBarVisible(on); }
-
 bool Window::FullScreen() const { return peer_->IsFullScreen(); }
 void Window::FullScreen(bool on) { peer_->SetFullScreen(on); }
-
 void Window::Maximize() { peer_->Zoom(); }
 
 void Window::Show() {
@@ -80,7 +74,6 @@ void Window::Refresh(bool) {
 }
 
 void Window::UpdateNow() { peer_->repaint(); }
-
 void Window::SetFocus() { peer_->setFocus(); }
 
 void Window::_AddMenuHandler(const std::string& itemName, MenuHandler handler) {
@@ -101,9 +94,7 @@ void Window::Open(const std::string& key, const std::shared_ptr<Window>& window)
 }
 
 bool Window::IsMainThread() { return QThread::currentThread() == qApp->thread(); }
-
 void Window::EndWorkers() { peer_->Controls().EndWorkers(); }
-
 Control* Window::FindControl(const std::string& name) const { return peer_->Controls().Find(name); }
 
 void Window::Adopt(const std::string& name, std::unique_ptr<Control> control) {

@@ -12,14 +12,16 @@
 #include "platform/qt/events/Keys.h"
 #include "platform/qt/window/OpenWindows.h"
 
-WindowPeer::WindowPeer(Window& owner) : owner_(owner) {
+// Only with the first two hints do window managers look at those for the buttons.
+WindowPeer::WindowPeer(Window& owner)
+    : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowMinMaxButtonsHint |
+                           Qt::WindowCloseButtonHint),
+      owner_(owner) {
     setMouseTracking(true);
     content_.setMouseTracking(true);
 }
 
 WindowPeer::~WindowPeer() = default;
-
-WindowPeer& WindowPeer::Of(const QWidget& control) { return static_cast<WindowPeer&>(*control.window()); }
 
 void WindowPeer::Build() {
     owner_.Layout();
@@ -28,33 +30,10 @@ void WindowPeer::Build() {
     owner_.AddMenuHandlers(owner_);
     controls_.SetTabOrder();
     isBuilt_ = true;
-    for (RectControl* control : controls_.Seen())
+    for (RectControl* control : controls_.RectControls())
         Deliver([control] { control->Event_Open(); });
     Deliver([this] { owner_.Event_Open(); });
     if (menu_) menu_->PassEnabling();  // a screen reader may list the commands before anybody opens a menu
-}
-
-void WindowPeer::SetFrame(Window::Frames frame) {
-    isSheet_ = frame == Window::Frames::Sheet;
-    ApplyFlags();
-}
-
-void WindowPeer::SetTitleButton(Qt::WindowType button, bool on) {
-    titleButtons_.setFlag(button, on);
-    ApplyFlags();
-}
-
-// Only with these two hints do window managers look at the buttons.
-void WindowPeer::ApplyFlags() {
-    setWindowFlags((isSheet_ ? Qt::Dialog : Qt::Window) | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                   titleButtons_);
-}
-
-void WindowPeer::SetBackground(const QColor& color) {
-    QPalette colors = content_.palette();
-    colors.setColor(QPalette::Window, color);
-    content_.setPalette(colors);
-    content_.setAutoFillBackground(true);
 }
 
 void WindowPeer::Centre() {
@@ -112,7 +91,7 @@ int WindowPeer::BarHeight() const { return menu_ ? menu_->Widget().sizeHint().he
 
 // Showing an open window again, or closing one that never showed, must do no harm: both come through here.
 void WindowPeer::closeEvent(QCloseEvent* event) {
-    if (event->spontaneous() && !titleButtons_.testFlag(Qt::WindowCloseButtonHint)) return event->ignore();
+    if (event->spontaneous() && !windowFlags().testFlag(Qt::WindowCloseButtonHint)) return event->ignore();
     event->accept();
     if (std::exchange(isClosed_, true)) return;
     try {

@@ -18,18 +18,11 @@ class WindowPeer final : public QWidget {
     explicit WindowPeer(Window& owner);
     ~WindowPeer() override;
 
-    /// The peer of the window that a control's widget is in.
-    static WindowPeer& Of(const QWidget& control);
-
     /// Layout, controls and Open event of a window that is in the list of open windows.
     void Build();
 
-    void SetFrame(Window::Frames frame);
-    bool IsSheet() const { return isSheet_; }
-    /// Shows or takes away one of the title bar's buttons; at first all three are there.
-    void SetTitleButton(Qt::WindowType button, bool on);
+    bool IsSheet() const { return windowType() == Qt::Dialog; }
     void SetCentred(bool on) { isCentred_ = on; }
-    void SetBackground(const QColor& color);
 
     /// The window's inside on the screen: its controls and a menu bar that takes room.
     QRect Inside() const;
@@ -75,7 +68,6 @@ class WindowPeer final : public QWidget {
     /// The window manager takes its time to enter fullscreen and to bring the old frame back.
     enum class FullScreen { Off, Entering, On, Leaving };
 
-    void ApplyFlags();
     void Centre();
     void FrameChanged();
     void StateChanged();
@@ -88,9 +80,7 @@ class WindowPeer final : public QWidget {
     std::unique_ptr<MenuBinding> menu_;
     ControlList controls_{content_};
     bool isBuilt_ = false;
-    bool isSheet_ = false;
     bool isCentred_ = false;
-    Qt::WindowFlags titleButtons_ = Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
     bool isResizeable_ = true;
     QSize minimum_{0, 0};
     bool menuBarVisible_ = true;

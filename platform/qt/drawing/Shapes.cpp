@@ -1,4 +1,4 @@
-#include "platform/qt/drawing/PainterGraphics.h"
+#include "platform/qt/drawing/GraphicsPeer.h"
 
 #include <QtGui/QPainterPath>
 #include <QtGui/QPolygonF>
@@ -72,6 +72,14 @@ std::array<QPolygonF, 4> RingInQuarters(const QRectF& ellipse, double lineWidth,
     return quarters;
 }
 
+void DrawRing(QPainter& painter, const QRectF& ellipse, double lineWidth) {
+    const QTransform& toDevice = painter.deviceTransform();
+    const QPointF cut = toDevice.inverted().map(QPointF(toDevice.map(ellipse.center()).toPoint()));
+    for (const QPolygonF& quarter : RingInQuarters(ellipse, lineWidth, cut, toDevice.m11())) {
+        painter.drawPolygon(quarter);
+    }
+}
+
 QColor Translucent(Color color, double opacityPercent) {
     QColor result = ToQColor(color);
     result.setAlphaF(static_cast<float>(opacityPercent / 100));
@@ -84,34 +92,28 @@ QRectF Around(const RectShape& shape, Int32 x, Int32 y) {
 
 }  // namespace
 
-void PainterGraphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
+void Graphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
+    QPainter& painter = peer_->painter;
     const QRectF ellipse = Around(oval, x, y);
-    painter_.setPen(Qt::NoPen);
+    painter.setPen(Qt::NoPen);
     if (oval.Fill() > 0) {
-        painter_.setBrush(Translucent(oval.FillColor(), oval.Fill()));
-        painter_.drawEllipse(ellipse);
+        painter.setBrush(Translucent(oval.FillColor(), oval.Fill()));
+        painter.drawEllipse(ellipse);
     }
     if (oval.Border() > 0) {
-        painter_.setBrush(Translucent(oval.BorderColor(), oval.Border()));
-        DrawRing(ellipse, oval.BorderWidth());
+        painter.setBrush(Translucent(oval.BorderColor(), oval.Border()));
+        DrawRing(painter, ellipse, oval.BorderWidth());
     }
 }
 
-void PainterGraphics::DrawRing(const QRectF& ellipse, double lineWidth) {
-    const QTransform& toDevice = painter_.deviceTransform();
-    const QPointF cut = toDevice.inverted().map(QPointF(toDevice.map(ellipse.center()).toPoint()));
-    for (const QPolygonF& quarter : RingInQuarters(ellipse, lineWidth, cut, toDevice.m11())) {
-        painter_.drawPolygon(quarter);
-    }
-}
-
-void PainterGraphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {
+void Graphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {
+    QPainter& painter = peer_->painter;
     constexpr double kTurn = 2 * std::numbers::pi;
     const QRectF ellipse = Around(arc, x, y);
-    painter_.setPen(Qt::NoPen);
-    painter_.setBrush(Translucent(arc.FillColor(), arc.Fill()));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Translucent(arc.FillColor(), arc.Fill()));
     if (std::abs(arc.ArcAngle()) >= kTurn) {
-        painter_.drawEllipse(ellipse);
+        painter.drawEllipse(ellipse);
         return;
     }
     // A path rather than drawPie, which knows angles to a sixteenth of a degree only: a second is a tenth.
@@ -119,15 +121,16 @@ void PainterGraphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {
     QPainterPath slice(ellipse.center());
     slice.arcTo(ellipse, degrees(arc.StartAngle()), degrees(arc.ArcAngle()));
     slice.closeSubpath();
-    painter_.drawPath(slice);
+    painter.drawPath(slice);
 }
 
-void PainterGraphics::DrawObject(const CurveShape& line, Int32 x, Int32 y) {
+void Graphics::DrawObject(const CurveShape& line, Int32 x, Int32 y) {
+    QPainter& painter = peer_->painter;
     const double cosine = std::cos(line.Rotation());
     const double sine = std::sin(line.Rotation());
     const auto turned = [&](double px, double py) {
         return QPointF(x + px * cosine - py * sine, y + px * sine + py * cosine);
     };
-    painter_.setPen({ToQColor(line.BorderColor()), line.BorderWidth(), Qt::SolidLine, Qt::FlatCap});
-    painter_.drawLine(turned(line.X(), line.Y()), turned(line.X2(), line.Y2()));
+    painter.setPen({ToQColor(line.BorderColor()), line.BorderWidth(), Qt::SolidLine, Qt::FlatCap});
+    painter.drawLine(turned(line.X(), line.Y()), turned(line.X2(), line.Y2()));
 }

@@ -1,0 +1,109 @@
+#include "platform/qt/drawing/GraphicsPeer.h"
+
+#include <QtGui/QFontMetricsF>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/qt/drawing/Pixels.h"
+#include "platform/qt/drawing/Styles.h"
+
+namespace {
+
+constexpr auto kSmooth = QPainter::Antialiasing | QPainter::SmoothPixmapTransform;
+
+// Not antialiased: at a fractional scale the surface's last row and column would be covered in part only.
+void FillSharply(QPainter& painter, QRectF place, const QColor& color) {
+    if (place.isEmpty()) return;
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.fillRect(place, color);
+    painter.setRenderHint(QPainter::Antialiasing);
+}
+
+// Not hinted, so that a text's width grows evenly with its size and is the same at every scale factor.
+QFont FontOf(const Graphics& g) {
+    QFont font = FontNamed(g.TextFont(), g.TextSize());
+    font.setBold(g.Bold());
+    font.setItalic(g.Italic());
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+}  // namespace
+
+Graphics::Peer::Peer(QImage surface, QSize logicalSize)
+    : image(std::move(surface)), size(logicalSize), painter(&image) {
+    painter.setRenderHints(kSmooth);
+}
+
+Graphics::Peer::Peer(QWidget& widget)
+    : size(widget.size()), background(widget.palette().color(QPalette::Window)), painter(&widget) {
+    painter.setRenderHints(kSmooth);
+}
+
+Graphics::Graphics(std::unique_ptr<Peer> peer) : peer_(std::move(peer)) {}
+
+Graphics::~Graphics() = default;
+
+Int32 Graphics::Width() const { return peer_->size.width(); }
+Int32 Graphics::Height() const { return peer_->size.height(); }
+
+void Graphics::FillRect(Int32 x, Int32 y, Int32 width, Int32 height) {
+    FillSharply(peer_->painter, QRect(x, y, width, height), ToQColor(ForeColor()));
+}
+
+void Graphics::DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) {
+    if (width <= 0 || height <= 0) return;
+    // In pixels of the device, so that all four sides are equally wide at a fractional scale, too.
+    const QTransform& toDevice = peer_->painter.deviceTransform();
+    const QRect outer = QRectF(toDevice.mapRect(QRectF(x, y, width, height))).toRect();
+    const int side = std::max(ToInt32(toDevice.m11() + 0.5), 1);
+    const QRect sides[] = {{outer.left(), outer.top(), outer.width(), side},
+                           {outer.left(), outer.bottom() + 1 - side, outer.width(), side},
+                           {outer.left(), outer.top(), side, outer.height()},
+                           {outer.right() + 1 - side, outer.top(), side, outer.height()}};
+    for (const QRect& filled : sides)
+        FillSharply(peer_->painter, toDevice.inverted().mapRect(QRectF(filled)), ToQColor(ForeColor()));
+}
+
+void Graphics::DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2) {
+    const QPointF middle(0.5, 0.5);
+    peer_->painter.setRenderHint(QPainter::Antialiasing, false);
+    peer_->painter.setPen({ToQColor(ForeColor()), 1, Qt::SolidLine, Qt::SquareCap});
+    peer_->painter.drawLine(QPointF(x1, y1) + middle, QPointF(x2, y2) + middle);
+    peer_->painter.setRenderHint(QPainter::Antialiasing);
+}
+
+void Graphics::ClearRect(Int32 x, Int32 y, Int32 width, Int32 height) {
+    FillSharply(peer_->painter, QRect(x, y, width, height), peer_->background);
+}
+
+void Graphics::DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight,
+                           Int32 sourceX, Int32 sourceY, Int32 sourceWidth, Int32 sourceHeight) {
+    if (!picture) return;
+    const auto extent = [](Int32 given, Int32 own) { return given == kOwnSize ? own : given; };
+    const QRect destination(x, y, extent(destWidth, picture->Width()), extent(destHeight, picture->Height()));
+    const QRectF source(sourceX, sourceY, extent(sourceWidth, picture->Width()),
+                        extent(sourceHeight, picture->Height()));
+    // The source is counted in the image's own pixels.
+    const double ratio = picture->pixels().Ratio();
+    peer_->painter.drawImage(destination, Composed(*picture), QRectF(source.topLeft() * ratio, source.size() * ratio));
+}
+
+double Graphics::StringWidth(const std::string& text) {
+    return QFontMetricsF(FontOf(*this)).horizontalAdvance(QString::fromStdString(text));
+}
+
+Int32 Graphics::StringHeight(const std::string& text, Int32 wrapWidth) {
+    constexpr double kUnbounded = 1e6;
+    const QRectF box(0, 0, wrapWidth, kUnbounded);
+    return ToInt32(std::ceil(
+        QFontMetricsF(FontOf(*this)).boundingRect(box, Qt::TextWordWrap, QString::fromStdString(text)).height()));
+}
+
+Int32 Graphics::TextAscent() { return ToInt32(std::round(QFontMetricsF(FontOf(*this)).ascent())); }
+
+void Graphics::DrawString(const std::string& text, Int32 x, Int32 y) {
+    peer_->painter.setFont(FontOf(*this));
+    peer_->painter.setPen(ToQColor(ForeColor()));
+    peer_->painter.drawText(QPointF(x, y), QString::fromStdString(text));
+}
