@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/Application.h"
-#include "platform/DragItem.h"
 #include "platform/Graphics.h"
 #include "platform/Host.h"
+#include "platform/Keyboard.h"
 #include "platform/Picture.h"
 #include "platform/Text.h"
+#include "platform/Variant.h"
 #include "platform/targets.h"
 
 namespace {
@@ -20,11 +20,6 @@ constexpr const char* kNoText = "?";
 constexpr Int32 kDragDistance = 3;
 /// The side of the square that is dragged.
 constexpr Int32 kDragSize = 12;
-
-std::string TwoDigits(Int32 component) {
-    const std::string digits = Hex(component);
-    return digits.size() == 1 ? "0" + digits : digits;
-}
 
 /// The colour itself, in a thin frame that shows on any ground.
 Ref<Picture> PictureToDrag(Color color, double scale) {
@@ -89,11 +84,7 @@ void SmartColorWell::Event_MouseDrag(Int32 x, Int32 y) {
     if (!hasMoved || draggedColorBox) return;
     showPressed(false);
     draggedColorBox = true;
-    if constexpr (targets::kDragFromPress) {
-        dragColor(mouseDownX, mouseDownY);
-    } else {
-        dragColor(x, y);
-    }
+    dragColor(targets::kDragFromPress ? mouseDownX : x, targets::kDragFromPress ? mouseDownY : y);
 }
 
 void SmartColorWell::dragColor(Int32 x, Int32 y) {
@@ -129,8 +120,7 @@ void SmartColorWell::pickColor() {
     ColorSelected = c;
     if (isConfirmed) {
         lastColorAsHexString = kNoText;
-        DescriptionChanged();
-        if (ColorChange) ColorChange(ColorSelected);
+        tellChange();
     }
     draw();
 }
@@ -139,14 +129,11 @@ void SmartColorWell::setColor(Color c) {
     if (c == ColorSelected) return;
     ColorSelected = c;
     lastColorAsHexString = kNoText;
-    DescriptionChanged();
     draw();
-    if (ColorChange) ColorChange(ColorSelected);
+    tellChange();
 }
 
-std::string SmartColorWell::getColorAsHexString() const {
-    return "#" + TwoDigits(ColorSelected.Red()) + TwoDigits(ColorSelected.Green()) + TwoDigits(ColorSelected.Blue());
-}
+std::string SmartColorWell::getColorAsHexString() const { return Variant(ColorSelected).StringValue(); }
 
 void SmartColorWell::setColorFromHexString(const std::string& text) {
     if (text == lastColorAsHexString) return;
@@ -154,8 +141,12 @@ void SmartColorWell::setColorFromHexString(const std::string& text) {
     const Color before = ColorSelected;
     ColorSelected = integer2Color(ToInt32(Val("&h" + Replace(text, "#", ""))));
     if (ColorSelected == before) return;
-    DescriptionChanged();
     draw();
+    tellChange();
+}
+
+void SmartColorWell::tellChange() {
+    DescriptionChanged();
     if (ColorChange) ColorChange(ColorSelected);
 }
 
@@ -178,7 +169,8 @@ void SmartColorWell::draw() {
     const Ref<Picture> look = NewPicture(Width(), Height(), 32, ScaleFactor());
     drawBevel(*look->Graphics());
     drawSwatch(*look->Graphics());
-    if (isDimmed()) dim(*look);
+    const bool isDimmed = !pickingColor && (!Enabled() || !Active() || (Parent() && !Parent()->Enabled()));
+    if (isDimmed) dim(*look);
     const Ref<::Graphics> g = Graphics();
     if constexpr (targets::kClearBeforeCopy) g->ClearRect(0, 0, Width(), Height());
     g->DrawPicture(look, 0, 0, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
@@ -232,11 +224,6 @@ void SmartColorWell::drawSwatch(::Graphics& g) const {
 
 void SmartColorWell::fillSwatchPlace(::Graphics& g) const {
     g.FillRect(Margin, Margin, Width() - cShrink - 2 * Margin, Height() - cShrink - 2 * Margin);
-}
-
-bool SmartColorWell::isDimmed() const {
-    if (pickingColor) return false;
-    return !Enabled() || !Active() || (Parent() && !Parent()->Enabled());
 }
 
 // Everything goes half transparent, but for the swatch of a well that is in front.

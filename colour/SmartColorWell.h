@@ -75,8 +75,9 @@ class SmartColorWell : public Canvas {
     void drawBevel(::Graphics& g) const;
     void drawSwatch(::Graphics& g) const;
     void fillSwatchPlace(::Graphics& g) const;
-    bool isDimmed() const;
     void dim(Picture& look) const;
     void showPressed(bool on);
     void dragColor(Int32 x, Int32 y);
+    /// To a screen reader and the owner.
+    void tellChange();
 };

@@ -8,15 +8,11 @@
 #include "platform/Ref.h"
 #include "platform/Values.h"
 
-enum class MouseCursors { StandardPointer, FingerPointer };
-constexpr MouseCursors StandardPointer = MouseCursors::StandardPointer;
-constexpr MouseCursors FingerPointer = MouseCursors::FingerPointer;
+enum MouseCursors { StandardPointer, FingerPointer };
 
 /// The program as the toolkit sees it.
 class Application {
   public:
-    enum Stages { Development = 0, Alpha = 1, Beta = 2, Final = 3 };
-
     virtual ~Application() = default;
 
     /// Delivered once, when the event loop begins.
@@ -31,7 +27,7 @@ class Application {
     Property<Int32> MajorVersion = 0;
     Property<Int32> MinorVersion = 0;
     Property<Int32> BugVersion = 0;
-    /// One of Stages.
+    /// 0 development, 1 alpha, 2 beta, 3 final.
     Property<Int32> StageCode = 0;
     Property<Int32> NonReleaseVersion = 0;
 
@@ -57,13 +53,3 @@ int RuntimeExit();
 
 /// Ends all workers, each at its next yield, then the event loop, with a status.
 void Quit(int status);
-
-/// Keys as they are held now, whatever event is being handled.
-namespace Keyboard {
-
-/// Ctrl.
-bool AsyncCommandKey();
-/// Alt; Shift as well, since many window managers keep Alt with the pointer for themselves.
-bool AsyncOptionKey();
-
-}  // namespace Keyboard

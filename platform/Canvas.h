@@ -1,13 +1,48 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
+#include <utility>
 
-#include "platform/Accessible.h"
 #include "platform/Control.h"
 #include "platform/Ref.h"
 
-class DragItem;
 class Graphics;
+class Picture;
+
+/// What a canvas tells a screen reader, which may ask at any moment on the main thread. What isn't given doesn't exist
+/// for it.
+struct Accessible {
+    enum class Roles { Picture = 1, Button };
+    Roles Role = Roles::Picture;
+    /// The present state in words.
+    std::function<std::string()> Description;
+    /// Does what a click does.
+    std::function<void()> Press;
+};
+
+/// A text that is dragged with the pointer: made by the canvas where the drag begins, handed to the one where it ends.
+class DragItem {
+  public:
+    /// `drag` carries out Drag().
+    explicit DragItem(std::function<void(const DragItem&)> drag = {}) : drag_(std::move(drag)) {}
+
+    bool TextAvailable() const { return text_.has_value(); }
+    /// Empty when there is none.
+    std::string Text() const { return text_.value_or(""); }
+    void Text(std::string text) { text_ = std::move(text); }
+
+    /// What the pointer carries, in the place of the item's rectangle; nil for the desktop's own look.
+    Property<Ref<Picture>> DragPicture;
+
+    /// Runs the drag, and returns when the user has let go. The press that began it is over then.
+    void Drag() const { drag_(*this); }
+
+  private:
+    std::optional<std::string> text_;
+    std::function<void(const DragItem&)> drag_;
+};
 
 /// A control that its owner paints. It never takes the keyboard focus. Positions in its events are its own coordinates,
 /// and may lie outside of it while the button is held.

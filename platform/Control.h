@@ -6,23 +6,6 @@
 
 #include "platform/Values.h"
 
-/// The characters that KeyDown handlers get for the keys without one of their own, and the space.
-namespace Keyboard {
-
-constexpr Int32 kEnter = 3;  // on the keypad
-constexpr Int32 kBackspace = 8;
-constexpr Int32 kTab = 9;
-constexpr Int32 kReturn = 13;
-constexpr Int32 kEscape = 27;
-constexpr Int32 kLeft = 28;
-constexpr Int32 kRight = 29;
-constexpr Int32 kUp = 30;
-constexpr Int32 kDown = 31;
-constexpr Int32 kSpace = 32;
-constexpr Int32 kDelete = 127;
-
-}  // namespace Keyboard
-
 /// What a window holds by name. The window owns its controls.
 class Control {
   public:

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/Ref.h"
 
@@ -54,13 +55,19 @@ class Host {
                                            CompressionSettings& settings) = 0;
 
     /// The host in use. There is one from RuntimeInit on.
-    static Host& Current();
+    static Host& Current() { return *Installed(); }
     /// Puts a host in place of the one in use, which is destroyed; nil leaves none.
-    static void Install(std::unique_ptr<Host> host);
+    static void Install(std::unique_ptr<Host> host) { Installed() = std::shared_ptr<Host>(std::move(host)); }
+
+  private:
+    static Ref<Host>& Installed() {
+        static Ref<Host> host;
+        return host;
+    }
 };
 
-double Microseconds();
-void Beep();
-void MsgBox(const std::string& text);
-bool SelectColor(Color& color, const std::string& prompt);
-void ShowURL(const std::string& url);
+inline double Microseconds() { return Host::Current().Microseconds(); }
+inline void Beep() { Host::Current().Beep(); }
+inline void MsgBox(const std::string& text) { Host::Current().MsgBox(text); }
+inline bool SelectColor(Color& color, const std::string& prompt) { return Host::Current().SelectColor(color, prompt); }
+inline void ShowURL(const std::string& url) { Host::Current().ShowURL(url); }

@@ -33,20 +33,18 @@ class MenuItem {
     const std::vector<Ref<MenuItem>>& Children() const { return children_; }
 
     /// The entry of that name at any depth; nil if there is none.
-    Ref<MenuItem> Child(const std::string& name) const;
+    Ref<MenuItem> Child(const std::string& name) const {
+        for (const Ref<MenuItem>& child : children_) {
+            if (child->Name() == name) return child;
+            if (Ref<MenuItem> deeper = child->Child(name)) return deeper;
+        }
+        return nullptr;
+    }
 
   private:
     bool enabled_ = false;
     std::vector<Ref<MenuItem>> children_;
 };
-
-inline Ref<MenuItem> MenuItem::Child(const std::string& name) const {
-    for (const Ref<MenuItem>& child : children_) {
-        if (child->Name() == name) return child;
-        if (Ref<MenuItem> deeper = child->Child(name)) return deeper;
-    }
-    return nullptr;
-}
 
 // These three stand where the tree puts them, since Linux has no application menu.
 class PrefsMenuItem : public MenuItem {};

@@ -40,7 +40,6 @@ class Ref {
         return *object_;
     }
     explicit operator bool() const { return object_ != nullptr; }
-    bool operator==(const Ref& other) const { return object_ == other.object_; }
 
     const std::shared_ptr<T>& Shared() const { return object_; }
 

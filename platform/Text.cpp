@@ -6,7 +6,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <limits>
 
@@ -24,26 +23,9 @@ double ParseNumber(const std::string& text) {
     return strtod_l(text.c_str(), nullptr, plain);
 }
 
-/// What a picture mask asks for.
-struct NumberMask {
-    explicit NumberMask(std::string_view mask) {
-        const std::size_t point = std::min(mask.find('.'), mask.size());
-        const std::string_view whole = mask.substr(0, point);
-        const std::string_view fraction = mask.substr(point);
-        digits = Count(whole, '0');
-        places = Count(fraction, '0') + Count(fraction, '#');
-        isGrouped = Count(whole, ',') > 0;
-    }
-
-    std::size_t digits;
-    std::size_t places;
-    bool isGrouped;
-
-  private:
-    static std::size_t Count(std::string_view text, char character) {
-        return static_cast<std::size_t>(std::ranges::count(text, character));
-    }
-};
+std::size_t Count(std::string_view text, char character) {
+    return static_cast<std::size_t>(std::ranges::count(text, character));
+}
 
 struct Separators {
     std::string decimal;
@@ -91,8 +73,6 @@ double Val(std::string_view text) {
     return ParseNumber(Leading(text, "+-.0123456789eE"));
 }
 
-std::string Str(Int32 number) { return std::to_string(number); }
-
 std::string Str(double number) {
     // Sizes that people use stand in plain digits: 100000, where the very shortest form would be "1e+05".
     const double size = std::abs(number);
@@ -107,19 +87,23 @@ std::string Str(double number) {
 
 std::string Format(double number, std::string_view mask) {
     if (!std::isfinite(number)) return Str(number);
-    const NumberMask wanted(mask);
+    const std::size_t maskPoint = std::min(mask.find('.'), mask.size());
+    const std::string_view wholeMask = mask.substr(0, maskPoint);
+    const std::string_view fractionMask = mask.substr(maskPoint);
+    const std::size_t places = Count(fractionMask, '0') + Count(fractionMask, '#');
+    const std::size_t leastDigits = Count(wholeMask, '0');
     const Separators separators = UserSeparators();
 
-    const std::string digits = RoundedDigits(std::abs(number), wanted.places);
+    const std::string digits = RoundedDigits(std::abs(number), places);
     const std::size_t point = std::min(digits.find('.'), digits.size());
     std::string whole = digits.substr(0, point);
     if (whole == "0") whole.clear();
-    whole.insert(0, wanted.digits - std::min(wanted.digits, whole.size()), '0');
-    if (wanted.isGrouped) whole = Grouped(whole, separators.thousands);
+    whole.insert(0, leastDigits - std::min(leastDigits, whole.size()), '0');
+    if (wholeMask.find(',') != npos) whole = Grouped(whole, separators.thousands);
 
     const bool isZero = digits.find_first_not_of("0.") == npos;
     if (number < 0 && !isZero) whole.insert(0, "-");
-    return wanted.places == 0 ? whole : whole + separators.decimal + digits.substr(point + 1);
+    return places == 0 ? whole : whole + separators.decimal + digits.substr(point + 1);
 }
 
 std::string NthField(std::string_view text, std::string_view separator, Int32 number) {
@@ -139,20 +123,4 @@ std::string Replace(std::string_view text, std::string_view find, std::string_vi
     return result;
 }
 
-std::string Hex(Int32 number) {
-    std::array<char, 9> digits;
-    const int size = std::snprintf(digits.data(), digits.size(), "%X", static_cast<unsigned>(number));
-    return std::string(digits.data(), static_cast<std::size_t>(size));
-}
-
-std::string Chr(Int32 code) {
-    const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
-    if (code < 0 || code > 0x10FFFF || isSurrogate) return {};
-
-    const auto lead = [code](int mark, int shift) { return static_cast<char>(mark | code >> shift); };
-    const auto next = [code](int shift) { return static_cast<char>(0x80 | (code >> shift & 0x3F)); };
-    if (code < 0x80) return {lead(0, 0)};
-    if (code < 0x800) return {lead(0xC0, 6), next(0)};
-    if (code < 0x10000) return {lead(0xE0, 12), next(6), next(0)};
-    return {lead(0xF0, 18), next(12), next(6), next(0)};
-}
+std::string Chr(Int32 code) { return {static_cast<char>(code)}; }

@@ -13,7 +13,6 @@
 double Val(std::string_view text);
 
 /// A number as decimal text, with a point whatever the locale; Val gives exactly the same number back.
-std::string Str(Int32 number);
 std::string Str(double number);
 
 /// A number by a picture mask: every "0" before the point is a digit that always shows, "#" one that may; a "," groups
@@ -28,8 +27,5 @@ std::string NthField(std::string_view text, std::string_view separator, Int32 nu
 /// `text` with the first `find` in it replaced by `replacement`.
 std::string Replace(std::string_view text, std::string_view find, std::string_view replacement);
 
-/// Hexadecimal digits in upper case, as few as the number needs.
-std::string Hex(Int32 number);
-
-/// The character of that code point; empty for a code that is none.
+/// The character of a code below 128.
 std::string Chr(Int32 code);

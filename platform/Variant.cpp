@@ -3,7 +3,6 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
-#include <functional>
 #include <utility>
 
 namespace {
@@ -48,17 +47,12 @@ Color Variant::ColorValue() const {
     return color ? *color : ParseColor(std::get<SharedText>(value_).part);
 }
 
-std::size_t Variant::Hash() const {
-    const auto* const color = std::get_if<Color>(&value_);
-    return color ? std::hash<Int32>()(color->value) : std::hash<std::string_view>()(std::get<SharedText>(value_).part);
-}
+bool Dictionary::HasKey(const Variant& key) const { return index_.contains(key.StringValue()); }
 
-bool Dictionary::HasKey(const Variant& key) const { return index_.contains(key); }
-
-const Variant& Dictionary::Value(const Variant& key) const { return values_[index_.at(key)]; }
+const Variant& Dictionary::Value(const Variant& key) const { return values_[index_.at(key.StringValue())]; }
 
 void Dictionary::Value(const Variant& key, Variant value) {
-    const auto [place, isNew] = index_.try_emplace(key, keys_.size());
+    const auto [place, isNew] = index_.try_emplace(key.StringValue(), keys_.size());
     if (isNew) {
         keys_.push_back(key);
         values_.push_back(std::move(value));

@@ -27,21 +27,16 @@ class Variant {
     /// that is no colour gives black.
     Color ColorValue() const;
 
-    bool operator==(const Variant&) const = default;
-    std::size_t Hash() const;
-
   private:
     struct SharedText {
         std::shared_ptr<const std::string> whole;
         std::string_view part;
-
-        bool operator==(const SharedText& other) const { return part == other.part; }
     };
 
     std::variant<SharedText, Color> value_;
 };
 
-/// A hash map of Variants that keeps the order in which its keys were first stored.
+/// A hash map of Variants that keeps the order in which its keys were first stored. Keys of the same text are the same.
 class Dictionary {
   public:
     bool HasKey(const Variant& key) const;
@@ -56,11 +51,8 @@ class Dictionary {
     const std::vector<Variant>& Values() const { return values_; }
 
   private:
-    struct Hasher {
-        std::size_t operator()(const Variant& key) const { return key.Hash(); }
-    };
-
     std::vector<Variant> keys_;
     std::vector<Variant> values_;
-    std::unordered_map<Variant, std::size_t, Hasher> index_;
+    /// Where in both the key of a text is.
+    std::unordered_map<std::string, std::size_t> index_;
 };

@@ -2,13 +2,6 @@
 
 #include "platform/Text.h"
 
-namespace {
-
-bool IsPrintable(const std::string& key) { return key >= " " && key <= "~"; }
-bool IsDigit(const std::string& key) { return key >= "0" && key <= "9"; }
-
-}  // namespace
-
 StaticText& Dialog::AddLabel(const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
                              Int32 height, Int32 tabIndex) {
     auto& label = AddControl<StaticText>(name, left, top, width, height, tabIndex);
@@ -34,18 +27,12 @@ PushButton& Dialog::AddButton(const std::string& name, const std::string& captio
 }
 
 KeyVerdict JudgeKey(EditField& field, const std::string& key, Int32 highest) {
-    if (!IsPrintable(key)) return KeyVerdict::ToField;
-    if (!IsDigit(key)) return KeyVerdict::Swallowed;
+    if (key < " " || key > "~") return KeyVerdict::ToField;
+    if (key < "0" || key > "9") return KeyVerdict::Swallowed;
     const std::string saved = field.Text();
     field.SelText("");
     const double value = Val(field.Text() + key);
     if (value >= 0 && value <= highest) return KeyVerdict::ToField;
     field.Text(saved);
     return KeyVerdict::Refused;
-}
-
-bool CloseOnEscape(Window& window, const std::string& key) {
-    if (key != Chr(Keyboard::kEscape)) return false;
-    window.Close();
-    return true;
 }

@@ -103,8 +103,8 @@ TEST_F(PreferencesTest, ReadingAddsToWhatIsThereAndADefaultOnceGivenIsWritten) {
     store.Put("a", "old");
     SaveText(file, "<key>b</key><string>1</string><key>c</key><string>2</string><key>b</key><string>3</string>");
     EXPECT_TRUE(store.ReadFile());
-    EXPECT_EQ(store.Get("d", Color{0x123456}), Variant(Color{0x123456}));
-    EXPECT_EQ(store.Get("d", "another"), Variant(Color{0x123456}));
+    EXPECT_EQ(store.Get("d", Color{0x123456}).ColorValue(), Color{0x123456});
+    EXPECT_EQ(store.Get("d", "another").ColorValue(), Color{0x123456});
     store.WriteFile();
     EXPECT_THAT(EntriesOf(LoadText(file)), ElementsAre("a=old", "b=3", "c=2", "d=#123456"));
 }

@@ -7,7 +7,6 @@
 #include <QtWidgets/QWidget>
 #include <utility>
 
-#include "platform/DragItem.h"
 #include "platform/Host.h"
 #include "platform/Picture.h"
 #include "platform/qt/controls/CanvasAccessible.h"

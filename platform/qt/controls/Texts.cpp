@@ -4,7 +4,6 @@
 #include <QtWidgets/QTextEdit>
 
 #include "platform/Controls.h"
-#include "platform/StyledTextField.h"
 #include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/drawing/Styles.h"
 

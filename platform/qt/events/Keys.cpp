@@ -4,40 +4,22 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QGroupBox>
+#include <utility>
 
-#include "platform/Application.h"
-#include "platform/Control.h"
+#include "platform/Keyboard.h"
 #include "platform/Text.h"
 
 namespace {
 
-Int32 ControlCode(int key) {
-    switch (key) {
-        case Qt::Key_Return:
-            return Keyboard::kReturn;
-        case Qt::Key_Enter:
-            return Keyboard::kEnter;
-        case Qt::Key_Escape:
-            return Keyboard::kEscape;
-        case Qt::Key_Backspace:
-            return Keyboard::kBackspace;
-        case Qt::Key_Tab:
-        case Qt::Key_Backtab:
-            return Keyboard::kTab;
-        case Qt::Key_Delete:
-            return Keyboard::kDelete;
-        case Qt::Key_Left:
-            return Keyboard::kLeft;
-        case Qt::Key_Right:
-            return Keyboard::kRight;
-        case Qt::Key_Up:
-            return Keyboard::kUp;
-        case Qt::Key_Down:
-            return Keyboard::kDown;
-        default:
-            return 0;
-    }
-}
+/// The keys that have a character of the toolkit's own.
+constexpr std::pair<int, Int32> kControlCodes[] = {
+    {Qt::Key_Return, Keyboard::kReturn}, {Qt::Key_Enter, Keyboard::kEnter},
+    {Qt::Key_Escape, Keyboard::kEscape}, {Qt::Key_Backspace, Keyboard::kBackspace},
+    {Qt::Key_Tab, Keyboard::kTab},       {Qt::Key_Backtab, Keyboard::kTab},
+    {Qt::Key_Delete, Keyboard::kDelete}, {Qt::Key_Left, Keyboard::kLeft},
+    {Qt::Key_Right, Keyboard::kRight},   {Qt::Key_Up, Keyboard::kUp},
+    {Qt::Key_Down, Keyboard::kDown},
+};
 
 bool IsModifier(int key) {
     return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr ||
@@ -71,9 +53,9 @@ class ReturnForWindows final : public QObject {
 std::optional<std::string> KeyText(const QKeyEvent& event) {
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return std::nullopt;
     if (IsModifier(event.key())) return std::nullopt;
-    if (const Int32 code = ControlCode(event.key())) return Chr(code);
-    const QList<uint> characters = event.text().toUcs4();
-    return characters.isEmpty() ? "" : Chr(static_cast<Int32>(characters.front()));
+    for (const auto& [key, code] : kControlCodes)
+        if (event.key() == key) return Chr(code);
+    return QString::fromStdU32String(event.text().toStdU32String().substr(0, 1)).toStdString();
 }
 
 bool IsRepeat(const QKeyEvent& press) {

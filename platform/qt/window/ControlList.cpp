@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/Controls.h"
+#include "platform/Keyboard.h"
 #include "platform/Text.h"
 #include "platform/Thread.h"
 #include "platform/qt/controls/RectControlPeer.h"
