@@ -38,8 +38,6 @@ void ShowOnClock() {
 
 }  // namespace
 
-winPrefs& winPrefs::Instance() { return ImplicitInstance<winPrefs>("winPrefs.winPrefs"); }
-
 void winPrefs::Layout() {
     Title("Preferences");
     Frame(Frames::Sheet);
@@ -49,8 +47,6 @@ void winPrefs::Layout() {
     MaximizeButton(false);
     Resizeable(false);
 }
-
-void winPrefs::CreateControls() { _CreateControls0(); }
 
 void winPrefs::_CreateControls0() {
     for (const Role& role : kRoles) {

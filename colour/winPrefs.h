@@ -7,7 +7,7 @@
 /// Cancel puts back what was there when the dialog opened. What stays is saved when the timer window closes, not here.
 class winPrefs final : public Dialog {
   public:
-    static winPrefs& Instance();
+    static winPrefs& Instance() { return ImplicitInstance<winPrefs>("winPrefs.winPrefs"); }
 
     // The timer window's colours as they were when the dialog opened.
     Color mBackground;
@@ -28,7 +28,7 @@ class winPrefs final : public Dialog {
 
   private:
     void Layout() override;
-    void CreateControls() override;
+    void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
     /// Gives the clock the colour of a well.
     void TakeFrom(const std::string& well);

@@ -1,7 +1,10 @@
 #include "core/winMain.h"
 
 #include "platform/Canvas.h"
+#include "platform/Keyboard.h"
+#include "platform/Text.h"
 #include "platform/Timer.h"
+#include "shell/App.h"
 #include "shell/MenuBar1.h"
 
 namespace {
@@ -11,8 +14,6 @@ constexpr Int32 kDesignHeight = 229;
 
 }  // namespace
 
-winMain& winMain::Instance() { return ImplicitInstance<winMain>("winMain.winMain"); }
-
 void winMain::Layout() {
     MenuBar(MenuBar1::Instance());
     Title("Dwindledial");
@@ -21,8 +22,6 @@ void winMain::Layout() {
     Height(kDesignHeight);
     BackColor(Color_Window_Background);
 }
-
-void winMain::CreateControls() { _CreateControls0(); }
 
 void winMain::_CreateControls0() {
     auto& timerRun = AddControl<Timer>("TimerRun");
@@ -46,4 +45,36 @@ void winMain::_CreateControls0() {
     auto& timerDone = AddControl<Timer>("TimerDone");
     timerDone.Period(kBeepMilliseconds);
     timerDone.Action = [this] { TimerDone_Action(); };
+}
+
+// False: a press is all that counts, no drag or release need follow.
+bool winMain::cvTime_MouseDown(Int32 x, Int32 y) {
+    if (StatusIcon::Contains(x, y)) ToggleTimer();
+    return false;
+}
+
+void winMain::cvTime_MouseMove(Int32 x, Int32 y) {
+    App::Instance().MouseCursor(StatusIcon::Contains(x, y) ? FingerPointer : StandardPointer);
+}
+
+// The colours come first, so that the first paint has them.
+void winMain::Event_Open() {
+    ReadPrefs();
+    Stop();
+}
+
+void winMain::Event_Resizing() { UpdateDisplay(); }
+
+void winMain::Event_Resized() { UpdateDisplay(); }
+
+// To close the timer is to quit: nothing is asked, whatever is running.
+void winMain::Event_Close() {
+    WritePrefs();
+    Quit(0);
+}
+
+bool winMain::Event_KeyDown(const std::string& key) {
+    if (key != Chr(Keyboard::kReturn) && key != Chr(Keyboard::kEnter) && key != Chr(Keyboard::kSpace)) return false;
+    ToggleTimer();
+    return true;
 }

@@ -33,7 +33,7 @@ class winMain final : public Window, public ClockColours {
     static constexpr Int32 kBeepMilliseconds = 1000;
 
     /// The one timer window; built when there is none, so it must not be called once the window has closed.
-    static winMain& Instance();
+    static winMain& Instance() { return ImplicitInstance<winMain>("winMain.winMain"); }
 
     // The count-down (core/winMain_countdown.cpp). The remaining time is never counted down: each tick computes it from
     // the clock and the two values that Start has kept.
@@ -82,7 +82,7 @@ class winMain final : public Window, public ClockColours {
     /// Lets the words be asked for again when the time has been set, or has come to another minute.
     void RenewWords();
 
-    // Input (core/winMain_input.cpp).
+    // The window and its input (core/winMain.cpp).
     bool cvTime_MouseDown(Int32 x, Int32 y);
     void cvTime_MouseMove(Int32 x, Int32 y);
     void Event_Open() override;
@@ -143,7 +143,7 @@ class winMain final : public Window, public ClockColours {
 
   private:
     void Layout() override;
-    void CreateControls() override;
+    void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
     void AddMenuHandlers(Window& window) override;
     void DrawTimeUp(Graphics& g, double diameter);

@@ -5,8 +5,6 @@
 #include "platform/Thread.h"
 #include "platform/Timer.h"
 
-winMakeMovie& winMakeMovie::Instance() { return ImplicitInstance<winMakeMovie>("winMakeMovie.winMakeMovie"); }
-
 void winMakeMovie::Layout() {
     Title("Create Movie");
     Frame(Frames::Sheet);
@@ -18,8 +16,6 @@ void winMakeMovie::Layout() {
     MaximizeButton(false);
     Resizeable(false);
 }
-
-void winMakeMovie::CreateControls() { _CreateControls0(); }
 
 void winMakeMovie::_CreateControls0() {
     auto& group = AddControl<GroupBox>("GroupBox1", 20, 14, 360, 254, 0);

@@ -16,7 +16,7 @@
 /// Cancel; the movie is closed, and so saved, by dropping the last reference to it, on the worker.
 class winMakeMovie final : public Dialog {
   public:
-    static winMakeMovie& Instance();
+    static winMakeMovie& Instance() { return ImplicitInstance<winMakeMovie>("winMakeMovie.winMakeMovie"); }
 
     /// The clock's size as a part of the smaller side of the frame.
     double Scale = 0.9;
@@ -48,7 +48,7 @@ class winMakeMovie final : public Dialog {
 
   private:
     void Layout() override;
-    void CreateControls() override;
+    void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
 
     void ReadSettings();

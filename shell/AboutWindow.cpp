@@ -4,12 +4,8 @@
 #include "platform/Controls.h"
 #include "platform/Host.h"
 #include "platform/Picture.h"
-#include "platform/StyledTextField.h"
 #include "platform/Text.h"
-#include "platform/targets.h"
 #include "shell/App.h"
-#include "shell/Dialog.h"
-#include "shell/markup.h"
 #include "shell/resources.h"
 
 namespace {
@@ -23,7 +19,7 @@ constexpr Int32 kCreditsExtent = 148;
 // Carriage returns separate lines.
 constexpr const char* kRights = "Copyright © 2026 The Dwindledial maintainers\rReleased under the MIT License";
 
-/// In mark-up (shell/markup.h).
+/// In mark-up.
 std::string Credits() {
     const std::string indent = "      ";
     return "<b>Author:</b>\r" + indent + "Tolvar Quennick\r" + indent + build::kEmail + "\r" + indent +
@@ -39,15 +35,7 @@ std::string Credits() {
            "</font>";
 }
 
-/// Another font on a platform that has it.
-template <class C>
-void ChooseFont(C& control) {
-    if constexpr (targets::kGenevaFont) control.TextFont("Geneva");
-}
-
 }  // namespace
-
-AboutWindow& AboutWindow::Instance() { return ImplicitInstance<AboutWindow>("AboutWindow.AboutWindow"); }
 
 void AboutWindow::Layout() {
     Title("");
@@ -59,8 +47,6 @@ void AboutWindow::Layout() {
     MinimizeButton(false);
     MaximizeButton(false);
 }
-
-void AboutWindow::CreateControls() { _CreateControls0(); }
 
 void AboutWindow::_CreateControls0() {
     auto& icon = AddControl<Canvas>("AppIconCanvas", 110, 8, kIconSize, kIconSize, 0);
@@ -79,12 +65,7 @@ void AboutWindow::_CreateControls0() {
     name.Open = [this] { StatAppName_Open(); };
     label("StatAppVersion", "kAppVersion", 112, 12, 2, 10).Open = [this] { StatAppVersion_Open(); };
 
-    auto& credits = AddControl<StyledTextField>("EditAppCredits", 0, 132, 284, 140, 3);
-    credits.LockLeft(true);
-    credits.LockTop(true);
-    credits.LockRight(true);
-    credits.LockBottom(true);
-    credits.TextSize(12);
+    auto& credits = AddReader("EditAppCredits", 0, 132, 284, 140, 3);
     credits.Text("Plain Text: kAppCredits\rHTML Text: kAppCreditsHTML");
     credits.Open = [this] { EditAppCredits_Open(); };
 
@@ -95,13 +76,10 @@ void AboutWindow::_CreateControls0() {
     badge.MouseDown = [this](Int32 x, Int32 y) { return RBIconCanvas_MouseDown(x, y); };
 }
 
-void AboutWindow::StatAppName_Open() { ChooseFont(Find<StaticText>("StatAppName")); }
-
-void AboutWindow::StatAppVersion_Open() { ChooseFont(Find<StaticText>("StatAppVersion")); }
-
-void AboutWindow::EditAppCredits_Open() { ChooseFont(Find<StyledTextField>("EditAppCredits")); }
-
-void AboutWindow::StatAppCopyright_Open() { ChooseFont(Find<StaticText>("StatAppCopyright")); }
+void AboutWindow::StatAppName_Open() { ChooseFont<StaticText>("StatAppName"); }
+void AboutWindow::StatAppVersion_Open() { ChooseFont<StaticText>("StatAppVersion"); }
+void AboutWindow::EditAppCredits_Open() { ChooseFont<StyledTextField>("EditAppCredits"); }
+void AboutWindow::StatAppCopyright_Open() { ChooseFont<StaticText>("StatAppCopyright"); }
 
 void AboutWindow::AppIconCanvas_Paint(const Ref<Graphics>& g) {
     const Ref<Picture> icon = AboutIcon();
@@ -145,21 +123,10 @@ void AboutWindow::SetupWindow() {
 }
 
 std::string AboutWindow::VersionString() {
+    constexpr const char* kStages[] = {" (Dev. ", "a (", "b (", " ("};
     const App& app = App::Instance();
-    std::string number = Str(app.MajorVersion()) + "." + Str(app.MinorVersion()) + "." + Str(app.BugVersion());
-    const std::string build = Str(app.NonReleaseVersion()) + ")";
-    switch (app.StageCode()) {
-        case Application::Development:
-            return number + " (Dev. " + build;
-        case Application::Alpha:
-            return number + "a (" + build;
-        case Application::Beta:
-            return number + "b (" + build;
-        case Application::Final:
-            return number + " (" + build;
-        default:
-            return number;
-    }
+    const Int32 stage = app.StageCode();
+    const std::string number = Str(app.MajorVersion()) + "." + Str(app.MinorVersion()) + "." + Str(app.BugVersion());
+    if (stage < 0 || stage >= std::ssize(kStages)) return number;
+    return number + kStages[stage] + Str(app.NonReleaseVersion()) + ")";
 }
-
-bool AboutWindow::Event_KeyDown(const std::string& key) { return CloseOnEscape(*this, key); }

@@ -4,12 +4,12 @@
 
 #include "platform/Graphics.h"
 #include "platform/Ref.h"
-#include "platform/Window.h"
+#include "shell/InformationWindow.h"
 
 /// The About window, with credits or, in a compact form, without them.
-class AboutWindow final : public Window {
+class AboutWindow final : public InformationWindow {
   public:
-    static AboutWindow& Instance();
+    static AboutWindow& Instance() { return ImplicitInstance<AboutWindow>("AboutWindow.AboutWindow"); }
 
     /// Whether the credits show. SetupWindow reads it.
     bool UseCredits = false;
@@ -21,7 +21,7 @@ class AboutWindow final : public Window {
     void StatAppCopyright_Open();
     bool RBIconCanvas_MouseDown(Int32 x, Int32 y);
     void RBIconCanvas_Paint(const Ref<Graphics>& g);
-    /// Shows a text in the credits field: as mark-up (shell/markup.h), or as it stands.
+    /// Shows a text in the credits field: as mark-up, or as it stands.
     void SetCreditsFieldText(const std::string& text, bool markup);
 
     using Window::Show;
@@ -31,11 +31,8 @@ class AboutWindow final : public Window {
     /// The program's version as the user reads it, "1.2.3b (45)".
     static std::string VersionString();
 
-    /// Escape closes the window.
-    bool Event_KeyDown(const std::string& key) override;
-
   private:
     void Layout() override;
-    void CreateControls() override;
+    void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
 };

@@ -29,6 +29,3 @@ enum class KeyVerdict {
 /// ASCII, are left to the field. A digit is judged by the value of the whole text with the digit put at its end,
 /// wherever the caret is; the field's selection goes before. A digit that is refused leaves the text as it was.
 KeyVerdict JudgeKey(EditField& field, const std::string& key, Int32 highest);
-
-/// What the windows to read do with a key: Escape closes them.
-bool CloseOnEscape(Window& window, const std::string& key);

@@ -2,15 +2,19 @@
 
 namespace {
 
-template <class Item>
-Ref<Item> MakeItem(const std::string& name, bool autoEnable, const std::string& text, const std::string& shortcut) {
-    auto item = MakeRef<Item>();
+template <class Item = MenuItem>
+MenuItem& Add(MenuItem& parent, const std::string& name, bool autoEnable, const std::string& text,
+              const std::string& shortcut = "") {
+    const auto item = MakeRef<Item>();
     item->Name(name);
     item->AutoEnable(autoEnable);
     item->Text(text);
     item->KeyboardShortcut(shortcut);
-    return item;
+    parent.Append(item);
+    return *item;
 }
+
+void AddSeparator(MenuItem& menu, const std::string& name) { Add(menu, name, true, "-"); }
 
 }  // namespace
 
@@ -28,59 +32,41 @@ MenuBar1::MenuBar1() {
 }
 
 void MenuBar1::Untitled0() {
-    AddMenu("FileMenu", "&File");
-    AddItem<PrefsMenuItem>("FileMenu", "FilePreferences", false, "&Preferences...", "Cmd+,");
-    AddItem("FileMenu", "FileCreateMovie", false, "Create &Movie...", "Cmd+M");
-    AddItem<QuitMenuItem>("FileMenu", "FileQuit", true, "&Quit", "Cmd+Q");
+    MenuItem& menu = Add(*this, "FileMenu", true, "&File");
+    Add<PrefsMenuItem>(menu, "FilePreferences", false, "&Preferences...", "Cmd+,");
+    Add(menu, "FileCreateMovie", false, "Create &Movie...", "Cmd+M");
+    Add<QuitMenuItem>(menu, "FileQuit", true, "&Quit", "Cmd+Q");
 }
 
 void MenuBar1::Untitled1() {
-    AddMenu("EditMenu", "&Edit");
-    AddEditItem("EditUndo", EditCommands::Undo, "&Undo", "Cmd+Z");
-    AddSeparator("EditMenu", "UntitledMenu1");
-    AddEditItem("EditCut", EditCommands::Cut, "Cu&t", "Cmd+X");
-    AddEditItem("EditCopy", EditCommands::Copy, "&Copy", "Cmd+C");
-    AddEditItem("EditPaste", EditCommands::Paste, "&Paste", "Cmd+V");
-    AddEditItem("EditClear", EditCommands::Clear, "&Delete");
-    AddSeparator("EditMenu", "UntitledMenu0");
-    AddEditItem("EditSelectAll", EditCommands::SelectAll, "Select &All", "Cmd+A");
+    MenuItem& menu = Add(*this, "EditMenu", true, "&Edit");
+    Add(menu, "EditUndo", true, "&Undo", "Cmd+Z").EditCommand(EditCommands::Undo);
+    AddSeparator(menu, "UntitledMenu1");
+    Add(menu, "EditCut", true, "Cu&t", "Cmd+X").EditCommand(EditCommands::Cut);
+    Add(menu, "EditCopy", true, "&Copy", "Cmd+C").EditCommand(EditCommands::Copy);
+    Add(menu, "EditPaste", true, "&Paste", "Cmd+V").EditCommand(EditCommands::Paste);
+    Add(menu, "EditClear", true, "&Delete").EditCommand(EditCommands::Clear);
+    AddSeparator(menu, "UntitledMenu0");
+    Add(menu, "EditSelectAll", true, "Select &All", "Cmd+A").EditCommand(EditCommands::SelectAll);
 }
 
 void MenuBar1::Untitled2() {
-    AddMenu("TimerMenu", "&Timer");
-    AddItem("TimerMenu", "TimerSet", false, "S&et...", "Cmd+T");
-    AddItem("TimerMenu", "TimerStart", true, "&Start", "Cmd+R");
+    MenuItem& menu = Add(*this, "TimerMenu", true, "&Timer");
+    Add(menu, "TimerSet", false, "S&et...", "Cmd+T");
+    Add(menu, "TimerStart", true, "&Start", "Cmd+R");
 }
 
 void MenuBar1::Untitled3() {
-    AddMenu("ViewMenu", "&View");
-    AddItem("ViewMenu", "ViewToggleFullscreen", true, "Toggle &Fullscreen", "Cmd+F");
+    MenuItem& menu = Add(*this, "ViewMenu", true, "&View");
+    Add(menu, "ViewToggleFullscreen", true, "Toggle &Fullscreen", "Cmd+F");
 }
 
 void MenuBar1::Untitled4() {
-    AddMenu("HelpMenu", "&Help");
-    AddItem("HelpMenu", "HelpHelp", true, "&Help...");
-    AddSeparator("HelpMenu", "UntitledSeparator");
-    AddItem("HelpMenu", "HelpDonate", true, "&Donate...");
-    AddItem("HelpMenu", "HelpVisitWebsite", true, "&Visit Website...");
-    AddSeparator("HelpMenu", "UntitledSeparator0");
-    AddItem<AppleMenuItem>("HelpMenu", "HelpAbout", true, "&About Dwindledial...");
+    MenuItem& menu = Add(*this, "HelpMenu", true, "&Help");
+    Add(menu, "HelpHelp", true, "&Help...");
+    AddSeparator(menu, "UntitledSeparator");
+    Add(menu, "HelpDonate", true, "&Donate...");
+    Add(menu, "HelpVisitWebsite", true, "&Visit Website...");
+    AddSeparator(menu, "UntitledSeparator0");
+    Add<AppleMenuItem>(menu, "HelpAbout", true, "&About Dwindledial...");
 }
-
-void MenuBar1::AddMenu(const std::string& name, const std::string& text) {
-    Append(MakeItem<MenuItem>(name, true, text, ""));
-}
-
-template <class Item>
-void MenuBar1::AddItem(const std::string& menu, const std::string& name, bool autoEnable, const std::string& text,
-                       const std::string& shortcut) {
-    Child(menu)->Append(MakeItem<Item>(name, autoEnable, text, shortcut));
-}
-
-void MenuBar1::AddEditItem(const std::string& name, EditCommands command, const std::string& text,
-                           const std::string& shortcut) {
-    AddItem("EditMenu", name, true, text, shortcut);
-    Child(name)->EditCommand(command);
-}
-
-void MenuBar1::AddSeparator(const std::string& menu, const std::string& name) { AddItem(menu, name, true, "-"); }

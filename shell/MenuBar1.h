@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "platform/Menu.h"
 #include "platform/Ref.h"
 
@@ -19,12 +17,4 @@ class MenuBar1 final : public MenuBar {
     void Untitled2();
     void Untitled3();
     void Untitled4();
-
-    void AddMenu(const std::string& name, const std::string& text);
-    template <class Item = MenuItem>
-    void AddItem(const std::string& menu, const std::string& name, bool autoEnable, const std::string& text,
-                 const std::string& shortcut = "");
-    void AddEditItem(const std::string& name, EditCommands command, const std::string& text,
-                     const std::string& shortcut = "");
-    void AddSeparator(const std::string& menu, const std::string& name);
 };

@@ -7,17 +7,10 @@ namespace {
 
 using Slot = Ref<Picture>;
 
-Ref<Picture> Plain(Slot& slot, const std::string& fileName) {
-    if (!slot) {
-        const Ref<FolderItem> file = Resource(fileName);
-        if (file) slot = file->OpenAsPicture();
-    }
-    return slot;
-}
-
-Ref<Picture> Masked(Slot& slot, const std::string& fileName, Ref<Picture> (*mask)()) {
+Ref<Picture> Loaded(Slot& slot, const std::string& fileName, Ref<Picture> (*mask)() = nullptr) {
     if (slot) return slot;
-    if (Plain(slot, fileName)) ApplyMask(slot, mask());
+    if (const Ref<FolderItem> file = Resource(fileName)) slot = file->OpenAsPicture();
+    if (slot && mask) ApplyMask(slot, mask());
     return slot;
 }
 
@@ -34,15 +27,15 @@ void ApplyMask(const Ref<Picture>& picture, const Ref<Picture>& mask) {
     picture->Mask(true)->Graphics()->DrawPicture(mask, 0, 0, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
 }
 
-Ref<Picture> Run_Icon() { return Masked(run_icon, "Run_Icon.bmp", Run_Mask); }
-Ref<Picture> Pause_Icon() { return Masked(pause_icon, "Pause_Icon.bmp", Pause_Mask); }
-Ref<Picture> Alert_Icon() { return Masked(alert_icon, "Alert_Icon.bmp", Alert_Mask); }
+Ref<Picture> Run_Icon() { return Loaded(run_icon, "Run_Icon.bmp", Run_Mask); }
+Ref<Picture> Pause_Icon() { return Loaded(pause_icon, "Pause_Icon.bmp", Pause_Mask); }
+Ref<Picture> Alert_Icon() { return Loaded(alert_icon, "Alert_Icon.bmp", Alert_Mask); }
 
-Ref<Picture> Run_Mask() { return Plain(run_mask, "Run_Mask.bmp"); }
-Ref<Picture> Pause_Mask() { return Plain(pause_mask, "Pause_Mask.bmp"); }
-Ref<Picture> Alert_Mask() { return Plain(alert_mask, "Alert_Mask.bmp"); }
+Ref<Picture> Run_Mask() { return Loaded(run_mask, "Run_Mask.bmp"); }
+Ref<Picture> Pause_Mask() { return Loaded(pause_mask, "Pause_Mask.bmp"); }
+Ref<Picture> Alert_Mask() { return Loaded(alert_mask, "Alert_Mask.bmp"); }
 
-Ref<Picture> AboutIcon() { return Plain(about_icon, "AboutIcon.pict"); }
-Ref<Picture> AboutMask() { return Plain(about_mask, "AboutMask.pict"); }
-Ref<Picture> MwRbHzMd() { return Plain(badge, "MwRbHzMd.bmp"); }
-Ref<Picture> MwRbHzMdMask() { return Plain(badge_mask, "MwRbHzMdMask.bmp"); }
+Ref<Picture> AboutIcon() { return Loaded(about_icon, "AboutIcon.pict"); }
+Ref<Picture> AboutMask() { return Loaded(about_mask, "AboutMask.pict"); }
+Ref<Picture> MwRbHzMd() { return Loaded(badge, "MwRbHzMd.bmp"); }
+Ref<Picture> MwRbHzMdMask() { return Loaded(badge_mask, "MwRbHzMdMask.bmp"); }

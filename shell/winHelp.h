@@ -1,20 +1,16 @@
 #pragma once
 
-#include <string>
-
-#include "platform/Window.h"
+#include "shell/InformationWindow.h"
 
 /// The Help window: the user guide, in a field that fills the window.
-class winHelp final : public Window {
+class winHelp final : public InformationWindow {
   public:
-    static winHelp& Instance();
+    static winHelp& Instance() { return ImplicitInstance<winHelp>("winHelp.winHelp"); }
 
     void EditField1_Open();
-    /// Escape closes the window.
-    bool Event_KeyDown(const std::string& key) override;
 
   private:
     void Layout() override;
-    void CreateControls() override;
+    void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
 };

@@ -10,16 +10,13 @@ namespace {
 constexpr Int32 kMaxMinutes = 60;
 constexpr Int32 kMaxSeconds = 59;
 
-/// The whole number in a field; wide enough that counting one up or down can't overflow.
-Int64 Number(const EditField& field) { return ToInt32(Val(field.Text())); }
+/// The whole number in a field; counting one up or down can't overflow.
+double Number(const EditField& field) { return ToInt32(Val(field.Text())); }
 
 /// Two digits at least, as the fields show a number.
 std::string Digits(double number) { return Format(number, "00"); }
-std::string Digits(Int64 number) { return Digits(static_cast<double>(number)); }
 
 }  // namespace
-
-winSet& winSet::Instance() { return ImplicitInstance<winSet>("winSet.winSet"); }
 
 EditField& winSet::eMin() const { return Find<EditField>("eMin"); }
 EditField& winSet::eSec() const { return Find<EditField>("eSec"); }
@@ -32,8 +29,6 @@ void winSet::Layout() {
     Height(74);
     MaximizeButton(false);
 }
-
-void winSet::CreateControls() { _CreateControls0(); }
 
 // Neither button is the window's cancel button: Escape does nothing.
 void winSet::_CreateControls0() {
@@ -69,8 +64,8 @@ void winSet::_CreateControls0() {
 
 // It is the set time that shows, not what remains of it.
 void winSet::Event_Open() {
-    eMin().Text(Digits(Int64{winMain::Instance().SetMinutes}));
-    eSec().Text(Digits(Int64{winMain::Instance().SetSeconds}));
+    eMin().Text(Digits(winMain::Instance().SetMinutes));
+    eSec().Text(Digits(winMain::Instance().SetSeconds));
 }
 
 // No bound applies here: what the fields hold is what is set.
@@ -87,19 +82,16 @@ void winSet::btnOK_Action() {
 void winSet::btnCancel_Action() { Close(); }
 
 void winSet::aMin_Up() {
-    const Int64 minutes = std::min<Int64>(Number(eMin()) + 1, kMaxMinutes);
+    const double minutes = std::min<double>(Number(eMin()) + 1, kMaxMinutes);
     if (minutes == kMaxMinutes) eSec().Text("00");
     eMin().Text(Digits(minutes));
     eMin().SetFocus();
 }
 
 void winSet::aMin_Down() {
-    Int64 minutes = Number(eMin()) - 1;
-    if (minutes < 0) {
-        minutes = 0;
-        eSec().Text("00");
-    }
-    eMin().Text(Digits(minutes));
+    const double minutes = Number(eMin()) - 1;
+    if (minutes < 0) eSec().Text("00");
+    eMin().Text(Digits(std::max(minutes, 0.0)));
     eMin().SetFocus();
 }
 
@@ -108,7 +100,7 @@ void winSet::aSec_Up() {
         eSec().Text("00");
         return;
     }
-    Int64 seconds = Number(eSec()) + 1;
+    double seconds = Number(eSec()) + 1;
     if (seconds > kMaxSeconds) {
         seconds = 0;
         eMin().Text(Digits(Val(eMin().Text()) + 1));
@@ -118,7 +110,7 @@ void winSet::aSec_Up() {
 }
 
 void winSet::aSec_Down() {
-    Int64 seconds = Number(eSec()) - 1;
+    double seconds = Number(eSec()) - 1;
     if (seconds < 0) {
         const double minutes = Val(eMin().Text());
         seconds = minutes > 0 ? kMaxSeconds : 0;

@@ -8,7 +8,7 @@
 /// handler reads them out of the fields. It touches nothing of the timer but the set and the remaining time.
 class winSet final : public Dialog {
   public:
-    static winSet& Instance();
+    static winSet& Instance() { return ImplicitInstance<winSet>("winSet.winSet"); }
 
     void btnOK_Action();
     void btnCancel_Action();
@@ -24,7 +24,7 @@ class winSet final : public Dialog {
 
   private:
     void Layout() override;
-    void CreateControls() override;
+    void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
 
     EditField& eMin() const;

@@ -1,4 +1,4 @@
-#include "shell/markup.h"
+#include "shell/InformationWindow.h"
 
 #include <gtest/gtest.h>
 

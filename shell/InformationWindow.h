@@ -1,8 +1,28 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
-#include "platform/StyledTextField.h"
+#include "platform/Controls.h"
+#include "platform/Window.h"
+#include "platform/targets.h"
+
+/// A window to read, which Escape closes.
+class InformationWindow : public Window {
+  public:
+    bool Event_KeyDown(const std::string& key) override;
+
+  protected:
+    /// A field for text, which follows all edges of the window.
+    StyledTextField& AddReader(const std::string& name, Int32 left, Int32 top, Int32 width, Int32 height,
+                               Int32 tabIndex);
+
+    /// Gives a control another font on a platform that has it.
+    template <class C>
+    void ChooseFont(const std::string& name) {
+        if constexpr (targets::kGenevaFont) Find<C>(name).TextFont("Geneva");
+    }
+};
 
 /// Turns text with tags in it into text with style runs. `baseSize` is the text size at the beginning, where nothing is
 /// bold or italic; no run is empty, and neighbours differ in style.

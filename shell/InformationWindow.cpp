@@ -1,7 +1,6 @@
-#include "shell/markup.h"
+#include "shell/InformationWindow.h"
 
-#include <string>
-
+#include "platform/Keyboard.h"
 #include "platform/Text.h"
 
 namespace {
@@ -41,6 +40,23 @@ class Writer {
 };
 
 }  // namespace
+
+bool InformationWindow::Event_KeyDown(const std::string& key) {
+    if (key != Chr(Keyboard::kEscape)) return false;
+    Close();
+    return true;
+}
+
+StyledTextField& InformationWindow::AddReader(const std::string& name, Int32 left, Int32 top, Int32 width, Int32 height,
+                                              Int32 tabIndex) {
+    auto& reader = AddControl<StyledTextField>(name, left, top, width, height, tabIndex);
+    reader.LockLeft(true);
+    reader.LockTop(true);
+    reader.LockRight(true);
+    reader.LockBottom(true);
+    reader.TextSize(12);
+    return reader;
+}
 
 StyledText ParseMarkup(std::string_view markup, Int32 baseSize) {
     constexpr std::size_t kNone = std::string_view::npos;
