@@ -1,5 +1,6 @@
 #include "settings/Preferences.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -29,82 +30,30 @@ constexpr std::string_view kFooter =
     "</plist>\n";
 
 constexpr const char* kNoNameToRead = "Can't read preferences because no filename has been set";
-constexpr const char* kNoNameToWrite = "can't write preferences because no filename has been set";
-constexpr const char* kNothingToWrite = "can't write preferences because none have been set";
-constexpr const char* kNoFile = "couldn't write preferences File";
-constexpr const char* kNoPageNameToWrite = "can't write page preferences because no filename has been set";
-constexpr const char* kNoPageFile = "couldn't write page preferences File";
-
 constexpr const char* kNoFileCode = "????";
 
-/// Finds one tag in a text, again and again. Its latest answer is kept with the stretch of starts that it holds for, so
-/// that searches that move forward look at each byte once, whatever they find.
-class TagFinder {
+/// The places of a tag in a text. Found once for all searches, since those of an odd file go back again and again.
+class Places {
   public:
-    TagFinder(std::string_view text, std::string_view tag) : text_(text), tag_(tag) {}
+    Places(std::string_view text, std::string_view tag) {
+        for (auto at = text.find(tag); at != std::string_view::npos; at = text.find(tag, at + 1))
+            positions_.push_back(at + 1);
+    }
 
-    /// The position, in bytes from 1, of the tag at or after `start` (0 is taken as 1); 0 if it isn't there.
-    std::size_t Find(std::size_t start) {
-        const std::size_t offset = start == 0 ? 0 : start - 1;
-        if (offset < searchedFrom_ || offset > found_) {
-            searchedFrom_ = offset;
-            found_ = text_.find(tag_, offset);
-        }
-        return found_ == npos ? 0 : found_ + 1;
+    /// The position, in bytes from 1, of the tag at or after `start`; 0 if it isn't there.
+    std::size_t Find(std::size_t start) const {
+        const auto found = std::ranges::lower_bound(positions_, start);
+        return found == positions_.end() ? 0 : *found;
     }
 
   private:
-    static constexpr std::size_t npos = std::string_view::npos;
-
-    std::string_view text_;
-    std::string_view tag_;
-    std::size_t searchedFrom_ = npos;
-    std::size_t found_ = npos;
+    std::vector<std::size_t> positions_;
 };
 
-/// Reads the entries of a settings file, one after the other. Positions count bytes from 1.
-class EntryReader {
-  public:
-    struct Entry {
-        std::string_view key;
-        std::string_view value;
-    };
-
-    explicit EntryReader(std::string_view text) : text_(text), visited_(text.size() + kString.opening.size() + 1) {}
-
-    bool HasKey() {
-        const std::size_t opening = keyOpening_.Find(1);
-        return opening != 0 && keyClosing_.Find(opening) != 0;
-    }
-
-    /// The next entry; none at the end. A search that fails counts as found at 0, which leads back into the text, so
-    /// having come to a place again is the end as well.
-    std::optional<Entry> Next() {
-        if (visited_[position_]) return std::nullopt;
-        visited_[position_] = true;
-        const std::size_t opening = keyOpening_.Find(position_ + 1);
-        if (opening == 0) return std::nullopt;
-        const std::size_t keyStart = opening + kKey.opening.size();
-        const std::size_t keyEnd = keyClosing_.Find(keyStart);
-        position_ = stringOpening_.Find(keyEnd) + kString.opening.size();
-        return Entry{Between(keyStart, keyEnd), Between(position_, stringClosing_.Find(position_))};
-    }
-
-  private:
-    std::string_view Between(std::size_t start, std::size_t end) const {
-        return end > start ? text_.substr(start - 1, end - start) : std::string_view();
-    }
-
-    std::string_view text_;
-    TagFinder keyOpening_{text_, kKey.opening};
-    TagFinder keyClosing_{text_, kKey.closing};
-    TagFinder stringOpening_{text_, kString.opening};
-    TagFinder stringClosing_{text_, kString.closing};
-
-    /// Where the latest value begins; 0 at first.
-    std::size_t position_ = 0;
-    std::vector<bool> visited_;
-};
+/// The bytes of a text from `start` up to, but not including, `end`, counted from 1.
+std::string_view Between(std::string_view text, std::size_t start, std::size_t end) {
+    return end > start ? text.substr(start - 1, end - start) : std::string_view();
+}
 
 std::optional<std::string> ReadWhole(const std::string& name) {
     const Ref<FolderItem> file = SpecialFolder::Preferences()->Child(name);
@@ -118,10 +67,7 @@ std::optional<std::string> ReadWhole(const std::string& name) {
 
 void WriteWhole(const std::string& name, const std::string& text, const char* failure) {
     const Ref<FolderItem> file = SpecialFolder::Preferences()->Child(name);
-    if (!file) {
-        MsgBox(failure);
-        return;
-    }
+    if (!file) return MsgBox(failure);
     if (file->Exists()) file->Delete();
 
     const Ref<TextOutputStream> stream = file->CreateTextFile();
@@ -149,24 +95,31 @@ bool Preferences::ReadFile() {
 
     // The values are parts of this one text: in an odd file each of them may reach to its end.
     const auto text = std::make_shared<const std::string>(std::move(*contents));
-    EntryReader reader(*text);
-    if (!reader.HasKey()) return false;
-    while (const auto entry = reader.Next())
-        Put(std::string(entry->key), Variant(text, entry->value));
+    const Places keyOpenings(*text, kKey.opening), keyClosings(*text, kKey.closing);
+    const Places stringOpenings(*text, kString.opening), stringClosings(*text, kString.closing);
+    const std::size_t first = keyOpenings.Find(1);
+    if (first == 0 || keyClosings.Find(first) == 0) return false;
+
+    // A search that fails counts as found at 0, which leads back into the text. To come to a value again is the end.
+    std::vector<bool> visited(text->size() + kString.opening.size() + 1);
+    std::size_t value = 0;
+    while (!visited[value]) {
+        visited[value] = true;
+        const std::size_t opening = keyOpenings.Find(value + 1);
+        if (opening == 0) break;
+        const std::size_t key = opening + kKey.opening.size();
+        const std::size_t keyEnd = keyClosings.Find(key);
+        value = stringOpenings.Find(keyEnd) + kString.opening.size();
+        Put(std::string(Between(*text, key, keyEnd)), Variant(text, Between(*text, value, stringClosings.Find(value))));
+    }
     return true;
 }
 
 void Preferences::WriteFile() {
     const auto& keys = mDict.Keys();
     const auto& values = mDict.Values();
-    if (Filename.empty()) {
-        MsgBox(kNoNameToWrite);
-        return;
-    }
-    if (keys.empty()) {
-        MsgBox(kNothingToWrite);
-        return;
-    }
+    if (Filename.empty()) return MsgBox("can't write preferences because no filename has been set");
+    if (keys.empty()) return MsgBox("can't write preferences because none have been set");
 
     std::string text(kHeader);
     for (std::size_t i = 0; i < keys.size(); ++i) {
@@ -174,7 +127,7 @@ void Preferences::WriteFile() {
         Append(text, kString, values[i].StringValue());
     }
     text += kFooter;
-    WriteWhole(Filename, text, kNoFile);
+    WriteWhole(Filename, text, "couldn't write preferences File");
 }
 
 Variant Preferences::Get(const std::string& key, const Variant& initial) {
@@ -187,11 +140,8 @@ void Preferences::Put(const std::string& key, const Variant& value) { mDict.Valu
 void Preferences::Clear() { mDict = Dictionary(); }
 
 void Preferences::WritePagePrefsFile(const std::string& text) {
-    if (PagePrefsFilename.empty()) {
-        MsgBox(kNoPageNameToWrite);
-        return;
-    }
-    WriteWhole(PagePrefsFilename, text, kNoPageFile);
+    if (PagePrefsFilename.empty()) return MsgBox("can't write page preferences because no filename has been set");
+    WriteWhole(PagePrefsFilename, text, "couldn't write page preferences File");
 }
 
 std::string Preferences::ReadPagePrefsFile() {
