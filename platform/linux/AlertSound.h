@@ -13,8 +13,7 @@ class AlertSound {
 
     /// `applicationId` and `name` are what the desktop's volume control shows. `file` is a WAV file. `bell` may be
     /// called on any thread, but not once the object has gone.
-    AlertSound(const std::string& applicationId, const std::string& name, const std::filesystem::path& file,
-               const Bell& bell);
+    AlertSound(std::string applicationId, std::string name, std::filesystem::path file, Bell bell);
     /// Doesn't wait for a sound under way.
     ~AlertSound();
 
@@ -24,6 +23,12 @@ class AlertSound {
   private:
     class Request;
 
-    Bell bell_;
+    void StartThread();
+
+    const std::string applicationId_;
+    const std::string name_;
+    const std::filesystem::path file_;
+    const Bell bell_;
+    /// Nil before the first sound: it costs a thread.
     std::shared_ptr<Request> request_;
 };

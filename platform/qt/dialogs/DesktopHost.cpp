@@ -39,11 +39,11 @@ QString Readable(const QString& filter) {
 
 }  // namespace
 
-DesktopHost::DesktopHost(std::string applicationId, std::string name, std::filesystem::path alertSound)
-    : applicationId_(std::move(applicationId)),
-      name_(std::move(name)),
-      alertSoundFile_(std::move(alertSound)),
-      desktopSaver_(applicationId_, name_) {}
+DesktopHost::DesktopHost(const std::string& applicationId, const std::string& name,
+                         const std::filesystem::path& alertSound)
+    : desktopSaver_(applicationId, name), alertSound_(applicationId, name, alertSound, [] {
+          QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::QueuedConnection);
+      }) {}
 
 double DesktopHost::Microseconds() {
     timespec now{};
@@ -52,11 +52,7 @@ double DesktopHost::Microseconds() {
 }
 
 void DesktopHost::Beep() {
-    if (!alertSound_) {
-        const auto bell = [] { QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::QueuedConnection); };
-        alertSound_ = std::make_unique<AlertSound>(applicationId_, name_, alertSoundFile_, bell);
-    }
-    alertSound_->Play();
+    alertSound_.Play();
     if (!QApplication::activeWindow()) QApplication::alert(nullptr);
 }
 

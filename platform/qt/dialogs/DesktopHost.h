@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "platform/Host.h"
 #include "platform/linux/AlertSound.h"
 #include "platform/linux/DBusInhibitor.h"
@@ -12,7 +10,7 @@ class DesktopHost final : public Host {
   public:
     /// `applicationId` and `name` tell the desktop's services who asks.
     /// `alertSound` is the file to be played where the desktop has no sound of its own.
-    DesktopHost(std::string applicationId, std::string name, std::filesystem::path alertSound);
+    DesktopHost(const std::string& applicationId, const std::string& name, const std::filesystem::path& alertSound);
 
     double Microseconds() override;
     void Beep() override;
@@ -30,13 +28,9 @@ class DesktopHost final : public Host {
                                    CompressionSettings& settings) override;
 
   private:
-    std::string applicationId_;
-    std::string name_;
-    std::filesystem::path alertSoundFile_;
     /// A desktop that holds its own saver off leaves the X server's alone, and the other way round; so both are held
     /// off.
     DBusInhibitor desktopSaver_;
     XServerSaver serverSaver_;
-    /// Made for the first alert: it costs a thread.
-    std::unique_ptr<AlertSound> alertSound_;
+    AlertSound alertSound_;
 };
