@@ -22,7 +22,10 @@ bool IsPlainFile(const fs::path& path) {
 }
 
 /// Where the latest movie could be made; empty before the first.
-fs::path movieFolder;
+fs::path& MovieFolder() {
+    static fs::path folder;
+    return folder;
+}
 
 }  // namespace
 
@@ -79,14 +82,14 @@ Ref<TextOutputStream> FolderItem::CreateTextFile() {
 Ref<EditableMovie> FolderItem::CreateMovie() {
     std::shared_ptr<MovieWriter> writer = MovieLibrary::Installed().Create(path_);
     if (!writer) return nullptr;
-    movieFolder = path_.parent_path();
+    MovieFolder() = path_.parent_path();
     return MakeRef<EditableMovie>(std::move(writer));
 }
 
 void FolderItem::Launch(bool) const { Host::Current().Launch(path_); }
 
 Ref<FolderItem> GetSaveFolderItem(const std::string& filter, const std::string& defaultName) {
-    fs::path file = Host::Current().SaveFile(filter, movieFolder / defaultName);
+    fs::path file = Host::Current().SaveFile(filter, MovieFolder() / defaultName);
     if (file.empty()) return nullptr;
     return MakeRef<FolderItem>(std::move(file));
 }
