@@ -4,22 +4,26 @@
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QPushButton>
 #include <algorithm>
+#include <utility>
 
 #include "platform/Text.h"
+#include "platform/qt/events/EventBoundary.h"
+#include "platform/qt/events/MainThread.h"
 
 namespace {
 
 constexpr QSize kPreviewSize(320, 240);
 constexpr double kHighestRate = 1000;
 
+PixelView View(Picture& picture) { return {picture.Width(), picture.Height(), picture.Bits()}; }
+
 bool IsLarge(QSize frame) { return frame.boundedTo(kPreviewSize) != frame; }
 
 QString SizeText(double bytesPerMinute) {
-    constexpr double kMegabyte = 1024 * 1024;
-    if (bytesPerMinute >= kMegabyte) {
-        return QString::fromStdString("About " + Format(bytesPerMinute / kMegabyte, "###,##0.0") + " MB a minute");
-    }
-    return QString::fromStdString("About " + Format(bytesPerMinute / 1024, "###,##0") + " KB a minute");
+    constexpr int kDecimals = 1;
+    const auto bytes = static_cast<qint64>(bytesPerMinute);
+    return QStringLiteral("About %1 a minute")
+        .arg(QLocale().formattedDataSize(bytes, kDecimals, QLocale::DataSizeTraditionalFormat));
 }
 
 QString Note(const QString& codec, SizeSupport support) {
@@ -39,15 +43,17 @@ QString Note(const QString& codec, SizeSupport support) {
 CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testImage, const MoviePlan& plan,
                                      const CompressionSettings& proposal)
     : QDialog(parent),
+      testImage_(testImage),
+      plan_(plan),
       frameSize_(testImage->Width(), testImage->Height()),
-      proposedRate_(proposal.frameRate),
-      encoder_(*this, testImage, plan,
-               {[this](const auto& image) { ShowImage(image); }, [this](auto size) { ShowSize(size); }}) {
+      proposedRate_(proposal.frameRate) {
     setWindowTitle(QStringLiteral("Compression Settings"));
     auto* sides = new QHBoxLayout(this);
     sides->addWidget(MakePreviewSide());
     sides->addWidget(MakeSettingsSide());
-    ShowSettings(proposal);
+    codec_.setCurrentIndex(std::max(codec_.findData(static_cast<int>(proposal.codec)), 0));
+    quality_.setValue(proposal.quality);
+    ShowFrameRate(proposal.frameRate);
     connect(&codec_, &QComboBox::currentIndexChanged, this, [this] { ShowCodec(); });
     connect(&quality_, &QSlider::valueChanged, this, [this] { Encode(); });
     connect(&frameRate_, &QLineEdit::textChanged, this, [this] { Encode(); });
@@ -87,7 +93,7 @@ QWidget* CompressionDialog::MakeSettingsSide() {
     auto* form = new QFormLayout;
     rows->addLayout(form);
     for (const CodecChoice& codec : codecs_)
-        codec_.addItem(QString::fromStdString(codec.name));
+        codec_.addItem(QString::fromStdString(codec.name), static_cast<int>(codec.codec));
     form->addRow(QStringLiteral("Compression &type:"), &codec_);
     quality_.setRange(0, 100);
     quality_.setPageStep(25);
@@ -112,14 +118,6 @@ QWidget* CompressionDialog::MakeSettingsSide() {
     rows->addStretch();
     rows->addWidget(&buttons_);
     return side;
-}
-
-void CompressionDialog::ShowSettings(const CompressionSettings& settings) {
-    const auto found = std::find_if(codecs_.begin(), codecs_.end(),
-                                    [&](const CodecChoice& codec) { return codec.codec == settings.codec; });
-    codec_.setCurrentIndex(found == codecs_.end() ? 0 : static_cast<int>(found - codecs_.begin()));
-    quality_.setValue(settings.quality);
-    ShowFrameRate(settings.frameRate);
 }
 
 void CompressionDialog::ShowFrameRate(double rate) { frameRate_.setText(QString::fromStdString(Str(rate))); }
@@ -147,18 +145,42 @@ void CompressionDialog::ShowCodec() {
     Encode();
 }
 
+// What is encoded for the choice before is given up, by a worker that nobody but its successor waits for.
 void CompressionDialog::Encode() {
     size_.setEnabled(false);  // until it is known again
-    encoder_.Encode(Settings());
+    worker_.request_stop();
+    worker_ =
+        std::jthread([this, settings = Settings(), before = std::move(worker_)](const std::stop_token& stop) mutable {
+            before = std::jthread();
+            EncodeSample(settings, stop);
+        });
+}
+
+void CompressionDialog::EncodeSample(const CompressionSettings& settings, const std::stop_token& stop) {
+    const auto image = MovieLibrary::Installed().EncodePreview(settings, View(*testImage_), stop);
+    if (stop.stop_requested()) return;
+    OnMainThread(*this, [this, image] { ShowImage(image); });
+    const auto size = EstimateSize(settings, stop);
+    if (stop.stop_requested()) return;
+    OnMainThread(*this, [this, size] { ShowSize(size); });
+}
+
+std::optional<double> CompressionDialog::EstimateSize(const CompressionSettings& settings,
+                                                      const std::stop_token& stop) const {
+    if (!plan_.draw) return std::nullopt;
+    const Ref<Picture> drawn = NewPicture(frameSize_.width(), frameSize_.height(), 32);
+    const auto pictureAt = [&](double seconds) {
+        Deliver(plan_.draw, drawn->Graphics(), seconds);
+        return View(*drawn);
+    };
+    return MovieLibrary::Installed().EstimateBytesPerSecond(settings, {plan_.seconds, pictureAt}, stop);
 }
 
 void CompressionDialog::ShowImage(const std::optional<RgbImage>& image) {
-    rendered_ = {};
-    if (image) {
-        rendered_ =
-            QImage(image->bytes.data(), image->width, image->height, qsizetype{3} * image->width, QImage::Format_RGB888)
-                .copy();
-    }
+    const auto view = [](const RgbImage& rgb) {
+        return QImage(rgb.bytes.data(), rgb.width, rgb.height, qsizetype{3} * rgb.width, QImage::Format_RGB888);
+    };
+    rendered_ = image ? view(*image).copy() : QImage();
     ShowPreview();
 }
 

@@ -8,12 +8,14 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QSlider>
+#include <optional>
+#include <stop_token>
+#include <thread>
 #include <vector>
 
-#include "platform/CompressionSettings.h"
+#include "platform/EditableMovie.h"
 #include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
-#include "platform/qt/dialogs/SampleEncoder.h"
 
 /// Lets the user choose how the frames of a movie are encoded. Shows `testImage` as the choice renders it, encoded and
 /// decoded again, and how much space the movie takes; both come from a worker, so the dialog never waits for them. A
@@ -29,17 +31,20 @@ class CompressionDialog final : public QDialog {
   private:
     QWidget* MakePreviewSide();
     QWidget* MakeSettingsSide();
-    void ShowSettings(const CompressionSettings& settings);
     double FrameRate() const;
     void ShowFrameRate(double rate);
     const CodecChoice& Codec() const;
     void ShowCodec();
     void Encode();
+    void EncodeSample(const CompressionSettings& settings, const std::stop_token& stop);
+    std::optional<double> EstimateSize(const CompressionSettings& settings, const std::stop_token& stop) const;
     void ShowImage(const std::optional<RgbImage>& image);
     void ShowSize(std::optional<double> bytesPerSecond);
     void ShowPreview();
     void ShowMiddle();
 
+    const Ref<Picture> testImage_;
+    const MoviePlan plan_;
     const QSize frameSize_;
     const double proposedRate_;
     const std::vector<CodecChoice> codecs_ = MovieLibrary::Installed().Codecs();
@@ -56,5 +61,5 @@ class CompressionDialog final : public QDialog {
     QCheckBox isActualSize_;
     QImage rendered_;
 
-    SampleEncoder encoder_;
+    std::jthread worker_;  // last, so that it has ended before what it uses goes
 };
