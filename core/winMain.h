@@ -101,7 +101,7 @@ class winMain final : public Window, public ClockColours {
     void ReadPrefs();
     void WritePrefs();
 
-    // Create Movie (movie/winMain_movie.cpp).
+    // Create Movie (movie/winMakeMovie.cpp).
     bool _FileCreateMovie_Action();
 
     // Commands of the menu bar (shell/winMain_commands.cpp).

@@ -1,6 +1,9 @@
 #include "movie/winMakeMovie.h"
 
+#include <functional>
+
 #include "core/winMain.h"
+#include "platform/Host.h"
 #include "platform/Text.h"
 #include "platform/Thread.h"
 #include "platform/Timer.h"
@@ -21,30 +24,29 @@ void winMakeMovie::_CreateControls0() {
     auto& group = AddControl<GroupBox>("GroupBox1", 20, 14, 360, 254, 0);
     group.Caption("Create Movie - Settings");
 
-    const auto label = [this](const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
-                              Int32 tabIndex) -> StaticText& {
-        auto& added = AddLabel(name, text, left, top, width, 20, tabIndex);
-        added.InitialParent("GroupBox1");
+    const auto inGroup = [](auto& control) -> auto& {
+        control.InitialParent("GroupBox1");
+        return control;
+    };
+    const auto label = [&](const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
+                           Int32 tabIndex) -> StaticText& {
+        return inGroup(AddLabel(name, text, left, top, width, 20, tabIndex));
+    };
+    const auto field = [&](const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
+                           Int32 tabIndex, void (winMakeMovie::*textChange)()) -> EditField& {
+        auto& added = inGroup(AddField(name, text, left, top, width, tabIndex));
+        added.TextChange = std::bind_front(textChange, this);
         return added;
     };
-    const auto field = [this](const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
-                              Int32 tabIndex, void (winMakeMovie::*textChange)()) -> EditField& {
-        auto& added = AddField(name, text, left, top, width, tabIndex);
-        added.InitialParent("GroupBox1");
-        added.TextChange = [this, textChange] { (this->*textChange)(); };
-        return added;
-    };
-    const auto box = [this](const std::string& name, const std::string& caption, Int32 top, Int32 tabIndex, bool on) {
-        auto& added = AddControl<CheckBox>(name, 34, top, 246, 20, tabIndex);
-        added.InitialParent("GroupBox1");
+    const auto box = [&](const std::string& name, const std::string& caption, Int32 top, Int32 tabIndex, bool on) {
+        auto& added = inGroup(AddControl<CheckBox>(name, 34, top, 246, 20, tabIndex));
         added.Caption(caption);
         added.Value(on);
     };
 
     label("StaticText1", "Start Time:", 34, 46, 79, 0);
-    field("eStart", "3600", 125, 45, 44, 2, &winMakeMovie::eStart_TextChange).KeyDown = [this](const std::string& key) {
-        return eStart_KeyDown(key);
-    };
+    field("eStart", "3600", 125, 45, 44, 2, &winMakeMovie::eStart_TextChange).KeyDown =
+        std::bind_front(&winMakeMovie::eStart_KeyDown, this);
     label("StaticText2", "Seconds (1 - 3600)", 176, 46, 128, 3);
     label("StaticText3", "Frame Size:", 34, 78, 79, 4);
     field("eSizeX", "320", 125, 77, 44, 5, &winMakeMovie::eSizeX_TextChange);
@@ -105,4 +107,13 @@ void winMakeMovie::CalculateSize() {
     const double megabytes =
         3 * number("eStart") * number("eSizeX") * number("eSizeY") * number("eFrameRate") / 1024 / 1024;
     Find<StaticText>("lSize").Text("Uncompressed movie file size: " + Format(megabytes, "###,##0.0") + "MB");
+}
+
+bool winMain::_FileCreateMovie_Action() {
+    if (System::Quicktime::Installed()) {
+        ShowDialog(winMakeMovie::Instance());
+    } else {
+        MsgBox("QuickTime needs to be installed to create movies.");
+    }
+    return true;
 }

@@ -4,7 +4,6 @@
 #include "movie/FileTypes.h"
 #include "movie/FrameSequence.h"
 #include "movie/winMakeMovie.h"
-#include "platform/CompressionSettings.h"
 #include "platform/Controls.h"
 #include "platform/Picture.h"
 #include "platform/Text.h"
