@@ -41,4 +41,4 @@ Ref<QTVideoTrack> EditableMovie::NewVideoTrack(Int32 width, Int32 height, double
     return MakeRef<QTVideoTrack>(writer_);
 }
 
-bool System::Quicktime::Installed() { return MovieLibrary::Installed().CanWrite(); }
+bool System::Quicktime::Installed() { return !MovieLibrary::Installed().Codecs().empty(); }

@@ -10,6 +10,9 @@ class Graphics;
 class MovieWriter;
 class Picture;
 
+/// From here on a rate can be chosen, in frames per second: a frame a minute.
+constexpr double kLowestFrameRate = 0.016666666666666;
+
 /// What a movie is going to show: from this the user is told how much space it will take.
 struct MoviePlan {
     double seconds = 0;

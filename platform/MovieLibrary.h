@@ -7,9 +7,32 @@
 #include <optional>
 #include <span>
 #include <stop_token>
+#include <string>
 #include <vector>
 
-#include "platform/CompressionSettings.h"
+/// What the frames of a movie are encoded as.
+enum class MovieCodec { Uncompressed = 1, H264, H265, Mpeg4, ProRes4444, PhotoJpeg, Png, Animation };
+
+/// How the frames of a movie are encoded. A plain value.
+struct CompressionSettings {
+    MovieCodec codec = MovieCodec::Uncompressed;
+    /// From 0 (least) to 100 (best). A codec that has no quality takes no notice of it.
+    int quality = 75;
+    /// Frames per second.
+    double frameRate = 1;
+
+    bool operator==(const CompressionSettings&) const = default;
+};
+
+/// A codec as a user chooses it.
+struct CodecChoice {
+    MovieCodec codec;
+    std::string name;
+    bool hasQuality;
+};
+
+/// How a codec gets on with frames of a certain size. What is rarely played is made in a way that many players lack.
+enum class SizeSupport { Refused, RarelyPlayed, Full };
 
 /// Pixels as 0xFFRRGGBB, `width` times `height` of them, row by row without padding.
 struct PixelView {
@@ -35,24 +58,17 @@ struct MovieContent {
 /// A file whose header tells of more than this is taken for a damaged one.
 constexpr std::int64_t kMostPixelsInFile = std::int64_t{4096} * 4096;
 
-/// A QuickTime file with one video track that is being written. One thread at a time. Its end closes the file, which
-/// waits until all frames are written.
+/// What stands behind an EditableMovie and its track, whose operations these are; their end is its end. The settings of
+/// the track are set before the first frame only.
 class MovieWriter {
   public:
     virtual ~MovieWriter() = default;
 
-    /// Whether closing makes a movie of what was appended. Otherwise the file stays behind in pieces. Initially False.
     virtual void SaveOnClose(bool value) noexcept = 0;
-
-    /// The one track, uncompressed until other settings come. False when there can't be such a track, or there is one.
+    /// False when there can't be such a track, or there is one.
     virtual bool AddTrack(int width, int height, double frameRate) noexcept = 0;
-
-    /// Of the track, which must be there. They are set before the first frame only.
     virtual const CompressionSettings& Settings() const noexcept = 0;
     virtual void Settings(const CompressionSettings& settings) noexcept = 0;
-
-    /// Adds a frame to the track; its pixels are not needed any more when it returns. One of another size than the
-    /// track's is left out. Waits while the frames before it are too far behind with being written.
     virtual void Append(const PixelView& frame) noexcept = 0;
 };
 
@@ -61,11 +77,9 @@ class MovieWriter {
 /// that of a machine which has none. Any thread. Nothing is thrown: what fails for want of memory just fails.
 class MovieLibrary {
   public:
-    virtual bool CanWrite() const noexcept { return false; }
-
-    /// The codecs that this machine can write, in the order in which they are offered, the usual one first. Empty when
-    /// there is none. Uncompressed is what a movie is without a choice, so it is in the list only if it is all there
-    /// is.
+    /// The codecs that this machine can write, in the order in which they are offered, the usual one first; none where
+    /// movies can't be written. Uncompressed is what a movie is without a choice, so it is in the list only if it is
+    /// all there is.
     virtual std::vector<CodecChoice> Codecs() const noexcept { return {}; }
 
     /// Asks the codec's encoder.
@@ -79,14 +93,14 @@ class MovieLibrary {
     /// How an image looks as the first frame of a movie, encoded and decoded again. Nothing when that can't be done or
     /// `stop` asks for the end, which is looked at before each of the few frames that are encoded.
     virtual std::optional<RgbImage> EncodePreview(const CompressionSettings&, const PixelView&,
-                                                  const std::stop_token&) const noexcept {
+                                                  const std::stop_token& /*stop*/) const noexcept {
         return std::nullopt;
     }
 
     /// About how many bytes the file of a movie takes for each second of it, its pictures changing about once a second.
     /// Encodes a short piece. Nothing as above, or when `pictureAt` throws.
     virtual std::optional<double> EstimateBytesPerSecond(const CompressionSettings&, const MovieContent&,
-                                                         const std::stop_token&) const noexcept {
+                                                         const std::stop_token& /*stop*/) const noexcept {
         return std::nullopt;
     }
 
@@ -95,9 +109,6 @@ class MovieLibrary {
 
     /// The one of this machine. The first call opens the module.
     static const MovieLibrary& Installed();
-
-  protected:
-    ~MovieLibrary() = default;
 };
 
 /// The one function that the module gives out.

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "platform/CompressionSettings.h"
+#include "platform/MovieLibrary.h"
 #include "platform/Values.h"
 
 class RecordingHost;

@@ -47,7 +47,6 @@ constexpr Codec kCodecs[] = {
      .name = "MPEG-4",
      .encoder = "mpeg4",
      .format = AV_PIX_FMT_YUV420P,
-     .oddFormat = AV_PIX_FMT_YUV420P,
      .colours = kVideo,
      .quality = {Quantiser, 31, 1},
      .rateLimit = 65535,
@@ -59,52 +58,39 @@ constexpr Codec kCodecs[] = {
      .name = "Apple ProRes 4444",
      .encoder = "prores_ks",
      .format = AV_PIX_FMT_YUV444P10,
-     .oddFormat = AV_PIX_FMT_YUV444P10,
      .colours = kVideo,
-     .options = "profile=4444,flags=+qscale,global_quality=236",
-     .isIntraOnly = true},
+     .options = "profile=4444,flags=+qscale,global_quality=236"},
     {.id = MovieCodec::PhotoJpeg,
      .tag = Tag("jpeg"),
      .name = "Photo - JPEG",
      .encoder = "mjpeg",
      .format = AV_PIX_FMT_YUV444P,
-     .oddFormat = AV_PIX_FMT_YUV444P,
      .colours = kJpeg,
-     .quality = {Quantiser, 31, 1},
-     .isIntraOnly = true},
+     .quality = {Quantiser, 31, 1}},
     {.id = MovieCodec::Png,
      .tag = Tag("png "),
      .name = "PNG",
      .encoder = "png",
      .format = AV_PIX_FMT_RGB24,
-     .oddFormat = AV_PIX_FMT_RGB24,
      .colours = kRgb,
-     .options = "compression_level=1",
-     .isIntraOnly = true},
+     .options = "compression_level=1"},
     {.id = MovieCodec::Animation,
      .tag = Tag("rle "),
      .name = "Animation",
      .encoder = "qtrle",
      .format = AV_PIX_FMT_RGB24,
-     .oddFormat = AV_PIX_FMT_RGB24,
      .colours = kRgb,
      .keyFrameDistance = 12},
     // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing. There is nothing to compute
     // that a second thread could help with.
     {.id = MovieCodec::Uncompressed,
      .tag = Tag("raw "),
-     .name = nullptr,
+     .name = "None",
      .encoder = "rawvideo",
      .format = AV_PIX_FMT_RGB24,
-     .oddFormat = AV_PIX_FMT_RGB24,
      .colours = kRgb,
-     .options = "threads=1",
-     .isIntraOnly = true},
+     .options = "threads=1"},
 };
-
-bool IsInstalled(const Codec& codec) { return avcodec_find_encoder_by_name(codec.encoder) != nullptr; }
-
-bool HasMuxer() { return av_guess_format("mov", nullptr, nullptr) != nullptr; }
 
 }  // namespace
 
@@ -112,13 +98,12 @@ const Codec& FindCodec(MovieCodec id) { return *std::ranges::find(kCodecs, id, &
 
 std::vector<CodecChoice> InstalledCodecs() {
     std::vector<CodecChoice> choices;
+    if (!av_guess_format("mov", nullptr, nullptr)) return choices;
     for (const Codec& codec : kCodecs) {
-        if (codec.name && HasMuxer() && IsInstalled(codec)) {
+        const bool isOffered = codec.id != MovieCodec::Uncompressed || choices.empty();
+        if (isOffered && avcodec_find_encoder_by_name(codec.encoder)) {
             choices.push_back({codec.id, codec.name, codec.quality.unit != None});
         }
     }
-    if (choices.empty()) choices.push_back({MovieCodec::Uncompressed, "None", false});
     return choices;
 }
-
-bool CanWriteMovies() { return HasMuxer() && std::ranges::any_of(kCodecs, IsInstalled); }

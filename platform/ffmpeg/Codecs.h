@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/CompressionSettings.h"
+#include "platform/MovieLibrary.h"
 
 extern "C" {
 #include <libavutil/pixfmt.h>
@@ -29,12 +29,12 @@ struct Codec {
     MovieCodec id;
     /// The type of the sample entry in the file, four characters.
     std::uint32_t tag;
-    /// As the user sees it; null when it isn't offered.
+    /// As the user sees it.
     const char* name;
     const char* encoder;
     AVPixelFormat format;
-    /// The pixel format where a side is odd.
-    AVPixelFormat oddFormat;
+    /// Where a side is odd, if that takes another.
+    AVPixelFormat oddFormat = AV_PIX_FMT_NONE;
     ColourCoding colours;
     QualityScale quality = {};
     /// The encoder's own options: "name=value,name=value".
@@ -43,19 +43,17 @@ struct Codec {
     int rateLimit = 1001000;
     /// Frames from one key frame to the next.
     int keyFrameDistance = 1;
-    /// Every packet is a whole picture, so it may be written more than once.
-    bool isIntraOnly = false;
+
+    /// Whether every packet is a whole picture, so that it may be written more than once.
+    bool IsIntraOnly() const { return keyFrameDistance == 1; }
+    /// The pixel format in which frames of that size are encoded.
+    AVPixelFormat FormatFor(int width, int height) const {
+        const bool isOdd = width % 2 != 0 || height % 2 != 0;
+        return isOdd && oddFormat != AV_PIX_FMT_NONE ? oddFormat : format;
+    }
 };
 
 const Codec& FindCodec(MovieCodec id);
 
-/// Those that FFmpeg has here and a user can choose, the usual one first.
+/// Those that FFmpeg can write QuickTime files with here, as MovieLibrary has them.
 std::vector<CodecChoice> InstalledCodecs();
-
-/// Whether FFmpeg can write QuickTime files here, with any codec.
-bool CanWriteMovies();
-
-/// The pixel format in which frames of that size are encoded.
-inline AVPixelFormat FormatFor(const Codec& codec, int width, int height) {
-    return width % 2 == 0 && height % 2 == 0 ? codec.format : codec.oddFormat;
-}

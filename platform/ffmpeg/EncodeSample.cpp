@@ -1,15 +1,16 @@
-#include "platform/ffmpeg/EncodeSample.h"
-
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <vector>
 
 #include "platform/ffmpeg/Codecs.h"
 #include "platform/ffmpeg/Encoder.h"
-#include "platform/ffmpeg/Ffmpeg.h"
+#include "platform/ffmpeg/Module.h"
 #include "platform/ffmpeg/PixelConversion.h"
 
 namespace {
+
+using Packets = std::span<const Owned<AVPacket>>;
 
 /// A few frames, encoded in memory.
 class Sample {
@@ -19,17 +20,12 @@ class Sample {
           encoder_(settings, width, height,
                    [this](const AVPacket& packet) { packets_.push_back(Own(av_packet_clone(&packet))); }) {}
 
-    void Add(std::span<const std::uint32_t> pixels) {
-        if (const Owned<AVFrame> frame = frameMaker_.Convert(pixels)) {
-            encoder_.Write(*frame);
-        } else {
-            encoder_.Repeat();
-        }
-    }
+    void Add(std::span<const std::uint32_t> pixels) { encoder_.Write(frameMaker_.Convert(pixels)); }
     void Finish() { encoder_.Finish(); }
 
     const AVCodecContext& Context() const { return encoder_.Context(); }
-    const std::vector<Owned<AVPacket>>& Packets() const { return packets_; }
+    /// One for each frame, in their order.
+    Packets FramePackets() const { return packets_; }
 
   private:
     FrameMaker frameMaker_;
@@ -38,67 +34,45 @@ class Sample {
 };
 
 Owned<AVCodecContext> OpenDecoder(const AVCodecContext& encoder) {
-    const AVCodec* const codec = avcodec_find_decoder(encoder.codec_id);
-    Owned<AVCodecContext> decoder(codec ? avcodec_alloc_context3(codec) : nullptr);
-    AVCodecParameters* parameters = avcodec_parameters_alloc();
-    const bool isOpen = decoder && parameters && avcodec_parameters_from_context(parameters, &encoder) >= 0 &&
-                        avcodec_parameters_to_context(decoder.get(), parameters) >= 0 &&
-                        avcodec_open2(decoder.get(), codec, nullptr) >= 0;
-    avcodec_parameters_free(&parameters);
-    return isOpen ? std::move(decoder) : nullptr;
+    constexpr const char* kStep = "opening the decoder";
+    Owned<AVCodecContext> decoder = Own(avcodec_alloc_context3(avcodec_find_decoder(encoder.codec_id)));
+    const Owned<AVCodecParameters> parameters = Own(avcodec_parameters_alloc());
+    Check(avcodec_parameters_from_context(parameters.get(), &encoder), kStep);
+    Check(avcodec_parameters_to_context(decoder.get(), parameters.get()), kStep);
+    Check(avcodec_open2(decoder.get(), nullptr, nullptr), kStep);
+    return decoder;
 }
 
-std::optional<RgbImage> DecodeFirst(const Sample& sample) {
+RgbImage DecodeFirst(const Sample& sample) {
     const Owned<AVCodecContext> decoder = OpenDecoder(sample.Context());
     const Owned<AVFrame> frame = Own(av_frame_alloc());
-    if (!decoder) return std::nullopt;
-    for (const Owned<AVPacket>& packet : sample.Packets()) {
-        if (avcodec_send_packet(decoder.get(), packet.get()) < 0) return std::nullopt;
+    for (const Owned<AVPacket>& packet : sample.FramePackets()) {
+        Check(avcodec_send_packet(decoder.get(), packet.get()), "decoding");
         if (avcodec_receive_frame(decoder.get(), frame.get()) >= 0) return ToRgbImage(*frame);
     }
-    avcodec_send_packet(decoder.get(), nullptr);
-    if (avcodec_receive_frame(decoder.get(), frame.get()) < 0) return std::nullopt;
+    Check(avcodec_send_packet(decoder.get(), nullptr), "decoding");
+    Check(avcodec_receive_frame(decoder.get(), frame.get()), "decoding");
     return ToRgbImage(*frame);
 }
 
-/// The sizes of a sample's frames, in the order in which they are shown.
-class FrameSizes {
-  public:
-    explicit FrameSizes(const Sample& sample) : frames_(sample.Packets().size()) {
-        for (const Owned<AVPacket>& packet : sample.Packets()) {
-            const bool isKey = (packet->flags & AV_PKT_FLAG_KEY) != 0;
-            frames_.at(static_cast<std::size_t>(packet->pts)) = {packet->size, isKey};
-        }
-    }
+double SumOfBytes(Packets packets) {
+    double sum = 0;
+    for (const Owned<AVPacket>& packet : packets)
+        sum += packet->size;
+    return sum;
+}
 
-    /// Of the first `count` frames together.
-    double SumOfFirst(int count) const {
-        double sum = 0;
-        for (const Frame& frame : std::span(frames_).first(static_cast<std::size_t>(count))) {
-            sum += frame.bytes;
-        }
-        return sum;
+/// Of those that are no key frames; 0 where all are.
+double MeanBytes(Packets packets) {
+    double sum = 0;
+    double count = 0;
+    for (const Owned<AVPacket>& packet : packets) {
+        if ((packet->flags & AV_PKT_FLAG_KEY) != 0) continue;
+        sum += packet->size;
+        ++count;
     }
-
-    /// Of those among the last `count` that are no key frames, on the average; 0 where all are.
-    double MeanOfLast(int count) const {
-        double sum = 0;
-        double others = 0;
-        for (const Frame& frame : std::span(frames_).last(static_cast<std::size_t>(count))) {
-            if (frame.isKey) continue;
-            sum += frame.bytes;
-            ++others;
-        }
-        return others > 0 ? sum / others : 0;
-    }
-
-  private:
-    struct Frame {
-        int bytes = 0;
-        bool isKey = false;
-    };
-    std::vector<Frame> frames_;
-};
+    return count > 0 ? sum / count : 0;
+}
 
 /// How few frames tell of a movie in which each picture is shown for a second: a run of frames for each.
 struct Piece {
@@ -125,12 +99,13 @@ struct Piece {
 
 /// The bytes of all frames. The piece tells what a key frame takes, with the detail that some encoders add only in the
 /// frames behind it, what a new picture, and what one that is shown again.
-double BytesOf(double frames, double rate, int keyFrameDistance, const Piece& piece, const FrameSizes& sizes) {
-    const double usual = sizes.MeanOfLast(std::min(piece.lastPart, piece.count - 1));
-    const double repeated = sizes.MeanOfLast(piece.run / 2);
+double BytesOf(double frames, double rate, int keyFrameDistance, const Piece& piece, Packets packets) {
+    const auto count = [](int number) { return static_cast<std::size_t>(number); };
+    const double usual = MeanBytes(packets.last(count(std::min(piece.lastPart, piece.count - 1))));
+    const double repeated = MeanBytes(packets.last(count(piece.run / 2)));
     const double other = rate > piece.run ? (usual * piece.run + repeated * (rate - piece.run)) / rate : usual;
     const int head = std::min(keyFrameDistance, std::max(piece.count - piece.lastPart, 1));
-    const double keyFrame = sizes.SumOfFirst(head) - usual * head;
+    const double keyFrame = SumOfBytes(packets.first(count(head))) - usual * head;
     return keyFrame * std::ceil(frames / keyFrameDistance) + other * frames;
 }
 
@@ -138,7 +113,7 @@ double BytesOf(double frames, double rate, int keyFrameDistance, const Piece& pi
 
 SizeSupport SupportOf(MovieCodec codec, int width, int height) {
     const Encoder opened({.codec = codec}, width, height, [](const AVPacket&) {});
-    const bool isUsual = FormatFor(FindCodec(codec), width, height) == FindCodec(codec).format;
+    const bool isUsual = FindCodec(codec).FormatFor(width, height) == FindCodec(codec).format;
     return isUsual ? SizeSupport::Full : SizeSupport::RarelyPlayed;
 }
 
@@ -166,15 +141,14 @@ std::optional<double> EstimateBytesPerSecond(const CompressionSettings& settings
     std::optional<Sample> sample;
     for (int i = 0; i < piece.count; ++i) {
         if (stop.stop_requested()) return std::nullopt;
-        const PixelView picture = movie.pictureAt(codec.isIntraOnly ? start : start + piece.SecondsUpTo(i));
+        const PixelView picture = movie.pictureAt(codec.IsIntraOnly() ? start : start + piece.SecondsUpTo(i));
         if (!sample) sample.emplace(settings, picture.width, picture.height);
         sample->Add(picture.pixels);
     }
     sample->Finish();
-    const AVCodecContext& context = sample->Context();
     constexpr int kHeader = 800;
-    const double indexEntry = context.has_b_frames > 0 ? 12 : 4;
-    const double bytes = kHeader + context.extradata_size + indexEntry * frames +
-                         BytesOf(frames, rate, codec.keyFrameDistance, piece, FrameSizes(*sample));
+    constexpr int kIndexEntry = 4;
+    const double bytes = kHeader + sample->Context().extradata_size + kIndexEntry * frames +
+                         BytesOf(frames, rate, codec.keyFrameDistance, piece, sample->FramePackets());
     return bytes / (frames / rate);
 }

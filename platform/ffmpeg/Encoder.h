@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/CompressionSettings.h"
+#include "platform/MovieLibrary.h"
 #include "platform/ffmpeg/Ffmpeg.h"
 
 struct Codec;
@@ -14,30 +14,24 @@ struct Codec;
 /// fraction.
 inline AVRational ExactRate(double framesPerSecond, int limit = 1001000) { return av_d2q(framesPerSecond, limit); }
 
-inline bool IsUsable(AVRational rate) { return rate.num > 0 && rate.den > 0; }
-
-/// Turns frames into packets. One thread at a time. What fails throws FfmpegError.
+/// Turns frames into packets. One thread at a time. What fails throws.
 class Encoder {
   public:
-    /// Takes the packets in the order of decoding, their times counted in frames. What it throws ends the encoding.
+    /// Takes a packet for each frame, in their order, its times counted in frames. What it throws ends the encoding.
     using Sink = std::function<void(const AVPacket&)>;
 
     /// Fails when the encoder doesn't exist or refuses such frames.
     Encoder(const CompressionSettings& settings, int width, int height, Sink sink);
 
-    /// The next frame, whose data must not be written to any more.
-    void Write(const AVFrame& frame);
-    /// The frame before once more.
-    void Repeat();
+    /// The next frame, whose data must not be written to any more; nil stands for the one before once more.
+    void Write(Owned<AVFrame> frame);
     /// Gives out the packets that are still held back.
     void Finish();
 
     const AVCodecContext& Context() const { return *context_; }
 
   private:
-    void Send();
-    void Receive();
-    void DeliverCopies();
+    void Send(const AVFrame* frame);
     void Deliver();
 
     const Codec& codec_;
@@ -49,6 +43,6 @@ class Encoder {
     Owned<AVPacket> packet_;
     std::int64_t framesSent_ = 0;
     std::int64_t packetsDelivered_ = 0;
-    /// How often to deliver each of the packets that are still to come, where they are whole pictures.
+    /// How often to deliver each of the packets that are still to come: more than once where they are whole pictures.
     std::deque<int> copies_;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -18,6 +19,7 @@ struct Freer {
         avio_context_free(&stream);
     }
     void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
+    void operator()(AVCodecParameters* parameters) const { avcodec_parameters_free(&parameters); }
     void operator()(AVFrame* frame) const { av_frame_free(&frame); }
     void operator()(AVPacket* packet) const { av_packet_free(&packet); }
     void operator()(SwsContext* context) const { sws_freeContext(context); }
@@ -27,28 +29,18 @@ struct Freer {
 template <class T>
 using Owned = std::unique_ptr<T, Freer>;
 
-/// What failed: the step, with FFmpeg's or the system's word for the reason.
-class FfmpegError : public std::runtime_error {
-  public:
-    /// `code` is FFmpeg's: a negated errno or one of its own.
-    FfmpegError(const std::string& step, int code) : std::runtime_error(step + ": " + Word(code)) {}
-
-  private:
-    static std::string Word(int code) {
-        char word[AV_ERROR_MAX_STRING_SIZE];
-        av_strerror(code, word, sizeof word);
-        return word;
-    }
-};
-
-/// Throws FfmpegError when `code`, which a call of FFmpeg has returned, tells of a failure.
+/// Throws std::runtime_error when `code`, FFmpeg's own or a negated errno, tells of a failure: the step, with FFmpeg's
+/// or the system's word for the reason.
 inline void Check(int code, const char* step) {
-    if (code < 0) throw FfmpegError(step, code);
+    if (code >= 0) return;
+    char word[AV_ERROR_MAX_STRING_SIZE];
+    av_strerror(code, word, sizeof word);
+    throw std::runtime_error(std::string(step) + ": " + word);
 }
 
-/// Owns an object that was just allocated. Throws FfmpegError when it is nil: there was no memory for it.
+/// Owns an object that was just allocated. Throws when it is nil: there was no memory for it.
 template <class T>
 Owned<T> Own(T* object) {
-    if (!object) throw FfmpegError("allocating", AVERROR(ENOMEM));
+    Check(object ? 0 : AVERROR(ENOMEM), "allocating");
     return Owned<T>(object);
 }

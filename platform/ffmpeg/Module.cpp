@@ -1,18 +1,7 @@
-#include <exception>
-#include <filesystem>
-#include <memory>
-#include <optional>
-#include <span>
-#include <stop_token>
-#include <utility>
-#include <vector>
+#include "platform/ffmpeg/Module.h"
 
-#include "platform/MovieLibrary.h"
 #include "platform/ffmpeg/Codecs.h"
-#include "platform/ffmpeg/EncodeSample.h"
-#include "platform/ffmpeg/Ffmpeg.h"
 #include "platform/ffmpeg/PixelConversion.h"
-#include "platform/ffmpeg/QuickTimeWriter.h"
 
 namespace {
 
@@ -23,7 +12,6 @@ Owned<AVFormatContext> OpenPict(const std::filesystem::path& file) {
 }
 
 RgbImage DecodePict(const std::filesystem::path& file) {
-    av_log_set_level(AV_LOG_QUIET);  // a damaged file is the caller's matter, not the terminal's
     const Owned<AVFormatContext> input = OpenPict(file);
     const Owned<AVCodecContext> decoder = Own(avcodec_alloc_context3(avcodec_find_decoder(AV_CODEC_ID_QDRAW)));
     const Owned<AVPacket> packet = Own(av_packet_alloc());
@@ -49,14 +37,10 @@ auto ResultOrEmpty(const Work& work) noexcept -> decltype(work()) {
 /// The border of the module: nothing is thrown through it, and of the program only what gives the pictures is called.
 class FfmpegLibrary final : public MovieLibrary {
   public:
-    bool CanWrite() const noexcept override { return CanWriteMovies(); }
-
-    std::vector<CodecChoice> Codecs() const noexcept override {
-        return ResultOrEmpty([] { return InstalledCodecs(); });
-    }
+    std::vector<CodecChoice> Codecs() const noexcept override { return ResultOrEmpty(InstalledCodecs); }
 
     std::shared_ptr<MovieWriter> Create(const std::filesystem::path& path) const noexcept override {
-        return QuickTimeWriter::Create(path);
+        return ResultOrEmpty([&] { return CreateMovieWriter(path); });
     }
 
     SizeSupport Supports(MovieCodec codec, int width, int height) const noexcept override {
@@ -81,6 +65,7 @@ class FfmpegLibrary final : public MovieLibrary {
 }  // namespace
 
 [[gnu::visibility("default")]] const MovieLibrary* MovieLibraryOfModule() {
+    av_log_set_level(AV_LOG_QUIET);  // what FFmpeg has to say is of no use to whoever started the program
     static const FfmpegLibrary library;
     return &library;
 }

@@ -1,7 +1,6 @@
 #include "platform/ffmpeg/MovieFile.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,7 +9,6 @@
 #include <utility>
 
 extern "C" {
-#include <libavutil/dict.h>
 #include <libavutil/opt.h>
 }
 
@@ -19,18 +17,17 @@ namespace {
 constexpr int kFragmentSize = 1 << 16;
 constexpr int kFramesInFragment = 60;
 
+constexpr const char* kMaking = "making the file";
+
 int Open(const std::filesystem::path& path) {
     constexpr mode_t kForAll = 0666;
-    // Without O_NONBLOCK a pipe would be waited for.
-    const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, kForAll);
-    if (descriptor < 0) throw FfmpegError("making the file", AVERROR(errno));
-    struct stat status {};
-    int error = fstat(descriptor, &status) != 0 ? errno : 0;
-    if (error == 0 && !S_ISREG(status.st_mode)) error = EINVAL;
-    if (error == 0 && ftruncate(descriptor, 0) != 0) error = errno;
-    if (error == 0) return descriptor;
-    close(descriptor);
-    throw FfmpegError("making the file", AVERROR(error));
+    // To open anything but a plain file, such as a pipe, may never come back.
+    std::error_code ignored;
+    const auto there = std::filesystem::status(path, ignored);
+    Check(exists(there) && !is_regular_file(there) ? AVERROR(EINVAL) : 0, kMaking);
+    const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kForAll);
+    Check(descriptor < 0 ? AVERROR(errno) : 0, kMaking);
+    return descriptor;
 }
 
 /// Ticks per second of a track in which each frame lasts a whole number of them.
@@ -56,21 +53,14 @@ ReservedFile::ReservedFile(const std::filesystem::path& path) : descriptor_(Open
         return static_cast<ReservedFile*>(file)->Seek(offset, whence);
     };
     auto* const buffer = static_cast<unsigned char*>(av_malloc(kBufferSize));
-    stream_.reset(buffer ? avio_alloc_context(buffer, kBufferSize, 1, this, nullptr, write, seek) : nullptr);
-    if (!stream_) av_free(buffer);
-}
-
-ReservedFile::~ReservedFile() {
-    if (descriptor_ < 0) return;
-    [[maybe_unused]] const int ignored = ftruncate(descriptor_, size_);
-    close(descriptor_);
+    stream_ = Own(buffer ? avio_alloc_context(buffer, kBufferSize, 1, this, nullptr, write, seek) : nullptr);
 }
 
 void ReservedFile::Reserve(std::int64_t bytes) {
     constexpr std::int64_t kAhead = 1 << 20;
     const std::int64_t needed = needed_ + bytes;
     const int error = needed <= reserved_ || Extend(needed + kAhead) == 0 ? 0 : Extend(needed);
-    if (error != 0) throw FfmpegError("keeping room for frames", AVERROR(error));
+    Check(AVERROR(error), "keeping room for frames");
     needed_ = needed;
 }
 
@@ -86,10 +76,11 @@ void ReservedFile::Flush(const char* step) {
     Check(std::exchange(error_, 0), step);
 }
 
-void ReservedFile::Close() {
+int ReservedFile::Close() {
+    if (descriptor_ < 0) return 0;
     const bool isCut = ftruncate(descriptor_, size_) == 0;
     const bool isClosed = close(std::exchange(descriptor_, -1)) == 0;
-    if (!isCut || !isClosed) throw FfmpegError("closing the file", AVERROR(errno));
+    return isCut && isClosed ? 0 : AVERROR(errno);
 }
 
 // A failure is kept here, as the stream would refuse everything after it, the index too.
@@ -114,41 +105,34 @@ std::int64_t ReservedFile::Seek(std::int64_t offset, int whence) {
 }
 
 MovieFile::MovieFile(const std::filesystem::path& path) : file_(path) {
-    Check(avformat_alloc_output_context2(&context_, nullptr, "mov", nullptr), "making the file");
+    Check(avformat_alloc_output_context2(&context_, nullptr, "mov", nullptr), kMaking);
     context_->pb = file_.Stream();
-    isFragmented_ = av_opt_find(context_->priv_data, "hybrid_fragmented", "movflags", 0, 0) != nullptr;
+    isFragmented_ = av_opt_set(context_->priv_data, "movflags", "hybrid_fragmented", 0) >= 0;
+    if (isFragmented_) av_opt_set_int(context_->priv_data, "frag_size", kFragmentSize, 0);
 }
 
 MovieFile::~MovieFile() { avformat_free_context(context_); }
 
 void MovieFile::AddTrack(const AVCodecContext& encoder, AVRational framesPerSecond) {
+    const int timescale = Timescale(framesPerSecond);
+    av_opt_set_int(context_->priv_data, "video_track_timescale", timescale, 0);
+    av_opt_set_int(context_->priv_data, "movie_timescale", timescale, 0);
     AVStream* const stream = avformat_new_stream(context_, nullptr);
     Check(stream ? avcodec_parameters_from_context(stream->codecpar, &encoder) : AVERROR(ENOMEM), "making the track");
     stream->avg_frame_rate = framesPerSecond;
     stream_ = stream;
 }
 
-void MovieFile::WriteHeader(Content content) {
-    AVDictionary* options = nullptr;
-    const int timescale = Timescale(stream_->avg_frame_rate);
-    av_dict_set_int(&options, "video_track_timescale", timescale, 0);
-    av_dict_set_int(&options, "movie_timescale", timescale, 0);
-    if (content == Content::None) {
-        av_dict_set(&options, "movflags", "empty_moov", 0);
-    } else if (isFragmented_) {
-        av_dict_set(&options, "movflags", "hybrid_fragmented", 0);
-        av_dict_set_int(&options, "frag_size", kFragmentSize, 0);
-    }
-    const int result = avformat_write_header(context_, &options);
-    av_dict_free(&options);
-    Check(result, "writing the header");
+void MovieFile::WriteHeader() {
+    constexpr const char* kStep = "writing the header";
+    Check(avformat_write_header(context_, nullptr), kStep);
     hasHeader_ = true;
-    file_.Flush("writing the header");
+    file_.Flush(kStep);
 }
 
 void MovieFile::Write(const AVPacket& packet) {
     file_.Reserve(RoomFor(packet) + (hasHeader_ ? 0 : RoomForHeader()));
-    if (!hasHeader_) WriteHeader(Content::Frames);
+    if (!hasHeader_) WriteHeader();
     const Owned<AVPacket> written = Own(av_packet_clone(&packet));
     av_packet_rescale_ts(written.get(), av_inv_q(stream_->avg_frame_rate), stream_->time_base);
     Check(av_write_frame(context_, written.get()), "writing a frame");
@@ -161,11 +145,13 @@ void MovieFile::Write(const AVPacket& packet) {
 void MovieFile::Finish() {
     if (!hasHeader_) {
         file_.Reserve(RoomForHeader());
-        WriteHeader(Content::None);
+        // Only a header that knows of no packet makes a track out of none.
+        av_opt_set(context_->priv_data, "movflags", "empty_moov", 0);
+        WriteHeader();
     }
     Check(av_write_trailer(context_), "writing the index");
     file_.Flush("writing the index");
-    file_.Close();
+    Check(file_.Close(), "closing the file");
 }
 
 std::int64_t MovieFile::RoomForHeader() const {

@@ -10,23 +10,22 @@
 /// network drive that tells of a full disk when the file is closed, they still may.
 class ReservedFile {
   public:
-    /// Makes a new empty file in place of what was there. Throws FfmpegError for anything but a plain file.
+    /// Makes a new empty file in place of what was there. Throws for anything but a plain file.
     explicit ReservedFile(const std::filesystem::path& path);
-    /// Gives back the room that was not needed.
-    ~ReservedFile();
+    ~ReservedFile() { Close(); }
     ReservedFile(const ReservedFile&) = delete;
     ReservedFile& operator=(const ReservedFile&) = delete;
 
-    /// Sets room for so many more bytes aside. Throws FfmpegError when there is none.
+    /// Sets room for so many more bytes aside. Throws when there is none.
     void Reserve(std::int64_t bytes);
 
     /// What FFmpeg writes through. A failure shows at Flush only.
     AVIOContext* Stream() { return stream_.get(); }
-    /// Throws FfmpegError when anything could not be written since the call before.
+    /// Throws when anything could not be written since the call before.
     void Flush(const char* step);
 
-    /// Closes the file sooner than its end. Throws FfmpegError when that fails.
-    void Close();
+    /// Gives back the room that was not needed, and closes the file. Gives 0, or FFmpeg's code for what failed.
+    int Close();
 
   private:
     /// Gives an errno, or 0.
@@ -44,9 +43,9 @@ class ReservedFile {
     int error_ = 0;
 };
 
-/// A QuickTime file with one video track that is being written. One thread at a time. What fails throws FfmpegError;
-/// what was written before still becomes a movie. With FFmpeg from 7.1 on the file can be read at any time but for its
-/// latest 60 frames or 64 KB, so a process that is killed leaves a movie; before, it leaves a file without an index.
+/// A QuickTime file with one video track that is being written. One thread at a time. What fails throws; what was
+/// written before still becomes a movie. With FFmpeg from 7.1 on the file can be read at any time but for its latest 60
+/// frames or 64 KB, so a process that is killed leaves a movie; before, it leaves a file without an index.
 class MovieFile {
   public:
     /// Makes a new empty file in place of what was there.
@@ -66,10 +65,7 @@ class MovieFile {
     void Finish();
 
   private:
-    /// Whether any packet follows the header. Only a header that knows of none makes a track out of nothing.
-    enum class Content { Frames, None };
-
-    void WriteHeader(Content content);
+    void WriteHeader();
     /// The bytes that the header and the index take without any frame, at most.
     std::int64_t RoomForHeader() const;
     /// The bytes that a packet takes, its part of the index included, at most.

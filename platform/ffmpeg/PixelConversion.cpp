@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <utility>
 
 #include "platform/ffmpeg/Codecs.h"
 
@@ -11,6 +10,8 @@ extern "C" {
 }
 
 namespace {
+
+constexpr const char* kStep = "converting a picture";
 
 /// The layout of a frame or a picture in memory.
 struct Layout {
@@ -47,75 +48,56 @@ int BandHeight(int height) {
 }  // namespace
 
 FrameMaker::FrameMaker(const Codec& codec, int width, int height)
-    : codec_(codec), width_(width), height_(height), bandHeight_(BandHeight(height)) {
-    pixels_.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    : width_(width), height_(height), bandHeight_(BandHeight(height)), frame_(Own(av_frame_alloc())) {
+    const AVPixelFormat format = codec.FormatFor(width, height);
+    converter_ =
+        MakeConverter({width, bandHeight_, AV_PIX_FMT_0RGB32, kRgb}, {width, bandHeight_, format, codec.colours});
+    frame_->width = width;
+    frame_->height = height;
+    frame_->format = format;
+    frame_->color_range = codec.colours.range;
+    frame_->colorspace = codec.colours.matrix;
+    Check(av_frame_get_buffer(frame_.get(), 0), kStep);
 }
 
 Owned<AVFrame> FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
-    const Rows changed = Changed(pixels);
-    if (changed.first == changed.end) return nullptr;
+    const auto [first, end] = ChangedRows(pixels);
+    if (first == end) return nullptr;
     pixels_.resize(pixels.size());
-    std::ranges::copy(Of(pixels, changed), Of(std::span(pixels_), changed).begin());
-    if (!converter_) {
-        converter_ = MakeConverter({width_, bandHeight_, AV_PIX_FMT_0RGB32, kRgb},
-                                   {width_, bandHeight_, FormatFor(codec_, width_, height_), codec_.colours});
+    std::copy(pixels.data() + At(first), pixels.data() + At(end), pixels_.data() + At(first));
+    Check(av_frame_make_writable(frame_.get()), kStep);
+    for (int row = first / bandHeight_ * bandHeight_; row < end; row += bandHeight_) {
+        ConvertBand(row);
     }
-    AVFrame& frame = FreeFrame();
-    if (newest_) Check(av_frame_copy(&frame, newest_.get()), "converting a picture");
-    for (int row = changed.first / bandHeight_ * bandHeight_; row < changed.end; row += bandHeight_) {
-        ConvertBand(frame, row);
-    }
-    newest_ = Own(av_frame_clone(&frame));
-    return Own(av_frame_clone(&frame));
-}
-
-template <class Pixel>
-std::span<Pixel> FrameMaker::Of(std::span<Pixel> pixels, const Rows& rows) const {
-    const auto row = static_cast<std::size_t>(width_);
-    return pixels.subspan(row * static_cast<std::size_t>(rows.first),
-                          row * static_cast<std::size_t>(rows.end - rows.first));
+    return Own(av_frame_clone(frame_.get()));
 }
 
 // Two pictures are compared in a fraction of the time in which one is converted.
-FrameMaker::Rows FrameMaker::Changed(std::span<const std::uint32_t> pixels) const {
-    Rows rows{0, height_};
-    if (pixels_.empty()) return rows;
+std::pair<int, int> FrameMaker::ChangedRows(std::span<const std::uint32_t> pixels) const {
+    int first = 0;
+    int end = height_;
+    if (pixels_.empty()) return {first, end};
     const auto isSame = [&](int row) {
-        const auto before = Of(std::span(pixels_), {row, row + 1});
-        return std::memcmp(before.data(), Of(pixels, {row, row + 1}).data(), before.size_bytes()) == 0;
+        return std::memcmp(pixels_.data() + At(row), pixels.data() + At(row), At(1) * sizeof(pixels[0])) == 0;
     };
-    while (rows.first < rows.end && isSame(rows.first)) {
-        ++rows.first;
+    while (first < end && isSame(first)) {
+        ++first;
     }
-    while (rows.first < rows.end && isSame(rows.end - 1)) {
-        --rows.end;
+    while (first < end && isSame(end - 1)) {
+        --end;
     }
-    return rows;
+    return {first, end};
 }
 
-void FrameMaker::ConvertBand(AVFrame& frame, int row) {
-    const std::span<const std::uint32_t> band = Of(std::span(pixels_), {row, row + bandHeight_});
-    const std::uint8_t* const from[] = {reinterpret_cast<const std::uint8_t*>(band.data())};
-    const int stride[] = {width_ * static_cast<int>(sizeof band.front())};
-    const int colourRow = row >> av_pix_fmt_desc_get(FormatFor(codec_, width_, height_))->log2_chroma_h;
+void FrameMaker::ConvertBand(int row) {
+    const std::uint8_t* const from[] = {reinterpret_cast<const std::uint8_t*>(pixels_.data() + At(row))};
+    const int stride[] = {width_ * static_cast<int>(sizeof(pixels_[0]))};
+    const int colourRow = row >> av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame_->format))->log2_chroma_h;
     std::uint8_t* to[AV_NUM_DATA_POINTERS] = {};
-    for (int plane = 0; frame.data[plane]; ++plane) {
-        to[plane] = frame.data[plane] + static_cast<ptrdiff_t>(frame.linesize[plane]) * (plane == 0 ? row : colourRow);
+    for (int plane = 0; frame_->data[plane]; ++plane) {
+        to[plane] = frame_->data[plane] + ptrdiff_t{frame_->linesize[plane]} * (plane == 0 ? row : colourRow);
     }
-    sws_scale(converter_.get(), from, stride, 0, bandHeight_, to, frame.linesize);
-}
-
-AVFrame& FrameMaker::FreeFrame() {
-    const auto isFree = [](const Owned<AVFrame>& frame) { return av_frame_is_writable(frame.get()) > 0; };
-    if (const auto free = std::ranges::find_if(frames_, isFree); free != frames_.end()) return **free;
-    Owned<AVFrame> frame = Own(av_frame_alloc());
-    frame->width = width_;
-    frame->height = height_;
-    frame->format = FormatFor(codec_, width_, height_);
-    frame->color_range = codec_.colours.range;
-    frame->colorspace = codec_.colours.matrix;
-    Check(av_frame_get_buffer(frame.get(), 0), "converting a picture");
-    return *frames_.emplace_back(std::move(frame));
+    sws_scale(converter_.get(), from, stride, 0, bandHeight_, to, frame_->linesize);
 }
 
 RgbImage ToRgbImage(const AVFrame& frame) {

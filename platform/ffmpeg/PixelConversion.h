@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "platform/MovieLibrary.h"
@@ -16,34 +17,25 @@ class FrameMaker {
     FrameMaker(const Codec& codec, int width, int height);
 
     /// A frame of the next picture's pixels (0xFFRRGGBB, row by row without padding), which nobody may write to. Nil
-    /// when they are the same as before. Throws FfmpegError when there is no memory for it.
+    /// when they are the same as before. Throws when there is no memory for it.
     Owned<AVFrame> Convert(std::span<const std::uint32_t> pixels);
 
   private:
-    /// The rows from `first` up to, but not including, `end`.
-    struct Rows {
-        int first = 0;
-        int end = 0;
-    };
+    /// The first row that differs from the picture before, and the one behind the last.
+    std::pair<int, int> ChangedRows(std::span<const std::uint32_t> pixels) const;
+    void ConvertBand(int row);
+    /// Where a row begins in the pixels.
+    std::size_t At(int row) const { return static_cast<std::size_t>(row) * static_cast<std::size_t>(width_); }
 
-    template <class Pixel>
-    std::span<Pixel> Of(std::span<Pixel> pixels, const Rows& rows) const;
-    Rows Changed(std::span<const std::uint32_t> pixels) const;
-    void ConvertBand(AVFrame& frame, int row);
-    AVFrame& FreeFrame();
-
-    const Codec& codec_;
     int width_;
     int height_;
     int bandHeight_;
     std::vector<std::uint32_t> pixels_;
     /// Of one band.
     Owned<SwsContext> converter_;
-    /// All frames that were ever needed at a time. They are used again as soon as nobody else holds them.
-    std::vector<Owned<AVFrame>> frames_;
-    /// The newest of them.
-    Owned<AVFrame> newest_;
+    /// The newest one. It is copied before it changes where somebody else still holds it.
+    Owned<AVFrame> frame_;
 };
 
-/// A decoded frame as an image. Throws FfmpegError when there is no memory for it.
+/// A decoded frame as an image. Throws when there is no memory for it.
 RgbImage ToRgbImage(const AVFrame& frame);

@@ -1,11 +1,16 @@
-#include "platform/ffmpeg/QuickTimeWriter.h"
-
+#include <condition_variable>
 #include <cstdio>
+#include <deque>
 #include <exception>
+#include <mutex>
+#include <thread>
 #include <utility>
 
 #include "platform/ffmpeg/Codecs.h"
 #include "platform/ffmpeg/Encoder.h"
+#include "platform/ffmpeg/Module.h"
+#include "platform/ffmpeg/MovieFile.h"
+#include "platform/ffmpeg/PixelConversion.h"
 
 extern "C" {
 #include <libavutil/imgutils.h>
@@ -13,14 +18,12 @@ extern "C" {
 
 namespace {
 
-// Enough to keep either side busy while the other is late; a frame of 1920 x 1080 pixels has up to 12 megabytes.
-constexpr std::size_t kQueueCapacity = 4;
-
-/// Throws FfmpegError when a QuickTime file can't have such a track.
+/// Throws when a QuickTime file can't have such a track.
 void CheckTrack(int width, int height, double frameRate) {
     constexpr int kLongestSide = 0xFFFF;  // of a sample entry
+    const AVRational rate = ExactRate(frameRate);
     const bool isPossible =
-        width <= kLongestSide && height <= kLongestSide && IsUsable(ExactRate(frameRate)) &&
+        width <= kLongestSide && height <= kLongestSide && rate.num > 0 && rate.den > 0 &&
         av_image_check_size(static_cast<unsigned>(width), static_cast<unsigned>(height), 0, nullptr) >= 0;
     Check(isPossible ? 0 : AVERROR(EINVAL), "making the track");
 }
@@ -29,111 +32,138 @@ void Report(const std::filesystem::path& movie, const std::exception& failure) {
     std::fprintf(stderr, "%s: %s\n", movie.c_str(), failure.what());
 }
 
+/// Frames on their way from the thread that draws to the one that encodes. A nil frame stands for the one before it
+/// once more.
+class FrameQueue {
+  public:
+    /// Waits while the queue is full.
+    void Push(Owned<AVFrame> frame) {
+        // Enough to keep either side busy while the other is late; a frame of 1920 x 1080 has up to 12 megabytes.
+        constexpr std::size_t kCapacity = 4;
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return frames_.size() < kCapacity || isAbandoned_; });
+        if (isAbandoned_) return;
+        frames_.push_back(std::move(frame));
+        changed_.notify_one();
+    }
+
+    /// Waits while the queue is empty; nothing once `end` says that no more frames follow, or it is abandoned.
+    std::optional<Owned<AVFrame>> Pop(const std::stop_token& end) {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, end, [this] { return !frames_.empty() || isAbandoned_; });
+        if (frames_.empty()) return std::nullopt;
+        Owned<AVFrame> frame = std::move(frames_.front());
+        frames_.pop_front();
+        changed_.notify_one();
+        return frame;
+    }
+
+    /// What is in the queue and all that follows is dropped; nobody waits any more. False when it was so before.
+    bool Abandon() {
+        const std::lock_guard lock(mutex_);
+        frames_.clear();
+        changed_.notify_all();
+        return !std::exchange(isAbandoned_, true);
+    }
+    bool IsAbandoned() const {
+        const std::lock_guard lock(mutex_);
+        return isAbandoned_;
+    }
+
+  private:
+    mutable std::mutex mutex_;
+    std::condition_variable_any changed_;
+    std::deque<Owned<AVFrame>> frames_;
+    bool isAbandoned_ = false;
+};
+
+/// Encodes frames into a movie file, on a thread of its own from the first frame on. Of a movie that fails, one line on
+/// standard error names the file, the step and the reason.
+class QuickTimeWriter final : public MovieWriter {
+  public:
+    explicit QuickTimeWriter(const std::filesystem::path& path) : path_(path), file_(path) {}
+
+    ~QuickTimeWriter() override {
+        if (saveOnClose_ && frameMaker_)
+            Try([this] { StartEncoding(); });  // which makes the track of not one frame, too
+        worker_ = std::jthread();
+        if (saveOnClose_ && file_.HasTrack()) Try([this] { file_.Finish(); });
+    }
+    QuickTimeWriter(const QuickTimeWriter&) = delete;
+    QuickTimeWriter& operator=(const QuickTimeWriter&) = delete;
+
+    void SaveOnClose(bool value) noexcept override { saveOnClose_ = value; }
+
+    bool AddTrack(int width, int height, double frameRate) noexcept override {
+        if (frameMaker_) return false;
+        try {
+            CheckTrack(width, height, frameRate);
+        } catch (const std::exception& failure) {
+            Report(path_, failure);
+            return false;
+        }
+        width_ = width;
+        height_ = height;
+        Settings({.frameRate = frameRate});
+        return frameMaker_.has_value();
+    }
+
+    const CompressionSettings& Settings() const noexcept override { return settings_; }
+    void Settings(const CompressionSettings& settings) noexcept override {
+        settings_ = settings;
+        Try([this] { frameMaker_.emplace(FindCodec(settings_.codec), width_, height_); });
+    }
+
+    void Append(const PixelView& frame) noexcept override {
+        if (queue_.IsAbandoned() || frame.width != width_ || frame.height != height_) return;
+        Try([&] {
+            StartEncoding();
+            queue_.Push(frameMaker_->Convert(frame.pixels));
+        });
+    }
+
+  private:
+    /// Does a step of the work. Once one has failed, no frame is taken any more.
+    template <class Step>
+    void Try(const Step& step) noexcept {
+        try {
+            step();
+        } catch (const std::exception& failure) {
+            if (queue_.Abandon()) Report(path_, failure);
+        }
+    }
+
+    void StartEncoding() {
+        if (worker_.joinable()) return;
+        worker_ = std::jthread([this](const std::stop_token& end) { Try([&] { Encode(end); }); });
+    }
+
+    void Encode(const std::stop_token& end) {
+        Encoder encoder(settings_, width_, height_, [this](const AVPacket& packet) { file_.Write(packet); });
+        file_.AddTrack(encoder.Context(), ExactRate(settings_.frameRate));
+        while (std::optional<Owned<AVFrame>> frame = queue_.Pop(end))
+            encoder.Write(std::move(*frame));
+        encoder.Finish();
+    }
+
+    std::filesystem::path path_;
+    MovieFile file_;
+    bool saveOnClose_ = false;
+    int width_ = 0;
+    int height_ = 0;
+    CompressionSettings settings_;
+    std::optional<FrameMaker> frameMaker_;
+    FrameQueue queue_;
+    std::jthread worker_;
+};
+
 }  // namespace
 
-void FrameQueue::Push(Owned<AVFrame> frame) {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return frames_.size() < kQueueCapacity || isAbandoned_; });
-    if (isAbandoned_) return;
-    frames_.push_back(std::move(frame));
-    changed_.notify_one();
-}
-
-std::optional<Owned<AVFrame>> FrameQueue::Pop() {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return !frames_.empty() || isClosed_ || isAbandoned_; });
-    if (frames_.empty()) return std::nullopt;
-    Owned<AVFrame> frame = std::move(frames_.front());
-    frames_.pop_front();
-    changed_.notify_one();
-    return frame;
-}
-
-void FrameQueue::Close() {
-    const std::lock_guard lock(mutex_);
-    isClosed_ = true;
-    changed_.notify_all();
-}
-
-void FrameQueue::Abandon() {
-    const std::lock_guard lock(mutex_);
-    isAbandoned_ = true;
-    frames_.clear();
-    changed_.notify_all();
-}
-
-bool FrameQueue::IsAbandoned() const {
-    const std::lock_guard lock(mutex_);
-    return isAbandoned_;
-}
-
-std::shared_ptr<MovieWriter> QuickTimeWriter::Create(const std::filesystem::path& path) noexcept {
+std::shared_ptr<MovieWriter> CreateMovieWriter(const std::filesystem::path& path) {
     try {
         return std::make_shared<QuickTimeWriter>(path);
     } catch (const std::exception& failure) {
         Report(path, failure);
-        return nullptr;
+        throw;
     }
-}
-
-QuickTimeWriter::~QuickTimeWriter() {
-    queue_.Close();
-    if (worker_.joinable()) {
-        worker_.join();
-    } else if (frameMaker_ && saveOnClose_) {
-        Encode();  // not one frame, but this makes the track
-    }
-    if (saveOnClose_ && file_.HasTrack()) Try([this] { file_.Finish(); });
-}
-
-template <class Step>
-void QuickTimeWriter::Try(const Step& step) noexcept {
-    try {
-        step();
-    } catch (const std::exception& failure) {
-        queue_.Abandon();
-        if (!hasFailed_.exchange(true)) Report(path_, failure);
-    }
-}
-
-bool QuickTimeWriter::AddTrack(int width, int height, double frameRate) noexcept {
-    if (frameMaker_) return false;
-    try {
-        CheckTrack(width, height, frameRate);
-    } catch (const std::exception& failure) {
-        Report(path_, failure);
-        return false;
-    }
-    width_ = width;
-    height_ = height;
-    Settings({.frameRate = frameRate});
-    return frameMaker_.has_value();
-}
-
-void QuickTimeWriter::Settings(const CompressionSettings& settings) noexcept {
-    settings_ = settings;
-    Try([this] { frameMaker_.emplace(FindCodec(settings_.codec), width_, height_); });
-}
-
-void QuickTimeWriter::Append(const PixelView& frame) noexcept {
-    if (queue_.IsAbandoned() || frame.width != width_ || frame.height != height_) return;
-    Try([&] {
-        if (!worker_.joinable()) worker_ = std::jthread([this] { Encode(); });
-        queue_.Push(frameMaker_->Convert(frame.pixels));
-    });
-}
-
-void QuickTimeWriter::Encode() noexcept {
-    Try([this] {
-        Encoder encoder(settings_, width_, height_, [this](const AVPacket& packet) { file_.Write(packet); });
-        file_.AddTrack(encoder.Context(), ExactRate(settings_.frameRate));
-        while (const std::optional<Owned<AVFrame>> frame = queue_.Pop()) {
-            if (*frame) {
-                encoder.Write(**frame);
-            } else {
-                encoder.Repeat();
-            }
-        }
-        encoder.Finish();
-    });
 }

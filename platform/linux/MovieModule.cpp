@@ -8,23 +8,21 @@
 
 namespace {
 
-class NoMovies final : public MovieLibrary {};
-
-const MovieLibrary* Open() {
+const MovieLibrary& Open() {
     std::filesystem::path file = Application::ExecutableFile()->Path();
     file.replace_filename(MOVIE_MODULE);
     // It is never closed: some of its libraries don't bear that.
     void* const module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* const entry = module ? dlsym(module, "MovieLibraryOfModule") : nullptr;
-    if (entry) return reinterpret_cast<decltype(&MovieLibraryOfModule)>(entry)();
+    if (entry) return *reinterpret_cast<decltype(&MovieLibraryOfModule)>(entry)();
     std::fprintf(stderr, "There are no movies: %s\n", dlerror());
-    return nullptr;
+    static const MovieLibrary none;
+    return none;
 }
 
 }  // namespace
 
 const MovieLibrary& MovieLibrary::Installed() {
-    static const NoMovies none;
-    static const MovieLibrary* const opened = Open();
-    return opened ? *opened : none;
+    static const MovieLibrary& opened = Open();
+    return opened;
 }

@@ -11,7 +11,6 @@
 #include <thread>
 #include <vector>
 
-#include "platform/CompressionSettings.h"
 #include "platform/EditableMovie.h"
 #include "platform/FolderItem.h"
 #include "platform/Graphics.h"

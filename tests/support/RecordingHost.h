@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/Color.h"
-#include "platform/CompressionSettings.h"
+#include "platform/MovieLibrary.h"
 #include "platform/EditableMovie.h"
 #include "platform/Host.h"
 

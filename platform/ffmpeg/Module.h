@@ -1,13 +1,10 @@
 #pragma once
 
-#include <optional>
-#include <span>
-#include <stop_token>
-
 #include "platform/MovieLibrary.h"
 
-// As MovieLibrary has them.
+// What the module gives out: the operations of MovieLibrary, but that what fails throws.
 
+std::shared_ptr<MovieWriter> CreateMovieWriter(const std::filesystem::path& path);
 SizeSupport SupportOf(MovieCodec codec, int width, int height);
 std::optional<RgbImage> EncodePreview(const CompressionSettings& settings, const PixelView& image,
                                       const std::stop_token& stop);
