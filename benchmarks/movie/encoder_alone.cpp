@@ -90,6 +90,7 @@ double RunEncoder(const MovieJob& job, EncoderInput input) {
     Stopwatch& conversion = input == EncoderInput::Pictures ? stopwatch : untimed;
     Painter painter(job);
     Converter converter(job);
+    av_log_set_level(AV_LOG_QUIET);
     std::unique_ptr<MovieFile> file;
     std::unique_ptr<Encoder> encoder;
     stopwatch.Time([&] {
@@ -103,8 +104,8 @@ double RunEncoder(const MovieJob& job, EncoderInput input) {
         Frames frames;
         conversion.Time([&] { frames = converter.Convert(pictures); });
         stopwatch.Time([&] {
-            for (const Owned<AVFrame>& frame : frames) {
-                encoder->Write(*frame);
+            for (Owned<AVFrame>& frame : frames) {
+                encoder->Write(std::move(frame));
             }
         });
     }
