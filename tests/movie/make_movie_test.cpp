@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QtCore/QElapsedTimer>
+#include <QtTest/QTest>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QPushButton>
@@ -9,6 +10,7 @@
 #include <filesystem>
 
 #include "movie/FileTypes.h"
+#include "movie/FrameSequence.h"
 #include "movie/winMakeMovie.h"
 #include "platform/Application.h"
 #include "platform/Controls.h"
@@ -27,6 +29,19 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+
+TEST(FrameSequenceTest, GoesFromTheFullTimeToZeroAndIsHeldAtTheFullClock) {
+    const std::pair<FrameSequence, std::vector<Int32>> rows[] = {
+        {{4, 2}, {4, 3, 3, 2, 2, 1, 1, 0, 0}}, {{7, 0.3}, {10, 6, 3, 0}}, {{0, 29.97}, {0}}, {{-1, 1}, {}}};
+    for (const auto& [frames, seconds] : rows) {
+        std::vector<Int32> shown;
+        for (Int32 i = frames.Count(); i >= 0; --i)
+            shown.push_back(frames.Seconds(i));
+        EXPECT_EQ(shown, seconds);
+    }
+    EXPECT_EQ(FrameSequence(3600, 0.07).Seconds(253), 3600);
+    EXPECT_EQ(FrameSequence(100, 1.1).Seconds(33), 29) << "29.999999999999996 is cut as it falls";
+}
 
 class MakeMovieTest : public TimerWindowTest {
   protected:
@@ -92,32 +107,22 @@ TEST_F(MakeMovieTest, WithoutTheModuleForThemThereAreNoMovies) {
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(MakeMovieTest, EstimatesTheSizeFromTheFieldsAsTheyStand) {
+TEST_F(MakeMovieTest, TheFieldsAreJudgedAndRaisedAndTheSizeFollowsThemAsTheyStand) {
     const auto size = [] { return Dialog().Find<StaticText>("lSize").Text(); };
+    Dialog().ShowWithin(Timer(), -1);
     EXPECT_EQ(size(), "Uncompressed movie file size: 791.0MB");
+    auto& start = WidgetNamed<QLineEdit>("eStart");
+    start.clear();
+    QTest::keyClicks(&start, "3-6,0a1");
+    EXPECT_EQ(start.text(), "360");
+    QTest::keyClicks(&start, "0");
+    Set("3600", "30 a second", false, false);
     Field("eSizeX").Text("1920");
     Field("eSizeY").Text("1080");
-    Field("eFrameRate").Text("30 a second");
     EXPECT_EQ(size(), "Uncompressed movie file size: 640,722.7MB");
     Field("eStart").Text("");
     EXPECT_EQ(size(), "Uncompressed movie file size: 0.0MB");
-}
 
-TEST_F(MakeMovieTest, JudgesADigitAtTheEndOfTheStartTime) {
-    struct Row {
-        const char* text;
-        const char* key;
-        bool isSwallowed;
-    };
-    for (const auto& [text, key, isSwallowed] :
-         {Row{"360", "0", false}, {"360", "1", true}, {"12", "a", true}, {"12", "\r", false}, {"-5", "1", true}}) {
-        Field("eStart").Text(text);
-        EXPECT_EQ(Dialog().eStart_KeyDown(key), isSwallowed) << text << key;
-        EXPECT_EQ(Field("eStart").Text(), text);
-    }
-}
-
-TEST_F(MakeMovieTest, RaisesWhatIsTooLowAndShowsIt) {
     host.fileToSave.clear();
     struct Row {
         const char* name;
@@ -127,7 +132,6 @@ TEST_F(MakeMovieTest, RaisesWhatIsTooLowAndShowsIt) {
     for (const auto& [name, entered, shown] : {Row{"eSizeX", "31", "32"},
                                                {"eSizeY", "320.9", "320"},
                                                {"eFrameRate", "0", "0.016666666666666"},
-                                               {"eFrameRate", "29.97", "29.97"},
                                                {"eScale", "abc", "1"},
                                                {"eScale", "33.5", "34"}}) {
         Field(name).Text(entered);
@@ -137,18 +141,26 @@ TEST_F(MakeMovieTest, RaisesWhatIsTooLowAndShowsIt) {
     EXPECT_TRUE(IsIdle());
 }
 
-TEST_F(MakeMovieTest, MakesOneMovieAfterTheOther) {
-    Set("2", "10", false, true);
-    ASSERT_TRUE(RunsToItsEnd());
-    EXPECT_THAT(host.calls, Contains(HasSubstr("SaveFile video/quicktime (*.moov *.mov *.qt *.mqv), ")));
-    EXPECT_THAT(host.calls, Contains("Launch " + host.fileToSave.string()));
-    EXPECT_EQ(FrameCount(), 21);
-    const std::string first = LoadText(host.fileToSave);
-    Set("2", "10", false, false);
-    host.calls.clear();
-    ASSERT_TRUE(RunsToItsEnd());
-    EXPECT_THAT(host.calls, Not(Contains(HasSubstr("Launch"))));
-    EXPECT_EQ(LoadText(host.fileToSave), first);
+TEST_F(MakeMovieTest, FramesAreTheClockFromTheFullTimeToTimeIsUpInOneMovieAfterTheOther) {
+    Timer().Color_Clock_Wedge = RGB(0, 0, 255);
+    std::string frames;
+    for (const auto& [seconds, showTimeUp] :
+         {std::pair{2, false}, {1, false}, {1, false}, {0, false}, {0, false}, {0, true}}) {
+        const Ref<Picture> picture = NewPicture(48, 33, 32);
+        Timer().Redraw(picture->Graphics(), seconds, 0.6, true, showTimeUp);
+        for (const std::uint32_t pixel : picture->Bits())
+            frames += {char(pixel >> 16), char(pixel >> 8), char(pixel)};
+    }
+    for (const bool isOpened : {true, false}) {
+        host.calls.clear();
+        Set("2", "2.5", false, isOpened);
+        Field("eScale").Text("60");
+        ASSERT_TRUE(RunsToItsEnd());
+        EXPECT_THAT(host.calls, Contains(HasSubstr("SaveFile video/quicktime (*.moov *.mov *.qt *.mqv), ")));
+        EXPECT_THAT(host.calls, Contains("Launch " + host.fileToSave.string()).Times(isOpened));
+        EXPECT_EQ(FrameCount(), 6);
+        EXPECT_NE(LoadText(host.fileToSave).find(frames), std::string::npos);
+    }
     EXPECT_THAT(host.calls, Contains(HasSubstr(host.fileToSave.parent_path() / "Dwindledial.mov")));
 }
 
@@ -172,11 +184,11 @@ TEST_F(MakeMovieTest, TheEstimateIsWithinAQuarterOfTheMovie) {
 }
 
 TEST(CompressionDialogTest, EachCodecIsChosenAndConfirmedOnlyWhereItMakesTheSize) {
-    CompressionDialog dialog(nullptr, NewPicture(9000, 65, 32), {}, {.codec = MovieCodec::H264});
+    CompressionDialog dialog(nullptr, NewPicture(9000, 65, 32), {}, {MovieCodec::H264, 30, 12});
     auto& menu = *dialog.findChild<QComboBox*>();
     const auto& ok = *dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
     for (const CodecChoice& choice : MovieLibrary::Installed().Codecs()) {
-        EXPECT_EQ(dialog.Settings().codec, choice.codec);
+        EXPECT_EQ(dialog.Settings(), (CompressionSettings{choice.codec, 30, 12})) << choice.name;
         EXPECT_EQ(dialog.findChild<QSlider*>()->isEnabled(), choice.hasQuality) << choice.name;
         EXPECT_EQ(ok.isEnabled(), choice.codec != MovieCodec::Mpeg4) << choice.name;
         const bool isRare = choice.codec == MovieCodec::H264 || choice.codec == MovieCodec::H265;
@@ -190,51 +202,32 @@ TEST_F(MakeMovieTest, CancelStopsTheJobAndThenClosesTheDialog) {
     ASSERT_TRUE(IsUnderWay());
     EXPECT_FALSE(Dialog().Find<GroupBox>("GroupBox1").Enabled());
     host.calls.clear();
-    Dialog().bStart_Action();
-    EXPECT_THAT(host.calls, IsEmpty()) << "one press too many";
+    Dialog().bStart_Action();  // one press too many
     Dialog().bCancel_Action();
     ASSERT_TRUE(IsOpen());
     ASSERT_TRUE(Eventually(IsIdle));
-    EXPECT_THAT(host.calls, Not(Contains(HasSubstr("Launch"))));
+    EXPECT_THAT(host.calls, IsEmpty()) << "no second job, and the movie isn't opened";
     EXPECT_GT(FrameCount(), 20);
     EXPECT_LT(FrameCount(), 108'001);
     Dialog().bCancel_Action();
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(MakeMovieTest, FramesAreTheClockFromTheFullTimeToTimeIsUp) {
-    Set("2", "2.5", false, false);
-    Field("eScale").Text("60");
-    Timer().Color_Clock_Wedge = RGB(0, 0, 255);
-    ASSERT_TRUE(RunsToItsEnd());
-    std::string expected;
-    for (const auto& [seconds, showTimeUp] :
-         {std::pair{2, false}, {1, false}, {1, false}, {0, false}, {0, false}, {0, true}}) {
-        const Ref<Picture> picture = NewPicture(48, 33, 32);
-        Timer().Redraw(picture->Graphics(), seconds, 0.6, true, showTimeUp);
-        for (const std::uint32_t pixel : picture->Bits())
-            expected += {char(pixel >> 16), char(pixel >> 8), char(pixel)};
-    }
-    EXPECT_NE(LoadText(host.fileToSave).find(expected), std::string::npos);
-}
-
 TEST_F(MakeMovieTest, WhatFailsBeforeTheJobLeavesNothingBehind) {
-    const auto start = [](const char* width) {
+    const auto exists = [this](const char* width) {
         Set("4", "1", true, true);
         Field("eSizeX").Text(width);
         Dialog().bStart_Action();
         EXPECT_TRUE(IsIdle());
+        return std::filesystem::exists(host.fileToSave);
     };
-    start("70000");  // more than a track can have
-    EXPECT_FALSE(std::filesystem::exists(host.fileToSave));
+    EXPECT_FALSE(exists("70000")) << "more than a track can have";
     host.isCompressionConfirmed = false;
-    start("48");
-    EXPECT_FALSE(std::filesystem::exists(host.fileToSave));
-    for (const char* name : {"no such folder/clock.mov", ""}) {
-        host.fileToSave = host.preferencesFolder / name;
-        start("48");
-        EXPECT_EQ(std::filesystem::exists(host.fileToSave), *name == '\0') << "a folder is left alone";
-    }
+    EXPECT_FALSE(exists("48"));
+    host.fileToSave = host.preferencesFolder / "no such folder/clock.mov";
+    EXPECT_FALSE(exists("48"));
+    host.fileToSave = host.preferencesFolder;
+    EXPECT_TRUE(exists("48")) << "a folder is left alone";
     EXPECT_THAT(host.calls, Not(Contains(HasSubstr("no such folder")))) << "it is no place to begin the next time";
     EXPECT_THAT(host.messages, IsEmpty());
 }
@@ -270,7 +263,7 @@ TEST_F(MakeMovieTest, TheEndOfTheProgramEndsTheJobAndKeepsTheMovie) {
 }
 
 TEST_F(MakeMovieTest, NoJobBeginsOnceTheProgramEnds) {
-    Set("3600", "30", false, false);
+    Dialog();
     Quit(0);
     Dialog().bStart_Action();
     EXPECT_EQ(Dialog().Find<Thread>("thr").State(), Thread::States::NotRunning);
