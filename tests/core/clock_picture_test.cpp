@@ -3,7 +3,6 @@
 #include <numbers>
 #include <vector>
 
-#include "platform/qt/drawing/GraphicsPeer.h"
 #include "platform/qt/drawing/Pixels.h"
 #include "shell/resources.h"
 #include "tests/support/TimerWindowTest.h"
@@ -29,12 +28,10 @@ class ClockPictureTest : public TimerWindowTest, public testing::WithParamInterf
         Timer().Color_Clock_Frame = kFrame;
     }
 
-    Ref<Graphics> OnSurface() {
-        return MakeRef<Graphics>(std::make_unique<Graphics::Peer>(pixels_.View(), pixels_.LogicalSize()));
-    }
-    std::vector<QRgb> Seen() const { return {pixels_.Bits().begin(), pixels_.Bits().end()}; }
-    std::vector<QRgb> Draw(Int32 seconds, bool hideIcon = true, bool showTimeUp = false) {
-        Timer().Redraw(OnSurface(), seconds, 0.95, hideIcon, showTimeUp);
+    /// A copy that shares nothing with the picture.
+    QImage Seen() const { return Composed(*picture).copy(); }
+    QImage Draw(Int32 seconds, bool showTimeUp = false) const {
+        Timer().Redraw(picture->Graphics(), seconds, 0.95, true, showTimeUp);
         return Seen();
     }
 
@@ -58,9 +55,7 @@ class ClockPictureTest : public TimerWindowTest, public testing::WithParamInterf
         return std::ranges::min({kBackground, kFace, kWedge, kFrame}, {}, distance);
     }
     Color At(QPointF point) const {
-        const QPoint pixel = (point * surface.ratio - QPointF(0.5, 0.5)).toPoint();
-        return Nearest(
-            pixels_.Bits()[static_cast<std::size_t>(pixel.y()) * row_ + static_cast<std::size_t>(pixel.x())]);
+        return Nearest(Composed(*picture).pixel((point * surface.ratio - QPointF(0.5, 0.5)).toPoint()));
     }
     Color At(double minute, double radius) const { return At(Point(minute, radius)); }
     /// Whether the frame's colour shows there or up to a pixel before: marks begin at whole pixels, fractions dropped.
@@ -68,22 +63,21 @@ class ClockPictureTest : public TimerWindowTest, public testing::WithParamInterf
         const QPointF there = Point(minute, radius);
         return At(there) == kFrame || At(there - QPointF(0.5, 0.5)) == kFrame || At(there - QPointF(1, 1)) == kFrame;
     }
-
-    static QRgb Opaque(Color color) { return qRgb(color.Red(), color.Green(), color.Blue()); }
-    auto Count(Color color) const { return std::ranges::count(pixels_.Bits(), Opaque(color)); }
+    auto Count(Color color) const {
+        return std::ranges::count(picture->Bits(), 0xFF000000U | static_cast<std::uint32_t>(color.value));
+    }
 
     const Surface surface = GetParam();
-    Picture::Pixels pixels_{QSize(surface.width, surface.height), surface.ratio};
-    const std::size_t row_ = static_cast<std::size_t>(pixels_.View().width());
+    const Ref<Picture> picture = NewPicture(surface.width, surface.height, 32, surface.ratio);
 };
 
 TEST_P(ClockPictureTest, FaceAndWedgeMeetAtTheTimeAndAtTwelve) {
     for (const auto& [seconds, minutes] : {std::pair(900, 15.0), {1500, 25.0}, {3599, 59.99}, {3630, 60.0}}) {
-        SCOPED_TRACE(seconds);
         Draw(seconds);
         for (double minute = 0.5; minute < 60; ++minute)  // between the marks
-            EXPECT_EQ(At(minute, 0.7), minute > 60 - minutes ? kWedge : kFace) << minute;
+            EXPECT_EQ(At(minute, 0.7), minute > 60 - minutes ? kWedge : kFace) << seconds << " at " << minute;
     }
+    EXPECT_EQ(Count(kFace), 0);
     Draw(1);
     const auto faceWithSliver = Count(kFace);
     Draw(0);
@@ -92,10 +86,9 @@ TEST_P(ClockPictureTest, FaceAndWedgeMeetAtTheTimeAndAtTwelve) {
 }
 
 TEST_P(ClockPictureTest, RingAndMarksLieOverTheWedgeAndTheBackgroundReachesEachCorner) {
-    const auto bits = Draw(3600);
-    EXPECT_EQ(Count(kFace), 0);
-    for (const QRgb corner : {bits.front(), bits[row_ - 1], bits[bits.size() - row_], bits.back()})
-        EXPECT_EQ(corner, Opaque(kBackground));
+    const QRect all = Draw(3600).rect();
+    for (const QPoint corner : {all.topLeft(), all.topRight(), all.bottomLeft(), all.bottomRight()})
+        EXPECT_EQ(Nearest(Seen().pixel(corner)), kBackground);
     if (IsTiny()) return;  // lines of a pixel and less have no colour of their own
     const double edge = 1.5 / Radius(), end = 3 / Radius();
     for (int minute = 0; minute < 60; ++minute) {
@@ -109,26 +102,26 @@ TEST_P(ClockPictureTest, RingAndMarksLieOverTheWedgeAndTheBackgroundReachesEachC
         EXPECT_EQ(HasMark(minute, 0.8 + end), minute % 5 == 0);
         EXPECT_FALSE(HasMark(minute, 0.8 - end));
     }
+    const auto frame = static_cast<double>(std::ranges::count(picture->Bits(), kFrame, Nearest));
     // The ring, and what of the marks lies within it: 12 that are 0.04 wide, 48 of half of that.
-    const auto frame = static_cast<double>(std::ranges::count(bits, kFrame, Nearest));
     EXPECT_NEAR(frame / std::pow(Radius() * surface.ratio, 2),
                 std::numbers::pi * 0.12 + 12 * 0.04 * 0.17 + 48 * 0.02 * 0.07, 0.01 + 5 / (Radius() * surface.ratio));
 }
 
 TEST_P(ClockPictureTest, TheAlertTextIsCentredWithinTheFace) {
-    const auto without = Draw(0);
+    const QImage without = Draw(0);
     const auto frame = Count(kFrame);
-    const auto with = Draw(0, true, true);
+    const QImage with = Draw(0, true);
     QRect changed;
-    for (std::size_t i = 0; i < without.size(); ++i) {
-        if (with[i] != without[i]) changed |= QRect(static_cast<int>(i % row_), static_cast<int>(i / row_), 1, 1);
+    for (int y = 0; y < with.height(); ++y) {
+        for (int x = 0; x < with.width(); ++x)
+            if (with.pixel(x, y) != without.pixel(x, y)) changed |= QRect(x, y, 1, 1);
     }
     EXPECT_NEAR(changed.center().x() / surface.ratio, surface.width / 2.0, 0.02 * Radius() + 2);
     EXPECT_NEAR(changed.center().y() / surface.ratio, surface.height / 2.0, 0.1 * Radius() + 2);
-    // The smallest text is 8 pixels high and too wide for a tiny clock.
-    if (IsTiny()) return;
-    EXPECT_GT(Count(kFrame), frame);
+    if (IsTiny()) return;  // the smallest text is 8 pixels high and too wide
     EXPECT_NEAR(changed.width() / surface.ratio, 1.6 * Radius(), 0.12 * Radius() + 2);
+    EXPECT_GT(Count(kFrame), frame);
 }
 
 TEST_P(ClockPictureTest, TheWindowShowsItsTimeWithTheIconOfItsState) {
@@ -137,10 +130,10 @@ TEST_P(ClockPictureTest, TheWindowShowsItsTimeWithTheIconOfItsState) {
     for (auto* const icon : {Pause_Icon, Run_Icon, Alert_Icon}) {
         Timer().IsRunning = icon == Run_Icon;
         Timer().IsDone = icon == Alert_Icon;
-        Draw(1000, true, Timer().IsDone);
-        OnSurface()->DrawPicture(icon(), 10, 10, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
-        const auto expected = Seen();
-        Timer().cvTime_Paint(OnSurface());
+        Draw(1000, Timer().IsDone);
+        picture->Graphics()->DrawPicture(icon(), 10, 10, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+        const QImage expected = Seen();
+        Timer().cvTime_Paint(picture->Graphics());
         EXPECT_EQ(Seen(), expected);
     }
 }

@@ -1,18 +1,16 @@
 #include <gmock/gmock.h>
 #include <malloc.h>
 
+#include <QtGui/QAccessible>
 #include <QtWidgets/QMenuBar>
 #include <string>
 
-#include "platform/Canvas.h"
 #include "platform/Text.h"
-#include "platform/Timer.h"
 #include "tests/support/TimerWindowTest.h"
 
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class TimerTest : public TimerWindowTest {
   protected:
@@ -22,17 +20,14 @@ class TimerTest : public TimerWindowTest {
         host.calls.clear();
     }
 
-    static void ExpectState(bool isRunning, bool isDone, Int32 seconds, const std::string& words) {
+    static QWidget& Clock() { return WidgetNamed("cvTime"); }
+    static QAccessibleInterface& Accessible() { return *QAccessible::queryAccessibleInterface(&Clock()); }
+
+    static void ExpectState(bool isRunning, bool isDone, const std::string& words) {
         EXPECT_EQ(Timer().IsRunning, isRunning);
         EXPECT_EQ(Timer().IsDone, isDone);
-        EXPECT_EQ(Timer().CurrentSeconds, seconds);
-        EXPECT_EQ(Timer().InWords(), words);
-        EXPECT_EQ(Named("TimerDone").Mode(), isDone ? Timer::Modes::Repeat : Timer::Modes::Off);
-        EXPECT_EQ(Named("TimerRun").Mode(), Timer::Modes::Repeat);
+        EXPECT_EQ(Accessible().text(QAccessible::Description).toStdString(), words);
     }
-    static ::Timer& Named(const char* name) { return Timer().Find<::Timer>(name); }
-    static QWidget& Clock() { return WidgetNamed("cvTime"); }
-
     /// Whether an act starts or stops the count.
     template <class Act>
     static bool Toggles(const Act& act) {
@@ -42,84 +37,58 @@ class TimerTest : public TimerWindowTest {
     }
 };
 
-TEST_F(TimerTest, BeginsEmptyAndThenRefusesToStart) {
-    EXPECT_EQ(Named("TimerRun").Period(), 250);
-    EXPECT_EQ(Named("TimerDone").Period(), 1000);
-    Timer().ToggleTimer();
-    TickAfter(2);
-    ExpectState(false, false, 0, "Stopped, no time left");
-    EXPECT_THAT(host.calls, IsEmpty());
-}
-
 TEST_F(TimerTest, GoesThroughItsStatesAndHoldsOffTheScreenSaverDuringTheRunAlone) {
+    Timer().ToggleTimer();
+    ExpectState(false, false, "Stopped, no time left");
     StartFrom(62);
-    ExpectState(true, false, 62, "Running, 1 minute 2 seconds left");
+    ExpectState(true, false, "Running, 1 minute 2 seconds left");
     TickAfter(61);
-    ExpectState(true, false, 1, "Running, 1 second left");
     Timer().ToggleTimer();
+    ExpectState(false, false, "Stopped, 1 second left");
     TickAfter(100);
-    ExpectState(false, false, 1, "Stopped, 1 second left");
-    Timer().ToggleTimer();
+    Accessible().actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCoreApplication::processEvents();
+    ExpectState(true, false, "Running, 1 second left");
     TickAfter(1);
-    ExpectState(false, true, 0, "Time is Up!");
-    TickAfter(0.25);
-    Timer().TimerDone_Action();
-    Timer().TimerDone_Action();
+    ExpectState(false, true, "Time is Up!");
+    EXPECT_THAT(host.calls, ElementsAre("InhibitScreenSaver", "DelayScreenSaver", "ReleaseScreenSaver",
+                                        "InhibitScreenSaver", "DelayScreenSaver", "ReleaseScreenSaver"));
+    host.calls.clear();
+    ASSERT_TRUE(Eventually([this] { return !host.calls.empty(); }));
     Timer().ToggleTimer();
-    ExpectState(false, false, 0, "Stopped, no time left");
+    ExpectState(false, false, "Stopped, no time left");
     Timer().ToggleTimer();
-    ExpectState(false, false, 0, "Stopped, no time left");
-    EXPECT_THAT(host.calls,
-                ElementsAre("InhibitScreenSaver", "DelayScreenSaver", "ReleaseScreenSaver", "InhibitScreenSaver",
-                            "DelayScreenSaver", "ReleaseScreenSaver", "Beep", "Beep"));
+    ExpectState(false, false, "Stopped, no time left");
+    EXPECT_THAT(host.calls, ElementsAre("Beep"));
 }
 
 TEST_F(TimerTest, DropsFractionsAndShowsTheTrueTimeAtALateTick) {
     StartFrom(10);
     TickAfter(0.9999);
     EXPECT_EQ(Timer().CurrentSeconds, 10);
-    TickAfter(0.000'099'25);  // 999,999.25 microseconds after a start that was cut to the whole microsecond below
-    EXPECT_EQ(Timer().CurrentSeconds, 9);
+    host.microseconds += 99.25;  // 999,999.25 after a start that was cut to the whole microsecond below
+    EXPECT_TRUE(Eventually([] { return Timer().CurrentSeconds == 9; })) << "it ticks by itself";
     TickAfter(1e9);  // a machine that slept
-    ExpectState(false, true, 0, "Time is Up!");
-}
-
-TEST_F(TimerTest, EachChangeIsPainted) {
-    Named("TimerRun").Period(1'000'000);  // no tick but those that come here
-    int paints = 0;
-    Timer().Find<Canvas>("cvTime").Paint = [&paints](const Ref<Graphics>&) { ++paints; };
-    const std::function<void()> changes[] = {
-        [] { StartFrom(120); }, [this] { TickAfter(1); },  [] { Timer().Stop(); },         [this] { TickAfter(1); },
-        [] { Timer().Done(); }, [] { Timer().Dismiss(); }, [] { Timer().Event_Resized(); }};
-    for (const auto& change : changes) {
-        QCoreApplication::processEvents();
-        paints = 0;
-        change();
-        QCoreApplication::processEvents();
-        EXPECT_GT(paints, 0) << &change - changes;
-    }
+    EXPECT_TRUE(Timer().IsDone && Timer().CurrentSeconds == 0);
 }
 
 TEST_F(TimerTest, KeysAndClicksOnTheIconAreTheTimersCommand) {
     Timer().CurrentSeconds = 60;
     for (const auto& [code, isCommand] : {std::pair(13, true), {3, true}, {32, true}, {27, false}, {'r', false}})
         EXPECT_EQ(Toggles([&] { EXPECT_EQ(Timer().Event_KeyDown(Chr(code)), isCommand); }), isCommand) << code;
-    const QPoint inside[] = {{10, 10}, {26, 26}}, outside[] = {{9, 26}, {10, 9}, {27, 26}, {26, 27}};
-    const auto expectCommand = [&](const QPoint& at, bool isIcon) {
-        SCOPED_TRACE(testing::Message() << at.x() << ", " << at.y());
-        Mouse(QEvent::MouseMove, Clock(), at, Qt::NoButton);
+    for (const auto& [x, y, isIcon] :
+         {std::tuple(10, 10, true), {26, 26, true}, {9, 26, false}, {10, 9, false}, {27, 26, false}, {26, 27, false}}) {
+        SCOPED_TRACE(testing::Message() << x << ", " << y);
+        Mouse(QEvent::MouseMove, Clock(), QPoint(x, y), Qt::NoButton);
         EXPECT_EQ(Clock().cursor().shape(), isIcon ? Qt::PointingHandCursor : Qt::ArrowCursor);
-        EXPECT_EQ(Toggles([&] { Mouse(QEvent::MouseButtonPress, Clock(), at); }), isIcon);
-    };
-    for (const QPoint& at : inside)
-        expectCommand(at, true);
-    for (const QPoint& at : outside)
-        expectCommand(at, false);
+        EXPECT_EQ(Toggles([&] { Mouse(QEvent::MouseButtonPress, Clock(), QPoint(x, y)); }), isIcon);
+    }
 }
 
 TEST_F(TimerTest, FullscreenShowsTheMenuBarAtTheTopAndGivesTheFrameBack) {
     const auto frame = [] { return QRect(Timer().Left(), Timer().Top(), Timer().Width(), Timer().Height()); };
-    QMenuBar& bar = *Clock().window()->findChild<QMenuBar*>();
+    QWidget& window = *Clock().window();
+    QMenuBar& bar = *window.findChild<QMenuBar*>();
     const auto hasBarAt = [&bar](Int32 y) { return Timer().Event_MouseMove(0, y), bar.isVisible(); };
     EXPECT_EQ(frame().size(), QSize(441, 229));
     EXPECT_TRUE(hasBarAt(11));
@@ -130,7 +99,7 @@ TEST_F(TimerTest, FullscreenShowsTheMenuBarAtTheTopAndGivesTheFrameBack) {
     const QRect before = frame();
     Timer()._ViewToggleFullscreen_Action();
     EXPECT_TRUE(Timer().FullScreen() && !bar.isVisible());
-    EXPECT_EQ(Clock().size(), Clock().window()->size());
+    EXPECT_EQ(Clock().size(), window.size());
     EXPECT_TRUE(hasBarAt(10));
     EXPECT_FALSE(hasBarAt(11));
     Timer()._ViewToggleFullscreen_Action();
@@ -138,11 +107,12 @@ TEST_F(TimerTest, FullscreenShowsTheMenuBarAtTheTopAndGivesTheFrameBack) {
     EXPECT_EQ(frame(), before);
     EXPECT_EQ(Clock().size(), QSize(500, 300));
     EXPECT_TRUE(bar.isVisible());
+    Timer()._ViewToggleFullscreen_Action();
+    window.setWindowState(Qt::WindowNoState);
+    EXPECT_TRUE(window.isFullScreen()) << "asked for again: that was the answer to something before";
 }
 
 TEST_F(TimerTest, AnHourOfTicksLeavesNothingBehind) {
-    for (const char* timer : {"TimerRun", "TimerDone"})
-        Named(timer).Period(1'000'000);
     const auto bytesAfterAnHour = [this] {
         StartFrom(3600);
         for (int tick = 1; !Timer().IsDone; ++tick) {
