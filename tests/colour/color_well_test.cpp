@@ -22,9 +22,9 @@ struct WellProbe final : Window {
     static WellProbe& Instance() { return ImplicitInstance<WellProbe>("WellProbe.WellProbe"); }
     void CreateControls() override {
         AddControl<GroupBox>("group", 0, 0, 100, 100, 0);
-        auto& well = AddControl<SmartColorWell>("well", 10, 20, 32, 32, 1);
-        well.InitialParent("group");
-        well.ColorSelected = kColor;
+        auto& inGroup = AddControl<SmartColorWell>("well", 10, 20, 32, 32, 1);
+        inGroup.InitialParent("group");
+        inGroup.ColorSelected = kColor;
         AddControl<SmartColorWell>("flat", 110, 10, 60, 19, 2);
         AddControl<SmartColorWell>("negative", 150, 40, 32, 32, 4).Margin = -1;
     }
@@ -42,11 +42,11 @@ class ColorWellTest : public testing::Test {
     ~ColorWellTest() override { End(window); }
 
     // Unlike what tests send otherwise, this changes the keys that are known to be held.
-    void PressAt(int x, int y, Qt::KeyboardModifiers held = Qt::NoModifier) {
-        QTest::mousePress(&widget, Qt::LeftButton, held, {x, y});
+    void PressAt(QPoint at, Qt::KeyboardModifiers held = Qt::NoModifier) {
+        QTest::mousePress(&widget, Qt::LeftButton, held, at);
     }
-    void MoveTo(double x, double y) { Mouse(QEvent::MouseMove, widget, {x, y}, Qt::NoButton, Qt::LeftButton); }
-    void ReleaseAt(double x, double y) { Mouse(QEvent::MouseButtonRelease, widget, {x, y}); }
+    void MoveTo(QPointF at) { Mouse(QEvent::MouseMove, widget, at, Qt::NoButton, Qt::LeftButton); }
+    void ReleaseAt(QPointF at) { Mouse(QEvent::MouseButtonRelease, widget, at); }
 
     std::string Drop(const QString& text) {
         QMimeData data;
@@ -92,16 +92,13 @@ void ExpectLook(QWidget& widget, Look look) {
     }
 }
 
-TEST_F(ColorWellTest, LooksRaisedPressedAndDimmed) {
-    const auto margin = [this](const char* name) { return window.Find<SmartColorWell>(name).Margin; };
-    EXPECT_TRUE(margin("flat") == 2 && margin("negative") == 0);
-    ExpectLook(widget, Look::Raised);
-    window.Find<GroupBox>("group").Enabled(false);
+TEST_F(ColorWellTest, FadesWhenItCantBeUsedAndNotWhileAColourIsPicked) {
+    EXPECT_EQ(window.Find<SmartColorWell>("flat").Margin, 2);
+    EXPECT_EQ(window.Find<SmartColorWell>("negative").Margin, 0);
+    auto& group = window.Find<GroupBox>("group");
+    group.Enabled(false);
     ExpectLook(widget, Look::PaleAroundSwatch);
-    well.AlsoDimColor = true;
-    ExpectLook(widget, Look::Pale);
-    well.AlsoDimColor = false;
-    window.Find<GroupBox>("group").Enabled(true);
+    group.Enabled(true);
     QWidget other;
     other.show();
     other.activateWindow();
@@ -113,41 +110,49 @@ TEST_F(ColorWellTest, LooksRaisedPressedAndDimmed) {
 }
 
 TEST_F(ColorWellTest, ThePressedLookFollowsThePointerAndAReleaseInsidePicks) {
-    PressAt(16, 16);
-    ExpectLook(widget, Look::Pressed);
-    MoveTo(32, 16);
     ExpectLook(widget, Look::Raised);
-    MoveTo(0, 0);
+    PressAt({16, 16});
     ExpectLook(widget, Look::Pressed);
-    MoveTo(0, -0.1);
+    MoveTo({32, 16});
     ExpectLook(widget, Look::Raised);
-    ReleaseAt(0, -0.1);
+    MoveTo({0, 0});
+    ExpectLook(widget, Look::Pressed);
+    MoveTo({0, -0.1});
+    ExpectLook(widget, Look::Raised);
+    ReleaseAt({0, -0.1});
     EXPECT_THAT(host.calls, testing::IsEmpty());
-    PressAt(16, 16);
-    ReleaseAt(31, 31);
+    PressAt({16, 16});
+    ReleaseAt({31, 31});
     EXPECT_THAT(host.calls, ElementsAre(kPicked));
     EXPECT_EQ(ups, 2);
 }
 
 TEST_F(ColorWellTest, APressOnTheSwatchWithAKeyHeldDragsTheColour) {
-    const auto pressAndMove = [this](int from, int by, Qt::KeyboardModifiers held) {
-        host.calls.clear();
-        PressAt(from, from, held);
-        MoveTo(from + 2, from + by);
-        ReleaseAt(from, from);  // when it was dragged, that press is over already
-        return host.calls.back();
+    const struct {
+        QPoint from, by;
+        Qt::KeyboardModifiers held;
+        bool isDragged;
+    } rows[] = {
+        {{16, 16}, {0, 9}, Qt::NoModifier, false},       {{16, 16}, {0, 9}, Qt::AltModifier, true},
+        {{16, 16}, {0, -4}, Qt::ShiftModifier, true},    {{16, 16}, {4, 0}, Qt::ControlModifier, true},
+        {{16, 16}, {3, -3}, Qt::ControlModifier, false}, {{4, 4}, {9, 9}, Qt::AltModifier, false},
+        {{27, 27}, {0, -9}, Qt::AltModifier, true},  // the swatch counts a pixel more
     };
-    const std::string dragged = "DragText #3C96C8";
-    EXPECT_EQ(pressAndMove(16, 9, Qt::NoModifier), kPicked);
-    EXPECT_EQ(pressAndMove(16, 9, Qt::AltModifier), dragged);
-    EXPECT_EQ(pressAndMove(16, -4, Qt::ControlModifier), dragged);
-    EXPECT_EQ(pressAndMove(16, 3, Qt::ControlModifier), kPicked);
-    EXPECT_EQ(pressAndMove(4, 9, Qt::AltModifier), kPicked) << "from the bevel";
-    EXPECT_EQ(pressAndMove(27, -9, Qt::AltModifier), dragged) << "from the pixel beyond the swatch";
-    well.EnableColorDrag = true;
-    EXPECT_EQ(pressAndMove(16, 9, Qt::NoModifier), dragged);
-    EXPECT_EQ(ups, 7);
+    for (const auto& [from, by, held, isDragged] : rows) {
+        SCOPED_TRACE(testing::Message() << from.x() << ": " << by.x() << ", " << by.y());
+        host.calls.clear();
+        ups = 0;
+        PressAt(from, held);
+        MoveTo(from + by);
+        if (!isDragged) ReleaseAt(from);  // a drag takes the release
+        EXPECT_THAT(host.calls, ElementsAre(isDragged ? "DragText #3C96C8" : kPicked));
+        EXPECT_EQ(ups, 1);
+    }
     ExpectLook(widget, Look::Raised);
+    well.EnableColorDrag = true;
+    PressAt({16, 16});
+    MoveTo({16, 25});
+    EXPECT_EQ(host.calls.back(), "DragText #3C96C8") << "without a key";
 }
 
 TEST_F(ColorWellTest, DroppedTextsBecomeColours) {
@@ -158,23 +163,16 @@ TEST_F(ColorWellTest, DroppedTextsBecomeColours) {
     EXPECT_EQ(Drop("#050aFF"), "#050AFF");
     Drop("050aff");
     EXPECT_EQ(changes.size(), 5U) << "the present colour, written differently, is a change";
-}
-
-// The same text twice is taken once, unless the colour has come from elsewhere in between.
-TEST_F(ColorWellTest, KnowsTheTextThatItsColourCameFrom) {
-    const auto isTaken = [this] {
-        well.ColorSelected = kColor;
-        return Drop("#00FF00") == "#00FF00";
-    };
-    EXPECT_TRUE(isTaken());
-    EXPECT_FALSE(isTaken());
+    well.ColorSelected = kColor;
+    EXPECT_EQ(Drop("050aff"), "#3C96C8") << "the same text is taken once";
     well.setColor(RGB(1, 2, 3));
-    EXPECT_TRUE(isTaken());
+    EXPECT_EQ(Drop("050aff"), "#050AFF") << "unless the colour has come from elsewhere in between";
     host.pickedColor = well.getColor();
     changes.clear();
     well.pickColor();
-    EXPECT_THAT(changes, ElementsAre(RGB(0, 255, 0))) << "confirmed, though it is the same";
-    EXPECT_TRUE(isTaken());
+    EXPECT_THAT(changes, ElementsAre(RGB(5, 10, 255))) << "confirmed, though it is the same";
+    well.ColorSelected = kColor;
+    EXPECT_EQ(Drop("050aff"), "#050AFF");
 }
 
 }  // namespace

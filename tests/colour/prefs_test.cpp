@@ -11,29 +11,19 @@ namespace {
 
 using testing::ElementsAre;
 
-/// In the order of kColourSettings.
-constexpr const char* kWells[] = {"cBackground", "cWedge", "cFace", "cFrame"};
-
 class PrefsTest : public TimerWindowTest {
   protected:
-    PrefsTest() {
-        for (Int32 i = 0; i < 4; ++i)
-            Timer().*kColourSettings[i].colour = RGB(i, i, i);
-    }
     ~PrefsTest() override { End(Dialog()); }
 
     static winPrefs& Dialog() { return winPrefs::Instance(); }
+    static SmartColorWell& Well(const char* role) { return Dialog().Find<SmartColorWell>(role); }
     static std::vector<Color> Clock() {
-        std::vector<Color> colours;
-        for (const auto& [key, colour] : kColourSettings)
-            colours.push_back(Timer().*colour);
-        return colours;
+        return {Timer().Color_Window_Background, Timer().Color_Clock_Wedge, Timer().Color_Clock_Face,
+                Timer().Color_Clock_Frame};
     }
     static std::vector<Color> Wells() {
-        std::vector<Color> colours;
-        for (const char* name : kWells)
-            colours.push_back(Dialog().Find<SmartColorWell>(name).getColor());
-        return colours;
+        return {Well("cBackground").getColor(), Well("cWedge").getColor(), Well("cFace").getColor(),
+                Well("cFrame").getColor()};
     }
     static void PressAndSeeItClose(Qt::Key key) {
         QWidget& window = *WidgetNamed("bOK").window();
@@ -43,11 +33,13 @@ class PrefsTest : public TimerWindowTest {
 };
 
 TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsBackWhatOkLeft) {
+    const auto areDefaults = ElementsAre(RGB(0x9F, 0x9F, 0x9F), RGB(0xFF, 0, 0), RGB(0xFF, 0xFF, 0xFF), RGB(0, 0, 0));
+    Timer();
     Dialog().ShowWithin(Timer(), -1);
-    EXPECT_THAT(Wells(), ElementsAre(RGB(0, 0, 0), RGB(1, 1, 1), RGB(2, 2, 2), RGB(3, 3, 3)));
+    EXPECT_THAT(Wells(), areDefaults);
     host.pickedColor = Color{10};
-    for (const char* well : kWells) {
-        Dialog().Find<SmartColorWell>(well).pickColor();
+    for (const char* well : {"cBackground", "cWedge", "cFace", "cFrame"}) {
+        Well(well).pickColor();
         ++host.pickedColor->value;
     }
     const auto arePicked = ElementsAre(Color{10}, Color{11}, Color{12}, Color{13});
@@ -58,7 +50,6 @@ TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsBackWhatOkLeft) {
     Dialog().ShowWithin(Timer(), -1);
     EXPECT_THAT(Wells(), arePicked);
     WidgetNamed<QPushButton>("bDefaults").click();
-    const auto areDefaults = ElementsAre(RGB(0x9F, 0x9F, 0x9F), RGB(0xFF, 0, 0), RGB(0xFF, 0xFF, 0xFF), RGB(0, 0, 0));
     EXPECT_THAT(Clock(), areDefaults);
     EXPECT_THAT(Wells(), areDefaults);
     PressAndSeeItClose(Qt::Key_Escape);
