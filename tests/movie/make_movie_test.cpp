@@ -6,7 +6,6 @@
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSlider>
-#include <cstdlib>
 #include <filesystem>
 
 #include "movie/FileTypes.h"
@@ -92,20 +91,6 @@ class MakeMovieTest : public TimerWindowTest {
         return frames;
     }
 };
-
-// The module is sought beside the executable, so a copy of this one is run.
-TEST_F(MakeMovieTest, WithoutTheModuleForThemThereAreNoMovies) {
-    const std::filesystem::path self = Application::ExecutableFile()->Path();
-    if (self.filename() != "copy") {
-        const std::filesystem::path copy = host.preferencesFolder / "copy";
-        std::filesystem::copy_file(self, copy);
-        EXPECT_EQ(std::system((copy.string() + " --gtest_filter=*WithoutTheModule*").c_str()), 0);
-        return;
-    }
-    EXPECT_TRUE(Timer()._FileCreateMovie_Action());
-    EXPECT_THAT(host.messages, ElementsAre("QuickTime needs to be installed to create movies."));
-    EXPECT_FALSE(IsOpen());
-}
 
 TEST_F(MakeMovieTest, TheFieldsAreJudgedAndRaisedAndTheSizeFollowsThemAsTheyStand) {
     const auto size = [] { return Dialog().Find<StaticText>("lSize").Text(); };

@@ -5,7 +5,9 @@
 #include <QtGui/QGuiApplication>
 #include <cstdlib>
 #include <filesystem>
+#include <vector>
 
+#include "core/winMain.h"
 #include "platform/Application.h"
 #include "platform/Graphics.h"
 #include "platform/qt/drawing/Pixels.h"
@@ -26,18 +28,20 @@ TEST(ImagesTest, IconsAreTransparentFromTheirFirstUse) {
     }
 }
 
-// The images are sought beside the folder of the executable, so a copy of this one is run where they are missing. The
-// module that reads PICT files isn't there either.
-TEST(ImagesTest, AMissingImageIsNilAndDrawsNothing) {
+// Both are sought from the executable's place, so a copy of this one is run where they are missing.
+TEST(ImagesTest, WithoutImagesNothingIsDrawnAndWithoutTheModuleThereAreNoMovies) {
     const fs::path executable = Application::ExecutableFile()->Path();
-    if (fs::exists(executable.parent_path().parent_path() / "Resources")) {
-        const fs::path copy = RecordingHost::InstallNew().preferencesFolder / "copy";
+    RecordingHost& host = RecordingHost::InstallNew();
+    if (executable.filename() != "copy") {
+        const fs::path copy = host.preferencesFolder / "copy";
         fs::copy_file(executable, copy);
-        EXPECT_EQ(std::system((copy.string() + " --gtest_filter=*AMissingImage*").c_str()), 0);
+        EXPECT_EQ(std::system((copy.string() + " --gtest_filter=*WithoutImages*").c_str()), 0);
         return;
     }
     EXPECT_FALSE(Run_Icon() || AboutIcon() || MwRbHzMd());
     NewPicture(40, 40, 32)->Graphics()->DrawPicture(Run_Icon(), 0, 0, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+    EXPECT_TRUE(winMain::Instance()._FileCreateMovie_Action());
+    EXPECT_EQ(host.messages, std::vector<std::string>{"QuickTime needs to be installed to create movies."});
 }
 
 TEST(ImagesTest, ADenseScreenGetsFinerPicturesOfTheSameSize) {

@@ -76,29 +76,23 @@ TEST_F(InformationTest, AboutTellsWhatTheProgramIsWithItsCreditsOrWithout) {
     EXPECT_EQ(FontOfLine(credits, 6).pixelSize(), 10);
 }
 
-TEST_F(InformationTest, TheBadgeLeadsToTheToolkitAndEscapeOutOfTheWindow) {
+TEST_F(InformationTest, AboutsPicturesAreTransparentAndItsBadgeLeadsToTheToolkit) {
     AboutWindow::Instance().Show(false);
-    host.calls.clear();
     QWidget& badge = WidgetNamed("RBIconCanvas");
+    badge.window()->setPalette(Qt::green);
+    for (const char* name : {"AppIconCanvas", "RBIconCanvas"}) {
+        const QWidget& canvas = WidgetNamed(name);
+        const QImage seen = badge.window()->grab(canvas.geometry()).toImage();
+        EXPECT_EQ(seen.pixelColor(0, 0), badge.palette().color(QPalette::Window)) << name;
+        EXPECT_NE(seen.pixelColor(canvas.rect().center()), seen.pixelColor(0, 0)) << name;
+    }
+    host.calls.clear();
     Mouse(QEvent::MouseButtonPress, badge, {215, 29});
     EXPECT_THAT(host.calls, testing::ElementsAre("ShowURL https://www.qt.io"));
     Press(*badge.window(), Qt::Key_A, "a");
     EXPECT_TRUE(badge.isVisible());
     Press(*badge.window(), Qt::Key_Escape, "\x1b");
     EXPECT_FALSE(badge.isVisible());
-}
-
-TEST_F(InformationTest, ThePicturesAreTransparent) {
-    AboutWindow::Instance().Show(true);
-    QPalette colors;
-    colors.setColor(QPalette::Window, Qt::green);
-    for (const char* name : {"AppIconCanvas", "RBIconCanvas"}) {
-        QWidget& canvas = WidgetNamed(name);
-        canvas.window()->setPalette(colors);
-        const QImage seen = canvas.window()->grab(canvas.geometry()).toImage();
-        EXPECT_EQ(seen.pixelColor(0, 0), Qt::green) << name;
-        EXPECT_NE(seen.pixelColor(canvas.rect().center()), Qt::green) << name;
-    }
 }
 
 }  // namespace
