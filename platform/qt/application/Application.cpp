@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "platform/Host.h"
-#include "platform/qt/application/Accessibility.h"
 #include "platform/qt/application/Endings.h"
+#include "platform/qt/controls/Accessibility.h"
 #include "platform/qt/dialogs/DesktopHost.h"
 #include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/events/Keys.h"

@@ -9,7 +9,7 @@
 
 #include "platform/Host.h"
 #include "platform/Picture.h"
-#include "platform/qt/controls/CanvasAccessible.h"
+#include "platform/qt/controls/Accessibility.h"
 #include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/drawing/GraphicsPeer.h"
 #include "platform/qt/drawing/Pixels.h"

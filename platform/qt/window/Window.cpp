@@ -90,7 +90,7 @@ void Window::Open(const std::string& key, const std::shared_ptr<Window>& window)
         open_windows::Remove(*window);
         throw;
     }
-    if (!window->peer_->IsSheet()) window->peer_->show();
+    if (window->peer_->windowType() != Qt::Dialog) window->peer_->show();
 }
 
 bool Window::IsMainThread() { return QThread::currentThread() == qApp->thread(); }

@@ -21,7 +21,6 @@ class WindowPeer final : public QWidget {
     /// Layout, controls and Open event of a window that is in the list of open windows.
     void Build();
 
-    bool IsSheet() const { return windowType() == Qt::Dialog; }
     void SetCentred(bool on) { isCentred_ = on; }
 
     /// The window's inside on the screen: its controls and a menu bar that takes room.

@@ -1,10 +1,11 @@
-#include "platform/qt/controls/CanvasAccessible.h"
+#include "platform/qt/controls/Accessibility.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 #include <utility>
 
+#include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/events/EventBoundary.h"
 
 /// A text that is said when it appears.
@@ -93,4 +94,26 @@ void CanvasAccessible::Say(const std::string& text) {
         QAccessibleEvent event(&latest, happened);
         QAccessible::updateAccessibility(&event);
     }
+}
+
+namespace {
+
+/// Of a class of ours. It is asked for before the window knows whether it is a sheet.
+class WindowAccessible final : public QAccessibleWidget {
+  public:
+    using QAccessibleWidget::QAccessibleWidget;
+    QAccessible::Role role() const override {
+        return widget()->windowType() == Qt::Dialog ? QAccessible::Dialog : QAccessible::Window;
+    }
+};
+
+}  // namespace
+
+void InstallAccessibility() {
+    QAccessible::installFactory([](const QString& className, QObject* object) -> QAccessibleInterface* {
+        if (className != u"QWidget") return nullptr;  // as the toolkit calls whatever is derived from it here
+        auto& widget = static_cast<QWidget&>(*object);
+        if (auto* canvas = dynamic_cast<Canvas*>(ControlOf(widget))) return new CanvasAccessible(widget, *canvas);
+        return widget.isWindow() ? new WindowAccessible(&widget) : nullptr;
+    });
 }

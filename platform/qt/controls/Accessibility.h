@@ -35,3 +35,6 @@ class CanvasAccessible final : public QAccessibleWidget {
     /// What is to be said; empty for nothing.
     std::string unsaid_;
 };
+
+/// Tells the toolkit how screen readers see what it doesn't know by itself: windows and canvases.
+void InstallAccessibility();
