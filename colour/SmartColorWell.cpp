@@ -181,11 +181,9 @@ void SmartColorWell::drawBevel(::Graphics& g) const {
     const Int32 width = Width() - cShrink;
     const Int32 height = Height() - cShrink;
     const double darkening = mouseDownAndWithin ? kPressed : 0;
-    const auto share = [height](double part) { return ToInt32(height * part); };
-
     const auto band = [&](double value, double from) {
         g.ForeColor(Grey(value - darkening));
-        g.FillRect(0, share(from), width, share(0.4));
+        g.FillRect(0, ToInt32(height * from), width, ToInt32(height * 0.4));
     };
     band(0.87, 0);
     band(0.9, 0.2);

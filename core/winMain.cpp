@@ -7,19 +7,12 @@
 #include "shell/App.h"
 #include "shell/MenuBar1.h"
 
-namespace {
-
-constexpr Int32 kDesignWidth = 441;
-constexpr Int32 kDesignHeight = 229;
-
-}  // namespace
-
 void winMain::Layout() {
     MenuBar(MenuBar1::Instance());
     Title("Dwindledial");
     MinSize(400, 150);
-    Width(kDesignWidth);
-    Height(kDesignHeight);
+    Width(441);
+    Height(229);
     BackColor(Color_Window_Background);
 }
 
@@ -29,7 +22,7 @@ void winMain::_CreateControls0() {
     timerRun.Mode(Timer::Modes::Repeat);
     timerRun.Action = [this] { TimerRun_Action(); };
 
-    auto& canvas = AddControl<Canvas>("cvTime", 0, 0, kDesignWidth, kDesignHeight, 0);
+    auto& canvas = AddControl<Canvas>("cvTime", 0, 0, Width(), Height(), 0);
     canvas.LockLeft(true);
     canvas.LockTop(true);
     canvas.LockRight(true);

@@ -74,7 +74,7 @@ class winMain final : public Window, public ClockColours {
     Int32 GetTextSize(Graphics& g, const std::string& text, Int32 maxWidth);
     void cvTime_Paint(const Ref<Graphics>& g);
 
-    // What a screen reader is told of the clock (core/winMain_accessible.cpp).
+    // What a screen reader is told of the count-down (core/winMain_countdown.cpp).
     /// The state and the remaining time in words.
     std::string InWords() const;
     /// Has the state said that has just been entered, or the time that has just been set.

@@ -23,7 +23,6 @@ class Application {
     /// The pointer's shape over the windows' own area; controls and menus with a shape of their own keep it.
     void MouseCursor(MouseCursors cursor);
 
-    /// The program's version.
     Property<Int32> MajorVersion = 0;
     Property<Int32> MinorVersion = 0;
     Property<Int32> BugVersion = 0;

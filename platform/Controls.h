@@ -28,7 +28,6 @@ class StaticText : public RectControl {
     void LabelFor(const RectControl& control);
 };
 
-/// A button.
 class PushButton : public RectControl {
   public:
     PushButton();
@@ -75,7 +74,6 @@ class UpDownArrows : public RectControl {
     void AccessibleName(const std::string& name) override;
 };
 
-/// A box to tick.
 class CheckBox : public RectControl {
   public:
     CheckBox();
@@ -113,7 +111,6 @@ struct TextStyle {
     bool operator==(const TextStyle&) const = default;
 };
 
-/// A stretch of text in one style.
 struct StyleRun {
     std::string text;
     TextStyle style;
@@ -121,12 +118,10 @@ struct StyleRun {
     bool operator==(const StyleRun&) const = default;
 };
 
-/// A text from its beginning to its end.
 using StyledText = std::vector<StyleRun>;
 
-/// A field of wrapped text that the user can scroll, select and copy, but not change. Only where a screen reader is, it
-/// has a caret; else the keys that would move one scroll. Lines are separated by carriage
-/// returns.
+/// A field of wrapped text that the user can scroll, select and copy, but not change. Carriage returns separate its
+/// lines. Only where a screen reader is, it has a caret; else the keys that would move one scroll.
 class StyledTextField : public RectControl {
   public:
     StyledTextField();

@@ -5,46 +5,40 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <variant>
 #include <vector>
 
 #include "platform/Color.h"
 
-/// A value that is a String or a Color and converts to either. Copies of a String share its text.
+/// A value that is a String or a Color and converts to either. Copies share its text.
 class Variant {
   public:
-    Variant() = default;
     explicit(false) Variant(std::string text);
     explicit(false) Variant(const char* text) : Variant(std::string(text)) {}
-    explicit(false) Variant(Color color) : value_(color) {}
+    explicit(false) Variant(Color color);
     /// The String `part`, which lies in `*whole`, without a copy of it.
     Variant(std::shared_ptr<const std::string> whole, std::string_view part);
 
     /// The text itself, or a colour as "#" and six hexadecimal digits.
-    std::string StringValue() const;
+    std::string StringValue() const { return std::string(part_); }
 
     /// The colour itself, or the one that a text names: "#" and six hexadecimal digits, or the digits alone. A text
     /// that is no colour gives black.
     Color ColorValue() const;
 
   private:
-    struct SharedText {
-        std::shared_ptr<const std::string> whole;
-        std::string_view part;
-    };
-
-    std::variant<SharedText, Color> value_;
+    std::shared_ptr<const std::string> whole_;
+    std::string_view part_;
 };
 
 /// A hash map of Variants that keeps the order in which its keys were first stored. Keys of the same text are the same.
 class Dictionary {
   public:
-    bool HasKey(const Variant& key) const;
+    bool HasKey(const Variant& key) const { return index_.contains(key.StringValue()); }
 
     /// The value stored under `key`. Throws std::out_of_range if there is none.
-    const Variant& Value(const Variant& key) const;
+    const Variant& Value(const Variant& key) const { return values_[index_.at(key.StringValue())]; }
     /// Stores or replaces the value under `key`.
-    void Value(const Variant& key, Variant value);
+    void Value(const Variant& key, const Variant& value);
 
     /// Keys and values in the same order: the value of Keys()[i] is Values()[i].
     const std::vector<Variant>& Keys() const { return keys_; }

@@ -1,43 +1,31 @@
 #include "shell/InformationWindow.h"
 
+#include <utility>
+
 #include "platform/Keyboard.h"
 #include "platform/Text.h"
 
 namespace {
 
-/// Writes runs in the style that the tags so far have made.
-class Writer {
-  public:
-    explicit Writer(Int32 baseSize) { style_.size = baseSize; }
-
-    void Write(std::string_view text) {
-        if (text.empty()) return;
-        if (runs_.empty() || runs_.back().style != style_) runs_.push_back({"", style_});
-        runs_.back().text += text;
+/// Does what a tag says; it comes without its brackets. `remembered` is the size that stood before the latest <font>.
+void Obey(const std::string& tag, TextStyle& style, Int32& remembered) {
+    const std::string key = NthField(tag, " ", 1);
+    if (key == "b" || key == "/b") {
+        style.isBold = key == "b";
+    } else if (key == "i" || key == "/i") {
+        style.isItalic = key == "i";
+    } else if (key == "font") {
+        remembered = std::exchange(style.size, ToInt32(Val(NthField(tag, "\"", 2))));
+    } else if (key == "/font") {
+        style.size = remembered;
     }
+}
 
-    /// `tag` comes without its brackets.
-    void Obey(const std::string& tag) {
-        const std::string key = NthField(tag, " ", 1);
-        if (key == "b" || key == "/b") {
-            style_.isBold = key == "b";
-        } else if (key == "i" || key == "/i") {
-            style_.isItalic = key == "i";
-        } else if (key == "font") {
-            rememberedSize_ = style_.size;
-            style_.size = ToInt32(Val(NthField(tag, "\"", 2)));
-        } else if (key == "/font") {
-            style_.size = rememberedSize_;
-        }
-    }
-
-    const StyledText& Runs() const { return runs_; }
-
-  private:
-    TextStyle style_;
-    Int32 rememberedSize_ = 0;
-    StyledText runs_;
-};
+void Append(StyledText& runs, std::string_view text, const TextStyle& style) {
+    if (text.empty()) return;
+    if (runs.empty() || runs.back().style != style) runs.push_back({"", style});
+    runs.back().text += text;
+}
 
 }  // namespace
 
@@ -60,15 +48,17 @@ StyledTextField& InformationWindow::AddReader(const std::string& name, Int32 lef
 
 StyledText ParseMarkup(std::string_view markup, Int32 baseSize) {
     constexpr std::size_t kNone = std::string_view::npos;
-    Writer writer(baseSize);
+    StyledText runs;
+    TextStyle style{false, false, baseSize};
+    Int32 remembered = 0;
     while (true) {
         const std::size_t open = markup.find('<');
         const std::size_t close = markup.find('>', open);
         if (open == kNone || close == kNone) break;
-        writer.Write(markup.substr(0, open));
-        writer.Obey(std::string(markup.substr(open + 1, close - open - 1)));
+        Append(runs, markup.substr(0, open), style);
+        Obey(std::string(markup.substr(open + 1, close - open - 1)), style, remembered);
         markup.remove_prefix(close + 1);
     }
-    writer.Write(markup);
-    return writer.Runs();
+    Append(runs, markup, style);
+    return runs;
 }

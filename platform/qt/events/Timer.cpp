@@ -5,33 +5,31 @@
 #include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/events/MainThread.h"
 
-struct Timer::Peer {
-    QTimer timer;
-};
+struct Timer::Peer final : QTimer {};
 
 Timer::Timer() : peer_(std::make_unique<Peer>()) {
     // Precise, so that a beep a second sounds like one.
-    peer_->timer.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&peer_->timer, &QTimer::timeout, &peer_->timer, [this] { Deliver(Action); });
+    peer_->setTimerType(Qt::PreciseTimer);
+    QObject::connect(peer_.get(), &QTimer::timeout, peer_.get(), [this] { Deliver(Action); });
 }
 
 Timer::~Timer() = default;
 
-Int32 Timer::Period() const { return peer_->timer.interval(); }
-void Timer::Period(Int32 milliseconds) { peer_->timer.setInterval(milliseconds); }
+Int32 Timer::Period() const { return peer_->interval(); }
+void Timer::Period(Int32 milliseconds) { peer_->setInterval(milliseconds); }
 
 Timer::Modes Timer::Mode() const {
-    if (!peer_->timer.isActive()) return Modes::Off;
-    return peer_->timer.isSingleShot() ? Modes::Single : Modes::Repeat;
+    if (!peer_->isActive()) return Modes::Off;
+    return peer_->isSingleShot() ? Modes::Single : Modes::Repeat;
 }
 
 void Timer::Mode(Modes mode) {
-    OnMainThread(peer_->timer, [this, mode] {
-        peer_->timer.setSingleShot(mode == Modes::Single);
+    OnMainThread(*peer_, [this, mode] {
+        peer_->setSingleShot(mode == Modes::Single);
         if (mode == Modes::Off) {
-            peer_->timer.stop();
+            peer_->stop();
         } else {
-            peer_->timer.start();
+            peer_->start();
         }
     });
 }
