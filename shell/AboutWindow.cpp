@@ -126,7 +126,7 @@ std::string AboutWindow::VersionString() {
     constexpr const char* kStages[] = {" (Dev. ", "a (", "b (", " ("};
     const App& app = App::Instance();
     const Int32 stage = app.StageCode();
-    const std::string number = Str(app.MajorVersion()) + "." + Str(app.MinorVersion()) + "." + Str(app.BugVersion());
+    std::string number = Str(app.MajorVersion()) + "." + Str(app.MinorVersion()) + "." + Str(app.BugVersion());
     if (stage < 0 || stage >= std::ssize(kStages)) return number;
     return number + kStages[stage] + Str(app.NonReleaseVersion()) + ")";
 }
