@@ -2,7 +2,6 @@
 
 #include <canberra.h>
 
-#include <condition_variable>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -33,64 +32,40 @@ bool Begin(const SoundService& service, const char* property, const std::string&
 
 }  // namespace
 
-/// What the thread that plays is to do.
-class AlertSound::Request {
-  public:
-    enum class State { None, Play, End };
+/// What the object has in common with the thread that asks the service, of which there is one at a time.
+struct AlertSound::Shared {
+    const std::string applicationId;
+    const std::string name;
+    const std::string file;
+    const Bell bell;
 
-    /// Gives the state before.
-    State Exchange(State state) {
-        const std::lock_guard lock(mutex_);
-        changed_.notify_one();
-        return std::exchange(state_, state);
-    }
-    /// Waits until there is something to do. False: to end.
-    bool Wait() {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return state_ != State::None; });
-        return state_ == State::Play;
-    }
-    /// The sound has begun, or else the bell is to ring, unless the end has come meanwhile.
-    void Finish(bool hasBegun, const Bell& bell) {
-        const std::lock_guard lock(mutex_);
-        if (state_ == State::End) return;
-        if (!hasBegun) bell();
-        state_ = State::None;
-    }
+    SoundService service{};
+    std::mutex mutex{};
+    bool isUnderWay = false;
+    bool hasEnded = false;
 
-  private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    State state_ = State::None;
+    void PlayOrRing() {
+        if (!service) service = Connect(applicationId, name);
+        const bool hasBegun = Begin(service, CA_PROP_EVENT_ID, "bell") || Begin(service, CA_PROP_MEDIA_FILENAME, file);
+        if (!hasBegun) service.reset();  // its connection may have broken
+        const std::lock_guard lock(mutex);
+        if (!hasBegun && !hasEnded) bell();
+        isUnderWay = false;
+    }
 };
 
-AlertSound::AlertSound(std::string applicationId, std::string name, std::filesystem::path file, Bell bell)
-    : applicationId_(std::move(applicationId)),
-      name_(std::move(name)),
-      file_(std::move(file)),
-      bell_(std::move(bell)) {}
+AlertSound::AlertSound(const std::string& applicationId, const std::string& name, const std::filesystem::path& file,
+                       const Bell& bell)
+    : shared_(new Shared{applicationId, name, file, bell}) {}
 
 AlertSound::~AlertSound() {
-    if (request_) request_->Exchange(Request::State::End);
+    const std::lock_guard lock(shared_->mutex);
+    shared_->hasEnded = true;
 }
 
 void AlertSound::Play() {
-    if (!request_) StartThread();
-    if (request_->Exchange(Request::State::Play) == Request::State::Play) bell_();
-}
-
-// A sound service that hangs holds up whoever asks it. Detached: when it never answers, the program still ends.
-void AlertSound::StartThread() {
-    request_ = std::make_shared<Request>();
-    std::thread([request = request_, applicationId = applicationId_, name = name_, file = file_.string(),
-                 bell = bell_] {
-        SoundService service;
-        while (request->Wait()) {
-            if (!service) service = Connect(applicationId, name);
-            const bool hasBegun =
-                Begin(service, CA_PROP_EVENT_ID, "bell") || Begin(service, CA_PROP_MEDIA_FILENAME, file);
-            if (!hasBegun) service.reset();  // its connection may have broken
-            request->Finish(hasBegun, bell);
-        }
-    }).detach();
+    const std::lock_guard lock(shared_->mutex);
+    if (std::exchange(shared_->isUnderWay, true)) return shared_->bell();
+    // A sound service that hangs holds up whoever asks it. Detached: when it never answers, the program still ends.
+    std::thread([shared = shared_] { shared->PlayOrRing(); }).detach();
 }

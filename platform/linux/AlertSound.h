@@ -13,7 +13,8 @@ class AlertSound {
 
     /// `applicationId` and `name` are what the desktop's volume control shows. `file` is a WAV file. `bell` may be
     /// called on any thread, but not once the object has gone.
-    AlertSound(std::string applicationId, std::string name, std::filesystem::path file, Bell bell);
+    AlertSound(const std::string& applicationId, const std::string& name, const std::filesystem::path& file,
+               const Bell& bell);
     /// Doesn't wait for a sound under way.
     ~AlertSound();
 
@@ -21,14 +22,7 @@ class AlertSound {
     void Play();
 
   private:
-    class Request;
+    struct Shared;
 
-    void StartThread();
-
-    const std::string applicationId_;
-    const std::string name_;
-    const std::filesystem::path file_;
-    const Bell bell_;
-    /// Nil before the first sound: it costs a thread.
-    std::shared_ptr<Request> request_;
+    std::shared_ptr<Shared> shared_;
 };
