@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/Text.h"
+#include "platform/qt/drawing/Pixels.h"
 #include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/events/MainThread.h"
 
@@ -49,8 +50,9 @@ CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testIm
       proposedRate_(proposal.frameRate) {
     setWindowTitle(QStringLiteral("Compression Settings"));
     auto* sides = new QHBoxLayout(this);
-    sides->addWidget(MakePreviewSide());
-    sides->addWidget(MakeSettingsSide());
+    sides->addLayout(MakePreviewSide());
+    sides->addSpacing(12);
+    sides->addLayout(MakeSettingsSide());
     codec_.setCurrentIndex(std::max(codec_.findData(static_cast<int>(proposal.codec)), 0));
     quality_.setValue(proposal.quality);
     ShowFrameRate(proposal.frameRate);
@@ -67,10 +69,8 @@ CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testIm
     ShowCodec();
 }
 
-QWidget* CompressionDialog::MakePreviewSide() {
-    auto* side = new QWidget;
-    auto* rows = new QVBoxLayout(side);
-    rows->setContentsMargins(0, 0, 0, 0);
+QLayout* CompressionDialog::MakePreviewSide() {
+    auto* rows = new QVBoxLayout;
     preview_.setAlignment(Qt::AlignCenter);
     previewArea_.setWidget(&preview_);
     previewArea_.setAccessibleName(QStringLiteral("Preview"));
@@ -79,17 +79,15 @@ QWidget* CompressionDialog::MakePreviewSide() {
     previewArea_.setAlignment(Qt::AlignCenter);
     previewArea_.setFixedSize(kPreviewSize + 2 * QSize(previewArea_.frameWidth(), previewArea_.frameWidth()));
     isActualSize_.setText(QStringLiteral("&Actual size"));
-    isActualSize_.setVisible(IsLarge(frameSize_));
+    if (!IsLarge(frameSize_)) isActualSize_.hide();
     rows->addWidget(&previewArea_);
     rows->addWidget(&isActualSize_);
     rows->addStretch();
-    return side;
+    return rows;
 }
 
-QWidget* CompressionDialog::MakeSettingsSide() {
-    auto* side = new QWidget;
-    auto* rows = new QVBoxLayout(side);
-    rows->setContentsMargins(12, 0, 0, 0);
+QLayout* CompressionDialog::MakeSettingsSide() {
+    auto* rows = new QVBoxLayout;
     auto* form = new QFormLayout;
     rows->addLayout(form);
     for (const CodecChoice& codec : codecs_)
@@ -117,7 +115,7 @@ QWidget* CompressionDialog::MakeSettingsSide() {
     connect(&buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
     rows->addStretch();
     rows->addWidget(&buttons_);
-    return side;
+    return rows;
 }
 
 void CompressionDialog::ShowFrameRate(double rate) { frameRate_.setText(QString::fromStdString(Str(rate))); }
@@ -177,10 +175,7 @@ std::optional<double> CompressionDialog::EstimateSize(const CompressionSettings&
 }
 
 void CompressionDialog::ShowImage(const std::optional<RgbImage>& image) {
-    const auto view = [](const RgbImage& rgb) {
-        return QImage(rgb.bytes.data(), rgb.width, rgb.height, qsizetype{3} * rgb.width, QImage::Format_RGB888);
-    };
-    rendered_ = image ? view(*image).copy() : QImage();
+    rendered_ = ToQImage(image);
     ShowPreview();
 }
 

@@ -29,8 +29,8 @@ class CompressionDialog final : public QDialog {
     CompressionSettings Settings() const;
 
   private:
-    QWidget* MakePreviewSide();
-    QWidget* MakeSettingsSide();
+    QLayout* MakePreviewSide();
+    QLayout* MakeSettingsSide();
     double FrameRate() const;
     void ShowFrameRate(double rate);
     const CodecChoice& Codec() const;

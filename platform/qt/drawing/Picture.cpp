@@ -5,10 +5,8 @@
 #include <QtGui/QImageReader>
 #include <cstdlib>
 #include <filesystem>
-#include <optional>
 
 #include "platform/FolderItem.h"
-#include "platform/MovieLibrary.h"
 #include "platform/qt/drawing/GraphicsPeer.h"
 #include "platform/qt/drawing/Pixels.h"
 
@@ -63,6 +61,12 @@ QImage Composed(Picture& picture) {
     return image;
 }
 
+QImage ToQImage(const std::optional<RgbImage>& image) {
+    if (!image) return {};
+    const qsizetype bytesPerRow = qsizetype{3} * image->width;
+    return QImage(image->bytes.data(), image->width, image->height, bytesPerRow, QImage::Format_RGB888).copy();
+}
+
 Ref<Picture> NewPicture(Int32 width, Int32 height, Int32, double scale) {
     if (width <= 0 || height <= 0) return nullptr;
     try {
@@ -90,10 +94,7 @@ QImage ReadImage(const std::filesystem::path& file) {
     if (width * height > kMostPixelsInFile) return {};
     QImage image = Blank({width, static_cast<int>(height)}, reader.imageFormat());
     if (reader.read(&image)) return image;
-    const std::optional<RgbImage> pict = MovieLibrary::Installed().ReadPict(file);
-    if (!pict) return {};
-    const qsizetype bytesPerRow = qsizetype{3} * pict->width;
-    return QImage(pict->bytes.data(), pict->width, pict->height, bytesPerRow, QImage::Format_RGB888).copy();
+    return ToQImage(MovieLibrary::Installed().ReadPict(file));
 }
 
 /// `scale` of the image's pixels are a logical one; nil for no image.

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QtGui/QImage>
+#include <optional>
 #include <vector>
 
+#include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
 
 /// The memory behind a picture. It is handed out as views that share it, so that one may be painted on while another
@@ -26,3 +28,6 @@ class Picture::Pixels {
 
 /// A picture's pixels seen through its mask; it must not be changed while the image is in use.
 QImage Composed(Picture& picture);
+
+/// A copy of an image that the movie library gave; null for none.
+QImage ToQImage(const std::optional<RgbImage>& image);
