@@ -4,16 +4,10 @@
 
 namespace {
 
-struct Range {
-    Int32 lowest;
-    Int32 highest;
-    Int32 Width() const { return highest - lowest; }
-};
+Int32 Highest(Color color) { return std::max({color.Red(), color.Green(), color.Blue()}); }
 
-Range RangeOf(Color color) {
-    const auto [lowest, highest] = std::minmax({color.Red(), color.Green(), color.Blue()});
-    return {lowest, highest};
-}
+/// From the lowest component to the highest.
+Int32 Range(Color color) { return Highest(color) - std::min({color.Red(), color.Green(), color.Blue()}); }
 
 }  // namespace
 
@@ -28,19 +22,17 @@ Color HSV(double hue, double saturation, double value) {
 }
 
 double readColorHue(Color color) {
-    const Range range = RangeOf(color);
-    if (range.Width() == 0) return 0;
+    if (Range(color) == 0) return 0;
     const auto sixths = [&](Int32 from, Int32 to, int start) {
-        return start + static_cast<double>(to - from) / range.Width();
+        return start + static_cast<double>(to - from) / Range(color);
     };
-    if (color.Red() == range.highest) return std::fmod(sixths(color.Blue(), color.Green(), 6), 6) / 6;
-    if (color.Green() == range.highest) return sixths(color.Red(), color.Blue(), 2) / 6;
+    if (color.Red() == Highest(color)) return std::fmod(sixths(color.Blue(), color.Green(), 6), 6) / 6;
+    if (color.Green() == Highest(color)) return sixths(color.Red(), color.Blue(), 2) / 6;
     return sixths(color.Green(), color.Red(), 4) / 6;
 }
 
 double readColorSaturation(Color color) {
-    const Range range = RangeOf(color);
-    return range.highest == 0 ? 0 : static_cast<double>(range.Width()) / range.highest;
+    return Highest(color) == 0 ? 0 : static_cast<double>(Range(color)) / Highest(color);
 }
 
-double readColorValue(Color color) { return RangeOf(color).highest / 255.0; }
+double readColorValue(Color color) { return Highest(color) / 255.0; }

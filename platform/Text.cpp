@@ -27,19 +27,6 @@ std::size_t Count(std::string_view text, char character) {
     return static_cast<std::size_t>(std::ranges::count(text, character));
 }
 
-struct Separators {
-    std::string decimal;
-    std::string thousands;
-};
-
-Separators UserSeparators() {
-    const lconv& locale = *localeconv();
-    Separators separators{locale.decimal_point, locale.thousands_sep};
-    // The "C" locale groups nothing, but a mask that asks for groups means them to be seen.
-    if (separators.thousands.empty() && separators.decimal == ".") separators.thousands = ",";
-    return separators;
-}
-
 /// A number of 0 or more in plain digits with a point.
 std::string RoundedDigits(double number, std::size_t places) {
     // to_chars rounds halves to even, so they are settled before. From 2^53 on, no digit is left that could be rounded.
@@ -54,7 +41,10 @@ std::string RoundedDigits(double number, std::size_t places) {
     return digits;
 }
 
-std::string Grouped(std::string digits, const std::string& separator) {
+std::string Grouped(std::string digits) {
+    std::string separator = localeconv()->thousands_sep;
+    // The "C" locale groups nothing, but a mask that asks for groups means them to be seen.
+    if (separator.empty() && std::string_view(localeconv()->decimal_point) == ".") separator = ",";
     for (std::size_t end = digits.size(); end > 3;) {
         end -= 3;
         digits.insert(end, separator);
@@ -92,28 +82,27 @@ std::string Format(double number, std::string_view mask) {
     const std::string_view fractionMask = mask.substr(maskPoint);
     const std::size_t places = Count(fractionMask, '0') + Count(fractionMask, '#');
     const std::size_t leastDigits = Count(wholeMask, '0');
-    const Separators separators = UserSeparators();
 
     const std::string digits = RoundedDigits(std::abs(number), places);
     const std::size_t point = std::min(digits.find('.'), digits.size());
     std::string whole = digits.substr(0, point);
     if (whole == "0") whole.clear();
     whole.insert(0, leastDigits - std::min(leastDigits, whole.size()), '0');
-    if (wholeMask.find(',') != npos) whole = Grouped(whole, separators.thousands);
+    if (wholeMask.find(',') != npos) whole = Grouped(whole);
 
     const bool isZero = digits.find_first_not_of("0.") == npos;
     if (number < 0 && !isZero) whole.insert(0, "-");
-    return places == 0 ? whole : whole + separators.decimal + digits.substr(point + 1);
+    return places == 0 ? whole : whole + localeconv()->decimal_point + digits.substr(point + 1);
 }
 
 std::string NthField(std::string_view text, std::string_view separator, Int32 number) {
     if (number < 1) return {};
     for (; number > 1; --number) {
-        const std::size_t cut = separator.empty() ? npos : text.find(separator);
+        const std::size_t cut = text.find(separator);
         if (cut == npos) return {};
         text.remove_prefix(cut + separator.size());
     }
-    return std::string(text.substr(0, separator.empty() ? npos : text.find(separator)));
+    return std::string(text.substr(0, text.find(separator)));
 }
 
 std::string Replace(std::string_view text, std::string_view find, std::string_view replacement) {

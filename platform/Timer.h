@@ -16,12 +16,10 @@ class Timer : public Control {
     std::function<void()> Action;
 
     /// In milliseconds.
-    Int32 Period() const;
     void Period(Int32 milliseconds);
 
     /// The first firing comes one period after the mode was set, also when it is set to what it was.
     /// May be set on any thread.
-    Modes Mode() const;
     void Mode(Modes mode);
 
   private:

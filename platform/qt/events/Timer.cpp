@@ -15,13 +15,7 @@ Timer::Timer() : peer_(std::make_unique<Peer>()) {
 
 Timer::~Timer() = default;
 
-Int32 Timer::Period() const { return peer_->interval(); }
 void Timer::Period(Int32 milliseconds) { peer_->setInterval(milliseconds); }
-
-Timer::Modes Timer::Mode() const {
-    if (!peer_->isActive()) return Modes::Off;
-    return peer_->isSingleShot() ? Modes::Single : Modes::Repeat;
-}
 
 void Timer::Mode(Modes mode) {
     OnMainThread(*peer_, [this, mode] {
