@@ -5,11 +5,12 @@
 #include <QtCore/QMimeData>
 #include <QtGui/QDropEvent>
 #include <QtTest/QTest>
+#include <QtWidgets/QPushButton>
 #include <vector>
 
+#include "colour/winPrefs.h"
 #include "platform/Controls.h"
-#include "tests/support/Input.h"
-#include "tests/support/RecordingHost.h"
+#include "tests/support/TimerWindowTest.h"
 
 namespace {
 
@@ -25,8 +26,6 @@ struct WellProbe final : Window {
         auto& inGroup = AddControl<SmartColorWell>("well", 10, 20, 32, 32, 1);
         inGroup.InitialParent("group");
         inGroup.ColorSelected = kColor;
-        AddControl<SmartColorWell>("flat", 110, 10, 60, 19, 2);
-        AddControl<SmartColorWell>("negative", 150, 40, 32, 32, 4).Margin = -1;
     }
 };
 
@@ -93,8 +92,6 @@ void ExpectLook(QWidget& widget, Look look) {
 }
 
 TEST_F(ColorWellTest, FadesWhenItCantBeUsedAndNotWhileAColourIsPicked) {
-    EXPECT_EQ(window.Find<SmartColorWell>("flat").Margin, 2);
-    EXPECT_EQ(window.Find<SmartColorWell>("negative").Margin, 0);
     auto& group = window.Find<GroupBox>("group");
     group.Enabled(false);
     ExpectLook(widget, Look::PaleAroundSwatch);
@@ -173,6 +170,51 @@ TEST_F(ColorWellTest, DroppedTextsBecomeColours) {
     EXPECT_THAT(changes, ElementsAre(RGB(5, 10, 255))) << "confirmed, though it is the same";
     well.ColorSelected = kColor;
     EXPECT_EQ(Drop("050aff"), "#050AFF");
+}
+
+class PrefsTest : public TimerWindowTest {
+  protected:
+    ~PrefsTest() override { End(Dialog()); }
+
+    static winPrefs& Dialog() { return winPrefs::Instance(); }
+    static SmartColorWell& Well(const char* role) { return Dialog().Find<SmartColorWell>(role); }
+    static std::vector<Color> Clock() {
+        return {Timer().Color_Window_Background, Timer().Color_Clock_Wedge, Timer().Color_Clock_Face,
+                Timer().Color_Clock_Frame};
+    }
+    static std::vector<Color> Wells() {
+        return {Well("cBackground").getColor(), Well("cWedge").getColor(), Well("cFace").getColor(),
+                Well("cFrame").getColor()};
+    }
+    static void PressAndSeeItClose(Qt::Key key) {
+        QWidget& window = *WidgetNamed("bOK").window();
+        Press(window, key, "");
+        EXPECT_FALSE(window.isVisible());
+    }
+};
+
+TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsBackWhatOkLeft) {
+    const auto areDefaults = ElementsAre(RGB(0x9F, 0x9F, 0x9F), RGB(0xFF, 0, 0), RGB(0xFF, 0xFF, 0xFF), RGB(0, 0, 0));
+    Timer();
+    Dialog().ShowWithin(Timer(), -1);
+    EXPECT_THAT(Wells(), areDefaults);
+    host.pickedColor = Color{10};
+    for (const char* well : {"cBackground", "cWedge", "cFace", "cFrame"}) {
+        Well(well).pickColor();
+        ++host.pickedColor->value;
+    }
+    const auto arePicked = ElementsAre(Color{10}, Color{11}, Color{12}, Color{13});
+    EXPECT_THAT(Clock(), arePicked);
+    PressAndSeeItClose(Qt::Key_Return);
+    EXPECT_THAT(Clock(), arePicked);
+
+    Dialog().ShowWithin(Timer(), -1);
+    EXPECT_THAT(Wells(), arePicked);
+    WidgetNamed<QPushButton>("bDefaults").click();
+    EXPECT_THAT(Clock(), areDefaults);
+    EXPECT_THAT(Wells(), areDefaults);
+    PressAndSeeItClose(Qt::Key_Escape);
+    EXPECT_THAT(Clock(), arePicked);
 }
 
 }  // namespace

@@ -143,11 +143,11 @@ class Desktop:
         return self.display.keysym_to_keycode(keysym)
 
     def hold(self, chord):
-        for key in chord.split("+"):
+        for key in filter(None, chord.split("+")):
             self.send(X.KeyPress, self.code(key))
 
     def let_go(self, chord):
-        for key in reversed(chord.split("+")):
+        for key in filter(None, reversed(chord.split("+"))):
             self.send(X.KeyRelease, self.code(key))
         time.sleep(0.002)  # a press in the same millisecond would be the key's own repeat
 

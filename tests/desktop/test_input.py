@@ -1,15 +1,28 @@
-"""Clicks, keys and the pointer on the timer window, through a whole count and its alert."""
+"""Clicks, keys and the pointer on the timer window and in Set Timer, on a dense screen."""
 
 from Xlib import X
 
-from timer import DesktopTest
+from timer import COLOURS, DesktopTest, SetTimer
 
 INSIDE, OUTSIDE = (26, 26), (27, 26)
+JUST_AFTER_27_MINUTES = (200, 180)  # on the clock, below the dialog
+# The keys in Set Timer, which shows what was set before, and whether the wedge then reaches that place.
+ROADS = (
+    (["Escape", "4", "5", "Return"], True),  # Escape does nothing
+    (["2", "KP_Enter"], False),
+    (["2", "7", "Tab", "Tab", "shift+Tab", "5", "0", "Return"], True),  # by way of a button
+    (["8", "Tab", "Tab", "Tab", "Return"], True),  # on Cancel
+    (["9", "alt+F4"], True),
+)
 
 
 class InputTest(DesktopTest):
+    def setUp(self):
+        super().setUp()
+        self.timer = self.launch(scale=2)
+
     def test_each_way_starts_and_stops_and_a_held_key_counts_once(self):
-        timer = self.launch()
+        timer = self.timer
         ways = {key: lambda key=key: self.desktop.key(key) for key in ("Return", "KP_Enter", "space", "ctrl+r")}
         ways["click"] = lambda: timer.click(*INSIDE)
         ways["menu"] = lambda: timer.choose("t", "Up", "Return")
@@ -21,6 +34,7 @@ class InputTest(DesktopTest):
         self.assert_stopped(timer)  # an empty one doesn't start
         timer.set_time(50, 0)
         self.desktop.key("x", "Escape", "Tab", "Down", "F5", "ctrl+space", "ctrl+Return")
+        timer.click(*OUTSIDE)
         self.assert_stopped(timer)
         for name, toggle in ways.items():
             for state in ("running", "stopped"):
@@ -30,8 +44,7 @@ class InputTest(DesktopTest):
         timer.set_time(0, 1)
         self.desktop.key("space")
         timer.wait_for("alert")
-        self.desktop.key("ctrl+t")  # not now
-        self.desktop.key("ctrl+r")
+        self.desktop.key("ctrl+t", "ctrl+r")  # no dialog now
         self.assert_stopped(timer)
 
     def hold(self, chord):
@@ -44,15 +57,22 @@ class InputTest(DesktopTest):
         display = self.desktop.display
         return display.pending_events() and display.next_event().type == X.KeyPress
 
-    def test_the_icon_is_the_same_square_on_a_dense_screen_and_the_pointer_a_hand_there(self):
-        timer = self.launch(scale=2)
-        timer.set_time(50, 0)
+    def test_the_pointer_is_a_hand_over_the_icon_alone(self):
         cursor = lambda: list(self.desktop.display.xfixes_get_cursor_image(self.desktop.root).cursor_image)
         arrow = cursor()
-        timer.move(*INSIDE)
-        self.wait_until(lambda: cursor() != arrow, "the pointer is a hand")
-        timer.click(*OUTSIDE)
-        self.wait_until(lambda: cursor() == arrow, "the pointer is an arrow")
-        self.assert_stopped(timer)
-        timer.click(*INSIDE)
-        timer.wait_for("running")
+        self.timer.move(*INSIDE)
+        self.wait_until(lambda: cursor() != arrow, "it is a hand")
+        self.timer.move(*OUTSIDE)
+        self.wait_until(lambda: cursor() == arrow, "it is an arrow")
+
+    def test_set_timer_by_its_keys(self):
+        for keys, reaches in ROADS:
+            dialog = SetTimer(self.timer)
+            self.desktop.key(*keys)
+            dialog.wait_closed()
+            colour = COLOURS["Color_Clock_Wedge" if reaches else "Color_Clock_Face"]
+            self.wait_until(lambda: self.timer.pixel(*JUST_AFTER_27_MINUTES) == colour, f"the wedge shows {keys}")
+        dialog = SetTimer(self.timer)
+        self.timer.click(*INSIDE)  # it takes no input behind the dialog
+        dialog.close(SetTimer.SET)
+        self.assert_stopped(self.timer)

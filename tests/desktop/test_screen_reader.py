@@ -11,13 +11,9 @@ from gi.repository import Atspi, GLib
 from timer import DesktopTest
 
 CONTROLS = {
-    ("Set...", "Set Timer"): {"text": ["Min", "Sec"], "button": ["Set", "Min up", "Min down", "Sec up", "Sec down"]},
-    ("Preferences...", "Preferences"): {"button": ["OK", "Use Defaults", "Background", "Frame", "Face", "Wedge"]},
-    ("Create Movie...", "Create Movie"): {
-        "text": ["Start Time:", "Frame width", "Frame height", "Clock Size:", "Frame Rate:"],
-        "check box": ["Show Compression Settings", "Open Movie upon Completion"],
-        "button": ["Start"],
-    },
+    ("Set...", "Set Timer"): [("text", "Min"), ("button", "Sec down")],
+    ("Preferences...", "Preferences"): [("button", "Use Defaults"), ("button", "Wedge")],
+    ("Create Movie...", "Create Movie"): [("text", "Frame width"), ("text", "Clock Size:"), ("button", "Start")],
 }
 EVENT = "object:state-changed:showing"
 # Where the bus of screen readers has its socket. In a folder that is shared it takes the place of another test's or the
@@ -54,21 +50,17 @@ class ScreenReaderTest(DesktopTest):
         return self.wait_until(search, f"there is a {role} {name}")
 
     def press(self, role, name, within=None):
-        actions = self.find(role, name, within).queryAction()
-        names = [actions.getName(i) for i in range(actions.nActions)]
         with contextlib.suppress(GLib.GError):  # what opens a dialog doesn't answer in time
-            actions.doAction(names.index("Press"))
+            self.find(role, name, within).queryAction().doAction(0)
 
     def test_the_program_is_used_without_looking(self):
         bus = {"DBUS_SESSION_BUS_ADDRESS": os.environ["DBUS_SESSION_BUS_ADDRESS"]}
         self.timer = self.launch(environment=bus | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
-        clock = self.find("image", "Clock")
         for (command, title), controls in CONTROLS.items():
             self.press("menu item", command)
             dialog = self.find("dialog", title)
-            for role, names in controls.items():
-                for name in names:
-                    self.find(role, name, dialog)
+            for role, name in controls:
+                self.find(role, name, dialog)
             self.press("button", "Cancel", dialog)
             self.wait_until(lambda: title not in self.desktop.windows(), f"{title} closes")
 
@@ -82,7 +74,7 @@ class ScreenReaderTest(DesktopTest):
         said = ["Stopped, 1 second left"]
         for more in ["Running, 1 second left", "Time is Up!"], ["Stopped, no time left"], []:
             self.wait_until(lambda: self.has_said(said), f"what is said is {said}")
-            self.assertEqual(clock.description, said[-1])
+            self.assertEqual(self.find("image", "Clock").description, said[-1])
             if more:
                 self.press("image", "Clock")
                 said += more

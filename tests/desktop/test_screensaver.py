@@ -14,7 +14,7 @@ class ScreenSaverTest(DesktopTest):
 
     def test_it_keeps_away_in_each_run_and_comes_on_by_itself_at_each_end(self):
         timer = self.launch()
-        for seconds, end in ((4, ()), (59, ("space",)), (59, ("ctrl+q",))):
+        for seconds, end in ((4, []), (59, ["space"]), (59, ["ctrl+q"])):
             timer.set_time(0, seconds)
             self.desktop.key("space")
             timer.wait_for("running")

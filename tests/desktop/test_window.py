@@ -1,32 +1,16 @@
-"""The frame of the timer window: what shows while it is resized, and fullscreen, there and back."""
+"""The frame of the timer window: its least size, and fullscreen, there and back."""
 
 from timer import COLOURS, DesktopTest, SetTimer
 
 BACKGROUND = COLOURS["Color_Window_Background"]
 
 
-class ResizeTest(DesktopTest):
-    def test_a_resize_never_shows_the_canvas_without_a_clock_and_has_an_end(self):
-        timer = self.launch(settings={"Color_Window_Background": 0x204060})
-        bare = 12 * BACKGROUND.to_bytes(3, "big")
-
-        def has_clock():
-            picture = self.desktop.picture(*timer.place())
-            self.assertNotIn(bare, picture.tobytes(), "the window's own background shows")
-            self.assertEqual(picture.getpixel((picture.width // 2 + 9, picture.height // 2 + 9)), (255, 255, 255))
-            return True
-
-        for step in (*range(25), *range(25, -10, -1)):
-            width, height = 500 + 24 * step, 250 + 16 * step
-            timer.window.configure(width=width, height=height + timer.bar)
-            size = max(width, 400), max(height, 150)
-            self.wait_until(lambda: has_clock() and timer.place()[2:] == size, f"the canvas is {size}")
-
-
 class FullscreenTest(DesktopTest):
     def setUp(self):
         super().setUp()
         self.timer = self.launch()
+        self.timer.window.configure(width=10, height=10)
+        self.wait_until(lambda: self.timer.place()[2:] == (400, 150), "it has its least size")
         self.timer.arrange(150, 170, 600, 350)
         self.timer.set_time(50, 0)
 
@@ -61,31 +45,26 @@ class FullscreenTest(DesktopTest):
     def test_the_exact_frame_comes_back(self):
         normal = self.frame()
         for names in ((), ("MAXIMIZED_VERT",), ("MAXIMIZED_VERT", "MAXIMIZED_HORZ")):
-            with self.subTest(maximised=names):
-                self.ask_for(True, *names)
-                self.wait_until(lambda: self.frame()[1] == set(names), "it is maximised")
-                self.desktop.settle()
-                before = self.frame()
-                self.enter()
-                self.run_and_stop()
-                dialog = SetTimer(self.timer)
-                self.wait_for_frame(before)  # the dialog lies over the window as it was
-                dialog.close(SetTimer.SET)
-                self.wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
-                self.desktop.key("ctrl+f")
-                self.wait_for_frame(before)
-                self.desktop.settle()
-                self.run_and_stop()
-                self.assertEqual(self.frame(), before)
-                self.ask_for(False, *names)
-                self.wait_for_frame(normal)
-
-    def test_a_fullscreen_that_the_window_manager_makes_is_a_large_window(self):
-        before = self.frame()
+            self.ask_for(True, *names)
+            self.wait_until(lambda: self.frame()[1] == set(names), f"it is maximised: {names}")
+            self.desktop.settle()
+            before = self.frame()
+            self.enter()
+            self.run_and_stop()
+            dialog = SetTimer(self.timer)
+            self.wait_for_frame(before)  # the dialog lies over the window as it was
+            dialog.close(SetTimer.SET)
+            self.wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
+            self.desktop.key("ctrl+f")
+            self.wait_for_frame(before)
+            self.run_and_stop()
+            self.assertEqual(self.frame(), before)
+            self.ask_for(False, *names)
+            self.wait_for_frame(normal)
         self.enter()
         self.ask_for(False, "FULLSCREEN")
-        self.wait_for_frame(before)
-        self.ask_for(True, "FULLSCREEN")
+        self.wait_for_frame(normal)
+        self.ask_for(True, "FULLSCREEN")  # the window manager's is a large window
         self.wait_until(lambda: self.timer.fills_the_screen() and self.has_bar(), "the bar has room of its own")
 
     def test_the_bar_comes_when_it_is_called(self):

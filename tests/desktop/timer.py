@@ -51,20 +51,21 @@ class Timer:
     def fills_the_screen(self):
         return self.desktop.place(self.window) == (0, 0, *self.desktop.size)
 
-    def pixel(self, x, y):
+    def on_screen(self, x, y):
         left, top, *_ = self.place()
-        return self.desktop.pixel(left + x * self.scale, top + y * self.scale)
+        return left + x * self.scale, top + y * self.scale
+
+    def pixel(self, x, y):
+        return self.desktop.pixel(*self.on_screen(x, y))
 
     def wait_for(self, state):
         self.desktop.wait_until(lambda: self.pixel(12, 18) == STATES[state], f"the timer is {state}")
 
     def move(self, x, y):
-        left, top, *_ = self.place()
-        self.desktop.move(left + x * self.scale, top + y * self.scale)
+        self.desktop.move(*self.on_screen(x, y))
 
     def click(self, x, y):
-        left, top, *_ = self.place()
-        self.desktop.click(left + x * self.scale, top + y * self.scale)
+        self.desktop.click(*self.on_screen(x, y))
 
     def arrange(self, left, top, width, height):
         """Moves the window and gives its canvas a size."""
@@ -130,7 +131,6 @@ class Dialog:
 class SetTimer(Dialog):
     """The Set Timer dialog, opened by its shortcut."""
 
-    MINUTES_UP, SECONDS_DOWN = (57, 36), (110, 49)
     CANCEL, SET = (178, 41), (250, 41)
 
     def __init__(self, timer):

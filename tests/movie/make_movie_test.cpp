@@ -218,11 +218,6 @@ TEST_F(MakeMovieTest, WhatFailsBeforeTheJobLeavesNothingBehind) {
 }
 
 TEST_F(MakeMovieTest, WhatFailsInTheJobEndsNothingButTheMovie) {
-    {
-        const FileSizeLimit fullDisk(20'000);
-        Set("30", "10", false, false);
-        ASSERT_TRUE(RunsToItsEnd());
-    }
     Set("3600", "30", false, false);
     ASSERT_TRUE(IsUnderWay());
     std::filesystem::remove(host.fileToSave);

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
-#include <random>
 #include <string>
 #include <thread>
 #include <vector>
@@ -268,10 +267,9 @@ TEST_F(MovieFileTest, OnAFullDiskAMoviePlaysAsFarAsItCame) {
 
 TEST_F(MovieFileTest, ABetterQualityTakesMoreBytes) {
     const Ref<Picture> picture = NewPicture(160, 120, 32);
-    std::minstd_rand random;
     for (Int32 i = 0; i < 2000; ++i) {
-        picture->Graphics()->ForeColor(Color{static_cast<Int32>(random() & 0xFFFFFF)});
-        picture->Graphics()->FillRect(static_cast<Int32>(random() % 160), static_cast<Int32>(random() % 120), 9, 5);
+        picture->Graphics()->ForeColor(Color{i * 123'457 & 0xFFFFFF});
+        picture->Graphics()->FillRect(i * 37 % 160, i * 53 % 120, 9, 5);
     }
     const MovieContent still{3, [&](double) { return View(*picture); }};
     for (const CodecChoice& choice : MovieLibrary::Installed().Codecs()) {

@@ -147,15 +147,6 @@ TEST_F(WindowTest, EachHandlerIsABoundaryForExceptions) {
     EXPECT_EQ(Probe::Instance().Find<EditField>("field").Text(), "aaa") << "a handler that threw has consumed a key";
 }
 
-TEST_F(WindowTest, AFaultWhileClosingEndsTheProgramWithStatus1) {
-    faulty = "Close";
-    QTimer::singleShot(0, qApp, [] { Probe::Instance().Close(); });
-    EXPECT_EQ(QCoreApplication::exec(), 1);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(Probe::alive, 0);
-    EXPECT_THAT(host.messages, IsEmpty());
-}
-
 TEST_F(WindowTest, AnInstanceLastsUntilItIsClosedAndNoHandlerOfItsOwnWaits) {
     faulty = "Layout";
     End(Probe::Instance());

@@ -1,15 +1,17 @@
 #include <gmock/gmock.h>
 
+#include <QtGui/QScreen>
 #include <QtGui/QTextBlock>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTextEdit>
 
 #include "shell/AboutWindow.h"
+#include "shell/markup.h"
 #include "shell/winHelp.h"
 #include "tests/support/TimerWindowTest.h"
 
-// The two windows that tell of the program.
+// The two windows that tell of the program, and the mark-up of their texts.
 
 namespace {
 
@@ -36,13 +38,14 @@ TEST_F(InformationTest, TheGuideShowsFromItsFirstLineAndCanOnlyBeRead) {
     EXPECT_TRUE(heading.bold() && heading.italic() && heading.pixelSize() == 12);
     EXPECT_FALSE(line.bold() || line.italic() || line.pixelSize() != 12);
 
-    for (const auto key : {Qt::Key_Delete, Qt::Key_X, Qt::Key_Return})
-        Press(guide, key, "x");
+    Press(guide, Qt::Key_X, "x");
     EXPECT_EQ(guide.toPlainText(), text);
     QScrollBar& bar = *guide.verticalScrollBar();
     EXPECT_EQ(bar.value(), 0);
     Press(guide, Qt::Key_PageDown, "");
+    guide.window()->showMinimized();
     Timer()._HelpHelp_Action();
+    EXPECT_FALSE(guide.window()->isMinimized());
     EXPECT_GT(bar.value(), 0) << "the window that is open comes forward as it is";
     winHelp::Instance().Width(700);
     winHelp::Instance().Height(300);
@@ -79,6 +82,7 @@ TEST_F(InformationTest, AboutTellsWhatTheProgramIsWithItsCreditsOrWithout) {
 TEST_F(InformationTest, AboutsPicturesAreTransparentAndItsBadgeLeadsToTheToolkit) {
     AboutWindow::Instance().Show(false);
     QWidget& badge = WidgetNamed("RBIconCanvas");
+    EXPECT_NEAR(badge.window()->geometry().center().x(), badge.screen()->availableGeometry().center().x(), 1);
     badge.window()->setPalette(Qt::green);
     for (const char* name : {"AppIconCanvas", "RBIconCanvas"}) {
         const QWidget& canvas = WidgetNamed(name);
@@ -93,6 +97,28 @@ TEST_F(InformationTest, AboutsPicturesAreTransparentAndItsBadgeLeadsToTheToolkit
     EXPECT_TRUE(badge.isVisible());
     Press(*badge.window(), Qt::Key_Escape, "\x1b");
     EXPECT_FALSE(badge.isVisible());
+}
+
+TEST(MarkupTest, EachTagAppliesToAllThatFollows) {
+    const TextStyle plain{false, false, 12}, bold{true, false, 12}, italic{false, true, 12}, both{true, true, 12},
+        large{false, false, 14}, none{false, false, 0};
+    const std::pair<const char*, StyledText> rows[] = {
+        {"<b><font size=\"14\">Title</font></b>\rText", {{"Title", {true, false, 14}}, {"\rText", plain}}},
+        {"a<i>b<b>c</i>d</b>e", {{"a", plain}, {"b", italic}, {"c", both}, {"d", bold}, {"e", plain}}},
+        {"<b>a<b>b</b>c</b>d", {{"ab", bold}, {"cd", plain}}},
+        {"<font size=\"14\">a<font size=\"10\">b</font>c</font>d",
+         {{"a", large}, {"b", {false, false, 10}}, {"cd", large}}},
+        {"a</font>b", {{"a", plain}, {"b", none}}},
+        {"<font size=10>b", {{"b", none}}},
+        {"<font name=\"9.9pt\" size=\"14\">a", {{"a", {false, false, 9}}}},
+        {"a<u>b</u>c<>d<B>e<bold>f< b>g<b one two>h", {{"abcdefg", plain}, {"h", bold}}},
+        {"1 < 2, 3 > 2", {{"1  2", plain}}},
+        {"a > b <i>é€😀</i>", {{"a > b ", plain}, {"é€😀", italic}}},
+        // A tag that is never closed is text.
+        {"> <b>a<i", {{"> ", plain}, {"a<i", bold}}},
+    };
+    for (const auto& [markup, runs] : rows)
+        EXPECT_EQ(ParseMarkup(markup, 12), runs) << markup;
 }
 
 }  // namespace
