@@ -38,8 +38,6 @@ class TimerTest : public TimerWindowTest {
 };
 
 TEST_F(TimerTest, GoesThroughItsStatesAndHoldsOffTheScreenSaverDuringTheRunAlone) {
-    Timer().ToggleTimer();
-    ExpectState(false, false, "Stopped, no time left");
     StartFrom(62);
     ExpectState(true, false, "Running, 1 minute 2 seconds left");
     TickAfter(61);
@@ -55,10 +53,10 @@ TEST_F(TimerTest, GoesThroughItsStatesAndHoldsOffTheScreenSaverDuringTheRunAlone
                                         "InhibitScreenSaver", "DelayScreenSaver", "ReleaseScreenSaver"));
     host.calls.clear();
     ASSERT_TRUE(Eventually([this] { return !host.calls.empty(); }));
-    Timer().ToggleTimer();
-    ExpectState(false, false, "Stopped, no time left");
-    Timer().ToggleTimer();
-    ExpectState(false, false, "Stopped, no time left");
+    for (int i = 0; i < 2; ++i) {  // once more doesn't start an empty one
+        Timer().ToggleTimer();
+        ExpectState(false, false, "Stopped, no time left");
+    }
     EXPECT_THAT(host.calls, ElementsAre("Beep"));
 }
 

@@ -44,15 +44,13 @@ class Desktop:
     def start_server(self, stack):
         """With a number given: a server that looks for a free one may take the socket of another."""
         self.name = f":{100 + os.getpid() % 50000}"
-        log = self.home / "server.log"
         reader, writer = os.pipe()
         screen = "{}x{}x24".format(*self.size)
         command = ["Xvfb", self.name, "-displayfd", f"{writer}", "-nolisten", "tcp", "-screen", "0", screen]
-        with log.open("w") as errors:
-            start(stack, command, end_by=signal.SIGTERM, pass_fds=[writer], stderr=errors)
+        start(stack, command, end_by=signal.SIGTERM, pass_fds=[writer])
         os.close(writer)
         with open(reader) as answer:
-            assert answer.readline(), "the X server has not started: " + log.read_text()
+            assert answer.readline(), "the X server has not started"
 
     def environment(self, home, **more):
         """For a program that is to find nothing but this desktop and an empty home."""

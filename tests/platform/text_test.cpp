@@ -53,7 +53,6 @@ TEST(TextTest, PiecesAreCutAndMade) {
 
 TEST(VariantTest, OnlySixDigitsAreAColor) {
     EXPECT_EQ(Variant("#fFa001").ColorValue(), Color{0xFFA001});
-    EXPECT_EQ(Variant("00FF10").ColorValue(), Color{0x00FF10});
     for (const char* text : {"#", "#FFFFFFF", "##FFFFF", "-12345", "0xFFFF", "#GGGGGG"})
         EXPECT_EQ(Variant(text).ColorValue(), Color{}) << text;
 }

@@ -7,7 +7,7 @@
 #include <QtWidgets/QTextEdit>
 
 #include "shell/AboutWindow.h"
-#include "shell/markup.h"
+#include "shell/InformationWindow.h"
 #include "shell/winHelp.h"
 #include "tests/support/TimerWindowTest.h"
 
@@ -37,7 +37,6 @@ TEST_F(InformationTest, TheGuideShowsFromItsFirstLineAndCanOnlyBeRead) {
     EXPECT_TRUE(title.bold() && title.pixelSize() == 14);
     EXPECT_TRUE(heading.bold() && heading.italic() && heading.pixelSize() == 12);
     EXPECT_FALSE(line.bold() || line.italic() || line.pixelSize() != 12);
-
     Press(guide, Qt::Key_X, "x");
     EXPECT_EQ(guide.toPlainText(), text);
     QScrollBar& bar = *guide.verticalScrollBar();

@@ -69,11 +69,10 @@ TEST_F(MenuTest, EachPassFollowsTheState) {
             pass();
             EXPECT_EQ(Items().at("Ctrl+R")->text(), caption);
             EXPECT_EQ(Items().size(), kAlways.size() + kWhileStopped.size() + kEdit.size());
-            for (const auto& [name, item] : Items()) {
-                EXPECT_EQ(item->isEnabled(),
-                          kAlways.contains(name) || (kWhileStopped.contains(name) && !isRunning && !isDone))
+            const bool isStopped = !isRunning && !isDone;
+            for (const auto& [name, item] : Items())
+                EXPECT_EQ(item->isEnabled(), kAlways.contains(name) || (isStopped && kWhileStopped.contains(name)))
                     << caption << ": " << name.toStdString();
-            }
         }
     }
 }
@@ -129,13 +128,10 @@ TEST_F(MenuTest, EditItemsActOnTheFocusedField) {
     Timer();
     auto& field = FieldWindow::Instance().Find<EditField>("field");
     ASSERT_TRUE(Eventually([] { return QApplication::focusWidget(); }));
-    for (const auto& [command, text] : {std::pair("Ctrl+A", "text"),
-                                        {"Ctrl+C", "text"},
-                                        {"Delete", ""},
-                                        {"Ctrl+V", "text"},
-                                        {"Ctrl+A", "text"},
-                                        {"Ctrl+X", ""},
-                                        {"Ctrl+Z", "text"}}) {
+    const std::pair<const char*, const char*> rows[] = {{"Ctrl+A", "text"}, {"Ctrl+C", "text"}, {"Delete", ""},
+                                                        {"Ctrl+V", "text"}, {"Ctrl+A", "text"}, {"Ctrl+X", ""},
+                                                        {"Ctrl+Z", "text"}};
+    for (const auto& [command, text] : rows) {
         Choose(command);
         EXPECT_EQ(field.Text(), text) << command;
     }

@@ -41,7 +41,6 @@ TEST_F(SetTimerTest, ArrowsCarryAndStop) {
         const char* focused;
     };
     const Row rows[] = {
-        {"00:30", "aMin", true, "01:30", "eMin"},
         {"59:30", "aMin", true, "60:00", "eMin"},
         {"00:30", "aMin", false, "00:00", "eMin"},
         {"59:59", "aSec", true, "60:00", "eSec"},
@@ -52,7 +51,6 @@ TEST_F(SetTimerTest, ArrowsCarryAndStop) {
         {"abc:", "aMin", true, "01:", "eMin"},
         {"999:30", "aMin", false, "998:30", "eMin"},
         {"2147483647:0", "aMin", true, "60:00", "eMin"},
-        {"0:-2147483648", "aSec", false, "00:00", "eSec"},
     };
     for (const auto& [before, arrows, isUp, after, focused] : rows) {
         SCOPED_TRACE(before);
@@ -79,7 +77,6 @@ TEST_F(SetTimerTest, KeysAreJudgedBeforeTheFieldGetsThem) {
         // The digit is judged at the end and inserted at the caret; a refused one leaves the text.
         {"1:30", "eMin", 0, "9", "91:30"},
         {"9:30", "eMin", 0, "1", "9:30"},
-        {"67:30", "eMin", kSelected, "6", "6:30"},
         // What completes 60 leaves the seconds alone; the next digit clears them.
         {"00:30", "eMin", kSelected, "60", "60:30"},
         {"60:30", "eMin", 2, "0", "60:00"},
@@ -102,18 +99,6 @@ TEST_F(SetTimerTest, KeysAreJudgedBeforeTheFieldGetsThem) {
     }
 }
 
-TEST_F(SetTimerTest, AFieldThatLosesTheFocusShowsTwoDigits) {
-    for (const auto& [before, minutesLeft, bothLeft] :
-         {std::tuple(":", "00:", "00:00"), {"7:058", "07:058", "07:58"}, {"999:é", "999:é", "999:00"}}) {
-        Field("eMin").setFocus();
-        Put(before);
-        QTest::keyClick(&Field("eMin"), Qt::Key_Tab);
-        EXPECT_EQ(Shown(), minutesLeft);
-        QTest::keyClick(&Field("eSec"), Qt::Key_Backtab);
-        EXPECT_EQ(Shown(), bothLeft);
-    }
-}
-
 TEST_F(SetTimerTest, SetTakesWhatTheFieldsHoldAndTheNextOpeningShowsIt) {
     constexpr Int32 kLowest = std::numeric_limits<Int32>::min();
     for (const auto& [time, seconds, reopened] :
@@ -128,8 +113,11 @@ TEST_F(SetTimerTest, SetTakesWhatTheFieldsHoldAndTheNextOpeningShowsIt) {
         Open();
         EXPECT_EQ(Shown(), reopened);
     }
-    Put("12:34");
+    Put("7:é");
+    QTest::keyClick(&Field("eMin"), Qt::Key_Tab);
+    EXPECT_EQ(Shown(), "07:é") << "a field that loses the focus shows two digits";
     WidgetNamed("btnCancel").setFocus();
+    EXPECT_EQ(Shown(), "07:00");
     QTest::keyClick(&WidgetNamed("btnCancel"), Qt::Key_Return);
     EXPECT_EQ(Timer().CurrentSeconds, kLowest);
     EXPECT_THAT(host.messages, testing::IsEmpty());
