@@ -28,7 +28,6 @@ class winMain final : public Window, public ClockColours {
   public:
     /// What a full turn of the clock means.
     static constexpr Int32 kSecondsPerTurn = 3600;
-    /// From one tick, and from one beep of the alert, to the next.
     static constexpr Int32 kTickMilliseconds = 250;
     static constexpr Int32 kBeepMilliseconds = 1000;
 
@@ -38,9 +37,8 @@ class winMain final : public Window, public ClockColours {
     // The count-down (core/winMain_countdown.cpp). The remaining time is never counted down: each tick computes it from
     // the clock and the two values that Start has kept.
     bool IsRunning = false;
-    /// The remaining time at the latest Start, in seconds.
+    /// The remaining time and the clock at the latest Start.
     Int32 StartSeconds = 0;
-    /// The clock at the latest Start, in microseconds.
     Int64 StartMicroSeconds = 0;
     double CurrentMinutes = 0;
     /// The time last confirmed in the Set Timer dialog, its memory; they don't steer the count.
@@ -60,7 +58,8 @@ class winMain final : public Window, public ClockColours {
     /// Enters and leaves the alert.
     void Done();
     void Dismiss();
-    /// Asks for a repaint of the clock.
+    /// Asks for a repaint of the clock, and lets a screen reader ask for the words again when the time has been set, or
+    /// has come to another minute.
     void UpdateDisplay();
     void TimerRun_Action();
     void TimerDone_Action();
@@ -75,12 +74,9 @@ class winMain final : public Window, public ClockColours {
     void cvTime_Paint(const Ref<Graphics>& g);
 
     // What a screen reader is told of the count-down (core/winMain_countdown.cpp).
-    /// The state and the remaining time in words.
     std::string InWords() const;
     /// Has the state said that has just been entered, or the time that has just been set.
     void AnnounceState();
-    /// Lets the words be asked for again when the time has been set, or has come to another minute.
-    void RenewWords();
 
     // The window and its input (core/winMain.cpp).
     bool cvTime_MouseDown(Int32 x, Int32 y);

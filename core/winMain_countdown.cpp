@@ -67,9 +67,12 @@ void winMain::Dismiss() {
     AnnounceState();
 }
 
+// While it runs the words change once a minute, since each tick would be too much talk. Nothing is said: whoever wants
+// to know the time asks for it.
 void winMain::UpdateDisplay() {
     Find<Canvas>("cvTime").Refresh(false);
-    RenewWords();
+    const Int32 told = IsRunning ? CurrentSeconds / 60 * 60 : CurrentSeconds;
+    if (std::exchange(mToldSeconds, told) != told) Find<Canvas>("cvTime").DescriptionChanged();
 }
 
 // The clock is repainted at each tick in every state, so that a changed colour shows within a quarter of a second.
@@ -95,10 +98,3 @@ std::string winMain::InWords() const {
 }
 
 void winMain::AnnounceState() { Find<Canvas>("cvTime").Announce(InWords()); }
-
-// While it runs once a minute, since each tick would be too much talk. Nothing is said: whoever wants to know the time
-// asks for it.
-void winMain::RenewWords() {
-    const Int32 told = IsRunning ? CurrentSeconds / 60 * 60 : CurrentSeconds;
-    if (std::exchange(mToldSeconds, told) != told) Find<Canvas>("cvTime").DescriptionChanged();
-}

@@ -5,16 +5,15 @@
 
 namespace {
 
-using Slot = Ref<Picture>;
-
-Ref<Picture> Loaded(Slot& slot, const std::string& fileName, Ref<Picture> (*mask)() = nullptr) {
+Ref<Picture> Loaded(Ref<Picture>& slot, const std::string& fileName, Ref<Picture> (*mask)() = nullptr) {
     if (slot) return slot;
     if (const Ref<FolderItem> file = Resource(fileName)) slot = file->OpenAsPicture();
     if (slot && mask) ApplyMask(slot, mask());
     return slot;
 }
 
-Slot run_icon, pause_icon, alert_icon, run_mask, pause_mask, alert_mask, about_icon, about_mask, badge, badge_mask;
+Ref<Picture> run_icon, pause_icon, alert_icon, run_mask, pause_mask, alert_mask, about_icon, about_mask, badge,
+    badge_mask;
 
 }  // namespace
 
