@@ -6,8 +6,8 @@
 #include "core/winMain.h"
 #include "platform/Values.h"
 
-/// The frames of the movie of a count-down. They are numbered backwards: frame Count() comes first, frame 0 last, so
-/// there is one more than Count() says. Pure arithmetic.
+/// The frames of the movie of a count-down. They are numbered backwards: frame Count() comes first; frame 0 comes last,
+/// and says that time is up. So there is one more than Count() says. Pure arithmetic.
 class FrameSequence {
   public:
     /// `startTime` in seconds, `frameRate` in frames per second.
@@ -20,8 +20,6 @@ class FrameSequence {
     /// The remaining time that frame i shows, in seconds. The quotient is cut as it falls: one just under a whole
     /// number shows a second less. A start between two frames begins above the full time, so the clock is held at full.
     Int32 Seconds(Int32 i) const { return ToInt32(std::min<double>(winMain::kSecondsPerTurn, i / frameRate_)); }
-    /// Whether frame i says that time is up.
-    static bool ShowsTimeUp(Int32 i) { return i == 0; }
 
   private:
     double frameRate_;

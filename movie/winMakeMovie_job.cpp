@@ -114,7 +114,7 @@ void winMakeMovie::RenderFrames() {
     for (Int32 i = frames.Count(); i >= 0 && !Cancel; --i) {
         progress.Value(frames.Count() - i);
         progress.Refresh(true);
-        winMain::Instance().Redraw(graphics, frames.Seconds(i), Scale, true, FrameSequence::ShowsTimeUp(i));
+        winMain::Instance().Redraw(graphics, frames.Seconds(i), Scale, true, i == 0);
         t->AppendPicture(picture);
         Thread::Yield();
     }

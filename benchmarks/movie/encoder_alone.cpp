@@ -48,8 +48,7 @@ class Painter {
         constexpr double kScale = 0.9;
         std::vector<Pixels> drawn;
         for (; count > 0 && next_ >= 0; --count, --next_) {
-            winMain::Instance().Redraw(picture_->Graphics(), frames_.Seconds(next_), kScale, true,
-                                       FrameSequence::ShowsTimeUp(next_));
+            winMain::Instance().Redraw(picture_->Graphics(), frames_.Seconds(next_), kScale, true, next_ == 0);
             const auto pixels = picture_->Bits();
             drawn.emplace_back(pixels.begin(), pixels.end());
         }

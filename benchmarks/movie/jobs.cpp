@@ -74,7 +74,7 @@ double RunDistinct(const MovieJob& job, RecordingHost& host) {
     const Ref<Graphics> graphics = picture->Graphics();
     const FrameSequence frames(job.startTime, job.settings.frameRate);
     for (Int32 i = frames.Count(); i >= 0; --i) {
-        winMain::Instance().Redraw(graphics, frames.Seconds(i), kScale, true, FrameSequence::ShowsTimeUp(i));
+        winMain::Instance().Redraw(graphics, frames.Seconds(i), kScale, true, i == 0);
         graphics->ForeColor(CornerColour(i));
         graphics->FillRect(0, 0, 1, 1);
         graphics->FillRect(job.width - 1, job.height - 1, 1, 1);
