@@ -37,13 +37,13 @@ QString Readable(const QString& filter) {
     return type.isValid() ? type.comment() + filter.mid(name.size()) : filter;
 }
 
+void RingBell() { QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::QueuedConnection); }
+
 }  // namespace
 
 DesktopHost::DesktopHost(const std::string& applicationId, const std::string& name,
                          const std::filesystem::path& alertSound)
-    : desktopSaver_(applicationId, name), alertSound_(applicationId, name, alertSound, [] {
-          QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::QueuedConnection);
-      }) {}
+    : desktopSaver_(applicationId, name), alertSound_(applicationId, name, alertSound, RingBell) {}
 
 double DesktopHost::Microseconds() {
     timespec now{};
