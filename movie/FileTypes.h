@@ -6,10 +6,18 @@
 /// The types of the files that the program writes.
 namespace FileTypes {
 
+inline Ref<FileType> pQuicktime;
+
 /// Makes them; called once, before any window exists.
-void _Initialize();
+inline void _Initialize() {
+    pQuicktime = MakeRef<FileType>();
+    pQuicktime->Name("video/quicktime");
+    pQuicktime->Extensions(".moov;.mov;.qt;.mqv");
+    pQuicktime->MacType("MooV");
+    pQuicktime->MacCreator("TVOD");
+}
 
 /// A movie. Nil before _Initialize.
-Ref<FileType> Quicktime();
+inline Ref<FileType> Quicktime() { return pQuicktime; }
 
 }  // namespace FileTypes

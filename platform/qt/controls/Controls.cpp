@@ -1,5 +1,9 @@
+#include <QtCore/QEvent>
+#include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
+#include <QtWidgets/QGroupBox>
+#include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleOptionButton>
@@ -9,6 +13,7 @@
 #include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/drawing/Styles.h"
 #include "platform/qt/events/EventBoundary.h"
+#include "platform/qt/events/MainThread.h"
 
 namespace {
 
@@ -77,6 +82,31 @@ class ArrowsWidget final : public QWidget {
     ArrowButton down_;
 };
 
+/// While the group is disabled, its window has the focus. Otherwise whatever control comes next would get it, so that a
+/// Return too many presses a button that nobody has chosen.
+class GroupWidget final : public QGroupBox {
+  public:
+    GroupWidget() {
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+            if (isAncestorOf(now)) lastFocused_ = now;
+        });
+    }
+
+  protected:
+    void changeEvent(QEvent* event) override {
+        QGroupBox::changeEvent(event);
+        if (event->type() != QEvent::EnabledChange) return;
+        if (!isEnabled()) {
+            window()->setFocus();
+        } else if (lastFocused_ && window()->focusWidget() == window()) {
+            lastFocused_->setFocus();
+        }
+    }
+
+  private:
+    QPointer<QWidget> lastFocused_;
+};
+
 }  // namespace
 
 PushButton::PushButton() : RectControl(std::make_unique<Peer>(new ButtonWidget)) {
@@ -106,4 +136,31 @@ UpDownArrows::UpDownArrows() : RectControl(std::make_unique<Peer>(new ArrowsWidg
 
 void UpDownArrows::AccessibleName(const std::string& name) {
     WidgetOf<ArrowsWidget>(*this).SetName(QString::fromStdString(name));
+}
+
+GroupBox::GroupBox() : RectControl(std::make_unique<Peer>(new GroupWidget)) {
+    WidgetOf<GroupWidget>(*this).setFont(FontNamed("System"));
+}
+
+void GroupBox::Caption(const std::string& caption) {
+    WidgetOf<GroupWidget>(*this).setTitle(QString::fromStdString(caption));
+}
+
+ProgressBar::ProgressBar() : RectControl(std::make_unique<Peer>(new QProgressBar)) {
+    auto& bar = WidgetOf<QProgressBar>(*this);
+    bar.setTextVisible(false);
+    bar.setValue(0);
+}
+
+void ProgressBar::Maximum(Int32 maximum) {
+    auto& bar = WidgetOf<QProgressBar>(*this);
+    OnMainThread(
+        bar, [&bar, maximum] { bar.setRange(0, maximum); }, "Maximum");
+}
+
+Int32 ProgressBar::Value() const { return WidgetOf<QProgressBar>(*this).value(); }
+void ProgressBar::Value(Int32 value) {
+    auto& bar = WidgetOf<QProgressBar>(*this);
+    OnMainThread(
+        bar, [&bar, value] { bar.setValue(value); }, "Value");
 }
