@@ -19,13 +19,10 @@ constexpr Int32 kMarks = 60;
 
 /// Where the clock lies on a surface. The centre keeps its half pixel here; shapes are placed without it.
 struct Face {
-    Face(const Graphics& g, double scale)
-        : cx(g.Width() / 2.0), cy(g.Height() / 2.0), diameter(Drawn(std::min(g.Width(), g.Height()) * scale)) {}
-
-    /// The nominal diameter less the half of the ring that lies outside it.
-    static double Drawn(double nominal) {
-        constexpr double kPercent = targets::kWiderClockMargin ? 6 : 3;
-        return nominal - kPercent * nominal / 100;
+    Face(const Graphics& g, double scale) : cx(g.Width() / 2.0), cy(g.Height() / 2.0) {
+        constexpr double kOutside = targets::kWiderClockMargin ? 6 : 3;  // in percent: the outer half of the ring
+        const double nominal = std::min(g.Width(), g.Height()) * scale;
+        diameter = nominal - kOutside * nominal / 100;
     }
 
     Int32 X() const { return ToInt32(cx); }

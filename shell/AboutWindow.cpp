@@ -1,7 +1,6 @@
 #include "shell/AboutWindow.h"
 
 #include "platform/Canvas.h"
-#include "platform/Controls.h"
 #include "platform/Host.h"
 #include "platform/Picture.h"
 #include "platform/Text.h"
