@@ -1,7 +1,6 @@
 #include "colour/winPrefs.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "colour/SmartColorWell.h"
 #include "core/winMain.h"
@@ -11,7 +10,7 @@ namespace {
 
 /// One of the four colours: its well, the label beside it, and where the colour is kept.
 struct Role {
-    std::string_view well;
+    const char* well;
     Int32 left, top, tabIndex, labelTabIndex;
     const char* label;
     const char* text;
@@ -50,7 +49,7 @@ void winPrefs::Layout() {
 
 void winPrefs::_CreateControls0() {
     for (const Role& role : kRoles) {
-        auto& well = AddControl<SmartColorWell>(std::string(role.well), role.left, role.top, 32, 32, role.tabIndex);
+        auto& well = AddControl<SmartColorWell>(role.well, role.left, role.top, 32, 32, role.tabIndex);
         well.ColorChange = [this, changed = role.changed](Color c) { (this->*changed)(c); };
         AddLabel(role.label, role.text, role.left + 66, role.top + 3, 95, 20, role.labelTabIndex).LabelFor(well);
     }
@@ -72,7 +71,7 @@ void winPrefs::Event_Open() {
 // A well that changes here writes the same colour back, which does no harm.
 void winPrefs::SetButtons() {
     for (const Role& role : kRoles)
-        Find<SmartColorWell>(std::string(role.well)).setColor(winMain::Instance().*role.onClock);
+        Find<SmartColorWell>(role.well).setColor(winMain::Instance().*role.onClock);
 }
 
 void winPrefs::TakeFrom(const std::string& well) {

@@ -64,15 +64,9 @@ double Val(std::string_view text) {
 }
 
 std::string Str(double number) {
-    // Sizes that people use stand in plain digits: 100000, where the very shortest form would be "1e+05".
-    const double size = std::abs(number);
-    const bool isPlain = number == 0 || (size >= 1e-5 && size < 1e15);
-
-    std::array<char, 32> digits;
+    std::array<char, 400> digits;  // the tiniest numbers take 327
     char* const end = digits.data() + digits.size();
-    const auto written = isPlain ? std::to_chars(digits.data(), end, number, std::chars_format::fixed)
-                                 : std::to_chars(digits.data(), end, number);
-    return std::string(digits.data(), written.ptr);
+    return {digits.data(), std::to_chars(digits.data(), end, number, std::chars_format::fixed).ptr};
 }
 
 std::string Format(double number, std::string_view mask) {
