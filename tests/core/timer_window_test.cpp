@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <malloc.h>
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QMenuBar>
@@ -108,22 +107,6 @@ TEST_F(TimerTest, FullscreenShowsTheMenuBarAtTheTopAndGivesTheFrameBack) {
     Timer()._ViewToggleFullscreen_Action();
     window.setWindowState(Qt::WindowNoState);
     EXPECT_TRUE(window.isFullScreen()) << "asked for again: that was the answer to something before";
-}
-
-TEST_F(TimerTest, AnHourOfTicksLeavesNothingBehind) {
-    const auto bytesAfterAnHour = [this] {
-        StartFrom(3600);
-        for (int tick = 1; !Timer().IsDone; ++tick) {
-            TickAfter(0.25);
-            if (tick % 100 == 0) QCoreApplication::processEvents();  // the clock is painted
-        }
-        Timer().ToggleTimer();
-        host.calls.clear();
-        return mallinfo2().uordblks;
-    };
-    bytesAfterAnHour();  // by then everything has been drawn once, and what is kept for good is there
-    const auto before = bytesAfterAnHour();
-    EXPECT_LT(bytesAfterAnHour(), before + 32'768) << "14,400 ticks";
 }
 
 }  // namespace

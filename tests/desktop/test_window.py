@@ -53,7 +53,7 @@ class FullscreenTest(DesktopTest):
             self.run_and_stop()
             dialog = SetTimer(self.timer)
             self.wait_for_frame(before)  # the dialog lies over the window as it was
-            dialog.close(SetTimer.SET)
+            dialog.close(*SetTimer.SET)
             self.wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
             self.desktop.key("ctrl+f")
             self.wait_for_frame(before)

@@ -110,14 +110,12 @@ class Dialog:
     def wait_for_keys(self):
         self.wait_until(lambda: self.desktop.has_keys(self.window), f"{self.title} has the keyboard")
 
-    def click(self, *places):
+    def click(self, x, y):
         (left, top, *_), scale = self.desktop.place(self.window), self.timer.scale
-        for x, y in places:
-            self.desktop.click(left + x * scale, top + y * scale)
+        self.desktop.click(left + x * scale, top + y * scale)
 
-    def close(self, *places):
-        """By clicks, the last of which closes it."""
-        self.click(*places)
+    def close(self, x, y):
+        self.click(x, y)
         self.wait_closed()
 
     def wait_closed(self):
@@ -152,5 +150,5 @@ class DesktopTest(unittest.TestCase):
 
     def assert_stopped(self, timer):
         """That no input before has started the timer: only a stopped one opens Set Timer."""
-        SetTimer(timer).close(SetTimer.CANCEL)
+        SetTimer(timer).close(*SetTimer.CANCEL)
         timer.wait_for("stopped")

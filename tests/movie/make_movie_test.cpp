@@ -99,27 +99,19 @@ TEST_F(MakeMovieTest, TheFieldsAreJudgedAndRaisedAndTheSizeFollowsThemAsTheyStan
     start.clear();
     QTest::keyClicks(&start, "3-6,0a1");
     EXPECT_EQ(start.text(), "360");
-    QTest::keyClicks(&start, "0");
     Set("3600", "30 a second", false, false);
     Field("eSizeX").Text("1920");
     Field("eSizeY").Text("1080");
     EXPECT_EQ(size(), "Uncompressed movie file size: 640,722.7MB");
     host.fileToSave.clear();
-    const struct {
-        const char* name;
-        const char* entered;
-        const char* shown;
-    } rows[] = {{"eSizeX", "31", "32"},
-                {"eSizeY", "320.9", "320"},
-                {"eFrameRate", "0", "0.016666666666666"},
-                {"eScale", "abc", "1"},
-                {"eScale", "33.5", "34"}};
-    for (const auto& [name, entered, shown] : rows) {
-        Field(name).Text(entered);
-        Dialog().bStart_Action();
-        EXPECT_EQ(Field(name).Text(), shown) << name;
-    }
-    EXPECT_TRUE(IsIdle());
+    Field("eSizeX").Text("31");
+    Field("eSizeY").Text("320.9");
+    Field("eFrameRate").Text("0");
+    Field("eScale").Text("33.5");
+    Dialog().bStart_Action();
+    EXPECT_EQ(Field("eSizeX").Text() + " x " + Field("eSizeY").Text(), "32 x 320");
+    EXPECT_EQ(Field("eFrameRate").Text(), "0.016666666666666");
+    EXPECT_EQ(Field("eScale").Text(), "34");
 }
 
 TEST_F(MakeMovieTest, FramesAreTheClockFromTheFullTimeToTimeIsUpInOneMovieAfterTheOther) {

@@ -33,9 +33,8 @@ class PackageTest(DesktopTest):
         folder = pathlib.Path(self.stack.enter_context(tempfile.TemporaryDirectory(prefix="package-")))
         run(os.environ["CPACK"], "--config", pathlib.Path(os.environ["BUILD"], "CPackConfig.cmake"), "-B", folder / "made")
         (package,) = (folder / "made").glob("*.deb")
-        depends = run("dpkg-deb", "--field", package, "Depends")
-        for library in ("libqt6widgets6", "libqt6dbus6", "libavformat", "libcanberra0", "libxcb-screensaver0"):
-            self.assertIn(library, depends)
+        for library in ("libqt6widgets6", "libavformat", "libcanberra0", "libxcb-screensaver0"):
+            self.assertIn(library, run("dpkg-deb", "--field", package, "Depends"))
 
         root, usr = folder / "root", folder / "root/usr"
         for name in ("info", "updates", "triggers"):

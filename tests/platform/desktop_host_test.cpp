@@ -1,20 +1,26 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
-#include <unistd.h>
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVirtualObject>
 #include <atomic>
-#include <chrono>
+#include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/FolderItem.h"
 #include "platform/linux/AlertSound.h"
+#include "platform/linux/DBusInhibitor.h"
 #include "platform/qt/dialogs/DesktopHost.h"
 #include "tests/support/Files.h"
+#include "tests/support/Input.h"
 #include "tests/support/RecordingHost.h"
+
+// Runs on a session bus of its own (dbus-run-session), where nobody but the services made here answers.
 
 namespace fs = std::filesystem;
 
@@ -47,25 +53,107 @@ TEST_F(StorageTest, ThePreferencesFolderFollowsTheEnvironmentAndIsTheUsersAlone)
         EXPECT_EQ(fs::status(folder / made).permissions(), fs::perms::owner_all) << made;
 }
 
-// A service that takes connections and never says a word.
-TEST_F(StorageTest, ASoundServiceThatHangsHoldsUpNothingAndTheBellRings) {
-    const int listening = socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
-    (folder / "silent").string().copy(address.sun_path, sizeof address.sun_path - 1);
-    ASSERT_EQ(bind(listening, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-    ASSERT_EQ(listen(listening, 5), 0);
-    setenv("PULSE_SERVER", ("unix:" + (folder / "silent").string()).c_str(), 1);
+TEST_F(StorageTest, WithoutASoundServiceTheBellRings) {
+    setenv("PULSE_SERVER", "unix:/nowhere", 1);
+    std::atomic<int> rings = 0;
+    AlertSound sound("org.example.test", "Test", "", [&rings] { ++rings; });
+    sound.Play();
+    EXPECT_TRUE(Eventually([&rings] { return rings == 1; }));
+}
 
-    const auto begin = std::chrono::steady_clock::now();
-    auto rings = std::make_shared<std::atomic<int>>(0);
-    {
-        AlertSound sound("org.example.test", "Test", "", [rings] { ++*rings; });
-        sound.Play();
-        sound.Play();
-        EXPECT_EQ(*rings, 1) << "the first one still waits for the service";
+using Calls = std::vector<std::string>;
+
+/// Services that own names of the session bus, and write down what they are told. GNOME's grants nothing.
+class Services : public QDBusVirtualObject {
+  public:
+    explicit Services(const QStringList& names) {
+        EXPECT_TRUE(bus_.registerVirtualObject("/", this, QDBusConnection::SubPath));
+        for (const QString& name : names)
+            EXPECT_TRUE(bus_.registerService(name));
     }
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
-    close(listening);
+    ~Services() override { QDBusConnection::disconnectFromBus(bus_.name()); }
+
+    void Answer() {
+        for (const auto& call : std::exchange(waiting_, {})) {
+            QVariant grant(++grants_);
+            if (call.path().contains("portal")) grant.setValue(QDBusObjectPath("/request"));
+            const bool isRefused = call.path().contains("gnome");
+            bus_.send(isRefused ? call.createErrorReply(QDBusError::Failed, "no") : call.createReply(grant));
+        }
+    }
+    /// What has come since the last time, and nothing but that.
+    void Expect(const Calls& expected) {
+        // Once for our answers to arrive, and once more for what they lead to.
+        const auto settle = QDBusMessage::createMethodCall(bus_.baseService(), "/", "org.example.Test", "Settle");
+        for (int i = 0; i < 2; ++i)
+            QDBusConnection::sessionBus().call(settle, QDBus::BlockWithGui);
+        EXPECT_EQ(std::exchange(calls_, {}), expected);
+    }
+
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override {
+        if (call.member() == "Settle") return bus.send(call.createReply());
+        QString words = call.path() + ' ' + call.member();
+        for (const QVariant& argument : call.arguments())
+            words += ' ' + argument.toString();
+        calls_.push_back(words.toStdString());
+        if (call.member() == "Inhibit") waiting_.push_back(call);
+        return true;
+    }
+
+  private:
+    QDBusConnection bus_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "services");
+    Calls calls_;
+    std::vector<QDBusMessage> waiting_;
+    uint grants_ = 0;
+};
+
+const QString kSaver = "org.freedesktop.ScreenSaver";
+const Calls kAsked{"/org/freedesktop/ScreenSaver Inhibit timer why"};
+
+TEST(DBusInhibitorTest, EveryServiceIsAskedOnceAndGetsItsOwnGrantBackOnceASandboxsPortalAlone) {
+    Services services({kSaver, "org.freedesktop.PowerManagement", "org.gnome.SessionManager", "org.mate.SessionManager",
+                       "org.freedesktop.portal.Desktop"});
+    DBusInhibitor inhibitor("timer", "why");
+    inhibitor.Inhibit();
+    inhibitor.Inhibit();
+    services.Expect({kAsked[0], "/org/freedesktop/PowerManagement/Inhibit Inhibit timer why",
+                     "/org/gnome/SessionManager Inhibit timer 0 why 8",
+                     "/org/mate/SessionManager Inhibit timer 0 why 8"});
+    services.Answer();
+    services.Expect({});
+    inhibitor.Release();
+    inhibitor.Release();
+    services.Expect({"/org/freedesktop/ScreenSaver UnInhibit 1", "/org/freedesktop/PowerManagement/Inhibit UnInhibit 2",
+                     "/org/mate/SessionManager Uninhibit 4"});
+    qputenv("SNAP", "/snap/timer/1");
+    {
+        DBusInhibitor sandboxed("timer", "why");
+        sandboxed.Inhibit();
+        services.Expect({"/org/freedesktop/portal/desktop Inhibit  8 "});
+        services.Answer();
+        services.Expect({});
+    }
+    services.Expect({"/request Close"});
+    qunsetenv("SNAP");
+}
+
+TEST(DBusInhibitorTest, AGrantIsGivenBackHoweverLateAndToNobodyElse) {
+    auto services = std::make_unique<Services>(QStringList{kSaver});
+    DBusInhibitor inhibitor("timer", "why");
+    for (int run = 1; run <= 2; ++run) {
+        inhibitor.Release();
+        inhibitor.Inhibit();
+        services->Expect(kAsked);
+    }
+    services->Answer();
+    services->Expect({"/org/freedesktop/ScreenSaver UnInhibit 1"});
+    services.reset();
+    services = std::make_unique<Services>(QStringList{kSaver});
+    services->Expect(kAsked);  // it has come in the midst of a run
+    services->Answer();
+    inhibitor.Release();
+    services->Expect({"/org/freedesktop/ScreenSaver UnInhibit 1"});
 }
 
 }  // namespace
