@@ -2,18 +2,14 @@
 
 from Xlib import X
 
-from timer import DesktopTest, SetTimer
+from timer import DesktopTest
 
 INSIDE, OUTSIDE = (26, 26), (27, 26)
 
 
 class InputTest(DesktopTest):
-    def setUp(self):
-        super().setUp()
-        self.timer = self.launch(scale=2)
-
     def test_each_way_starts_and_stops_and_a_held_key_counts_once(self):
-        timer = self.timer
+        timer = self.launch(scale=2)
         ways = {key: lambda key=key: self.desktop.key(key) for key in ("Return", "KP_Enter", "space", "ctrl+r")}
         ways["click"] = lambda: timer.click(*INSIDE)
         ways["menu"] = lambda: timer.choose("t", "Up", "Return")
@@ -47,18 +43,3 @@ class InputTest(DesktopTest):
     def is_a_key_pressed(self):
         display = self.desktop.display
         return display.pending_events() and display.next_event().type == X.KeyPress
-
-    def test_the_pointer_is_a_hand_over_the_icon_alone(self):
-        cursor = lambda: list(self.desktop.display.xfixes_get_cursor_image(self.desktop.root).cursor_image)
-        arrow = cursor()
-        self.timer.move(*INSIDE)
-        self.wait_until(lambda: cursor() != arrow, "it is a hand")
-        self.timer.move(*OUTSIDE)
-        self.wait_until(lambda: cursor() == arrow, "it is an arrow")
-
-    def test_the_timer_takes_no_input_behind_set_timer(self):
-        self.timer.set_time(50, 0)
-        dialog = SetTimer(self.timer)
-        self.timer.click(*INSIDE)
-        dialog.close(*SetTimer.SET)
-        self.assert_stopped(self.timer)

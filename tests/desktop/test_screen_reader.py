@@ -78,8 +78,3 @@ class ScreenReaderTest(DesktopTest):
             if more:
                 self.press("image", "Clock")
                 said += more
-
-        self.press("menu item", "Help...")
-        text = self.find("text", "", self.find("frame", "Help")).queryText()
-        self.desktop.key("Down")
-        self.wait_until(lambda: text.caretOffset > 0, "the caret moves")

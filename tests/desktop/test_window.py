@@ -1,4 +1,4 @@
-"""The frame of the timer window: its least size, and fullscreen, there and back."""
+"""Fullscreen, there and back."""
 
 from timer import COLOURS, DesktopTest, SetTimer
 
@@ -9,8 +9,6 @@ class FullscreenTest(DesktopTest):
     def setUp(self):
         super().setUp()
         self.timer = self.launch()
-        self.timer.window.configure(width=10, height=10)
-        self.wait_until(lambda: self.timer.place()[2:] == (400, 150), "it has its least size")
         self.timer.arrange(150, 170, 600, 350)
         self.timer.set_time(50, 0)
 

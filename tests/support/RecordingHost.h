@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "platform/Color.h"
-#include "platform/MovieLibrary.h"
 #include "platform/EditableMovie.h"
 #include "platform/Host.h"
+#include "platform/MovieLibrary.h"
 
 /// A host that does nothing but write down what it was asked for.
 class RecordingHost final : public Host {
@@ -41,7 +41,7 @@ class RecordingHost final : public Host {
     /// What the user picks when asked for a colour; nothing stands for a cancel.
     std::optional<Color> pickedColor;
     /// Runs while the user picks.
-    std::function<void(Color proposed)> picking;
+    std::function<void()> picking;
 
     std::vector<std::string> messages;
     /// All other operations in their order: the name, for a text followed by a blank and the text.
@@ -52,7 +52,7 @@ class RecordingHost final : public Host {
     void MsgBox(const std::string& text) override { messages.push_back(text); }
     bool SelectColor(Color& color, const std::string& prompt) override {
         calls.push_back("SelectColor " + prompt);
-        if (picking) picking(color);
+        if (picking) picking();
         color = pickedColor.value_or(color);
         return pickedColor.has_value();
     }
