@@ -11,8 +11,6 @@ extern "C" {
 
 namespace {
 
-constexpr const char* kStep = "converting a picture";
-
 /// The layout of a frame or a picture in memory.
 struct Layout {
     int width;
@@ -57,7 +55,6 @@ FrameMaker::FrameMaker(const Codec& codec, int width, int height)
     frame_->format = format;
     frame_->color_range = codec.colours.range;
     frame_->colorspace = codec.colours.matrix;
-    Check(av_frame_get_buffer(frame_.get(), 0), kStep);
 }
 
 Owned<AVFrame> FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
@@ -65,7 +62,8 @@ Owned<AVFrame> FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
     if (first == end) return nullptr;
     pixels_.resize(pixels.size());
     std::copy(pixels.data() + At(first), pixels.data() + At(end), pixels_.data() + At(first));
-    Check(av_frame_make_writable(frame_.get()), kStep);
+    Check(frame_->buf[0] ? av_frame_make_writable(frame_.get()) : av_frame_get_buffer(frame_.get(), 0),
+          "converting a picture");
     for (int row = first / bandHeight_ * bandHeight_; row < end; row += bandHeight_) {
         ConvertBand(row);
     }
