@@ -162,8 +162,7 @@ bool SmartColorWell::withinColorBox(Int32 x, Int32 y) const {
 
 bool SmartColorWell::withinControl(Int32 x, Int32 y) const { return x >= 0 && x < Width() && y >= 0 && y < Height(); }
 
-// The look, computed from greys: a raised button at any size, which darkens while it is pressed and fades while it
-// can't be used.
+// The look, computed from greys: a raised button at any size, darker while it is pressed, faded while it is of no use.
 
 void SmartColorWell::draw() {
     const Ref<Picture> look = NewPicture(Width(), Height(), 32, ScaleFactor());

@@ -42,9 +42,8 @@ class SmartColorWell : public Canvas {
     void pickColor();
     /// "#" and six hexadecimal digits: red, green, blue.
     std::string getColorAsHexString() const;
-    /// Takes a colour as getColorAsHexString writes it, with or without the "#", in either case of letters. Any other
-    /// text gives whatever colour its beginning yields. The same text as the last time is not taken again, unless the
-    /// colour has come from elsewhere since.
+    /// Takes a colour as getColorAsHexString writes it, with or without the "#", in either case; of any other text what
+    /// its beginning yields. The same text again does nothing, unless the colour has come from elsewhere since.
     void setColorFromHexString(const std::string& text);
 
   protected:

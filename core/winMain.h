@@ -58,8 +58,7 @@ class winMain final : public Window, public ClockColours {
     /// Enters and leaves the alert.
     void Done();
     void Dismiss();
-    /// Asks for a repaint of the clock, and lets a screen reader ask for the words again when the time has been set, or
-    /// has come to another minute.
+    /// Asks for a repaint, and tells a screen reader when the time has been set or has come to another minute.
     void UpdateDisplay();
     void TimerRun_Action();
     void TimerDone_Action();
@@ -68,8 +67,7 @@ class winMain final : public Window, public ClockColours {
     /// Paints the whole picture on any surface; nil is the timer's own canvas. A negative `seconds` means
     /// CurrentSeconds; `scale` is the clock's size relative to the shorter side of the surface. Changes nothing here.
     void Redraw(Ref<Graphics> g, Int32 seconds, double scale, bool hideIcon, bool showTimeUp);
-    /// A size, in pixels and no smaller than 8, at which `text` in the font of `g` is about `maxWidth` wide. Leaves the
-    /// last size tried as the text size of `g`.
+    /// The size, 8 pixels or more, at which `text` is about `maxWidth` wide. `g` keeps the last size that was tried.
     Int32 GetTextSize(Graphics& g, const std::string& text, Int32 maxWidth);
     void cvTime_Paint(const Ref<Graphics>& g);
 

@@ -67,8 +67,7 @@ void winMain::Dismiss() {
     AnnounceState();
 }
 
-// While it runs the words change once a minute, since each tick would be too much talk. Nothing is said: whoever wants
-// to know the time asks for it.
+// While it runs once a minute only; and nothing is said: whoever wants to know the time asks for it.
 void winMain::UpdateDisplay() {
     Find<Canvas>("cvTime").Refresh(false);
     const Int32 told = IsRunning ? CurrentSeconds / 60 * 60 : CurrentSeconds;

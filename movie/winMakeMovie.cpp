@@ -100,8 +100,7 @@ void winMakeMovie::eSizeY_TextChange() { CalculateSize(); }
 void winMakeMovie::eFrameRate_TextChange() { CalculateSize(); }
 void winMakeMovie::eScale_TextChange() { CalculateSize(); }
 
-// As the fields stand: none of the bounds that Start applies. The frame that a movie has beyond its seconds times its
-// rate isn't counted.
+// As the fields stand, without the bounds that Start applies, and without the one frame more that a movie has.
 void winMakeMovie::CalculateSize() {
     const auto number = [this](const std::string& name) { return Val(Find<EditField>(name).Text()); };
     const double megabytes =

@@ -37,8 +37,7 @@ class winMakeMovie final : public Dialog {
     void CalculateSize();
 
     // The job (movie/winMakeMovie_job.cpp).
-    /// Reads the settings, asks for the file and the compression, and starts the worker. Whatever fails or is cancelled
-    /// on the way ends it without a word.
+    /// Asks for the file and the compression and starts the worker. What fails or is cancelled ends it without a word.
     void bStart_Action();
     /// Stops a job that runs; closes the dialog when none does.
     void bCancel_Action();

@@ -11,8 +11,7 @@
 class Graphics;
 class Picture;
 
-/// What a canvas tells a screen reader, which may ask at any moment on the main thread. What isn't given doesn't exist
-/// for it.
+/// What a canvas tells a screen reader, which may ask at any moment on the main thread; nil for what it hasn't.
 struct Accessible {
     enum class Roles { Picture = 1, Button };
     Roles Role = Roles::Picture;
@@ -69,8 +68,7 @@ class Canvas : public RectControl {
 
     /// From now on texts can be dropped on the canvas.
     void AcceptTextDrop();
-    /// An item to be dragged from here, with its text and picture still to be set. The rectangle, in the window's
-    /// coordinates, is what seems to move.
+    /// An item to be dragged from here, still without text and picture. The window's rectangle is what seems to move.
     Ref<DragItem> NewDragItem(Int32 left, Int32 top, Int32 width, Int32 height);
 
     /// What a screen reader is told when it asks.

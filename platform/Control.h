@@ -60,9 +60,8 @@ class RectControl : public Control {
 
     void SetFocus();
 
-    /// May be called on any thread. Asks for a repaint, which comes with the next turn of the event loop; several
-    /// requests make one. Nothing shows of an erased background in between, so both values of `eraseBackground` look
-    /// the same.
+    /// Asks for a repaint, on any thread; several requests make one, with the next turn of the event loop. An erased
+    /// background never shows, so both values of `eraseBackground` look the same.
     void Refresh(bool eraseBackground);
 
     /// For the toolkit's own use.

@@ -21,8 +21,7 @@ struct MoviePlan {
     std::function<void(const Ref<Graphics>&, double seconds)> draw;
 };
 
-/// The video track of a movie that is being written. It may be made on one thread and used on another, by one thread at
-/// a time.
+/// The video track of a movie that is being written. Any thread, but one at a time.
 class QTVideoTrack {
   public:
     explicit QTVideoTrack(std::shared_ptr<MovieWriter> writer) : writer_(std::move(writer)) {}

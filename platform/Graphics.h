@@ -54,8 +54,7 @@ class CurveShape {
 /// As a width or height in DrawPicture: that of the picture.
 constexpr Int32 kOwnSize = -10000;
 
-/// A drawing surface with antialiased edges. Coordinates are logical pixels from its top left corner; what is drawn is
-/// as fine as the surface under it.
+/// A drawing surface. Coordinates are logical pixels from the top left; what is drawn is as fine as what lies under it.
 class Graphics {
   public:
     struct Peer;
@@ -89,8 +88,7 @@ class Graphics {
     void DrawObject(const ArcShape& arc, Int32 x, Int32 y);
     void DrawObject(const CurveShape& line, Int32 x, Int32 y);
 
-    /// Draws a part of a picture, through its mask if it has one, scaled to the destination's size. A nil picture draws
-    /// nothing.
+    /// Draws a part of a picture through its mask, if any, scaled to the destination's size. Nil draws nothing.
     void DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight, Int32 sourceX,
                      Int32 sourceY, Int32 sourceWidth, Int32 sourceHeight);
 

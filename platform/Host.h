@@ -24,8 +24,7 @@ class Host {
     virtual void Beep() = 0;
     /// Shows a text with an OK button and waits for it.
     virtual void MsgBox(const std::string& text) = 0;
-    /// Lets the user pick a colour and waits: `color` comes in as the proposal and goes out as picked. False, and
-    /// `color` as it was, when the user cancels.
+    /// Lets the user pick a colour and waits; `color` is the proposal and the result. False, and no change, on Cancel.
     virtual bool SelectColor(Color& color, const std::string& prompt) = 0;
     /// Drags a text from the place of a press and waits until the user lets go. The pointer carries `picture`, which it
     /// holds at (x, y) in it; nil for the desktop's own look.

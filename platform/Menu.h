@@ -9,8 +9,7 @@
 /// The commands that the toolkit itself carries out on the text field that has the focus.
 enum class EditCommands { None, Undo, Cut, Copy, Paste, Clear, SelectAll };
 
-/// An entry of a menu, or a menu itself. The program sets these values; a window that shows the menu reads them after
-/// each enabling pass.
+/// An entry of a menu, or a menu. The program sets these values; the menu's window reads them after each enabling pass.
 class MenuItem {
   public:
     virtual ~MenuItem() = default;

@@ -77,9 +77,8 @@ class MovieWriter {
 /// that of a machine which has none. Any thread. Nothing is thrown: what fails for want of memory just fails.
 class MovieLibrary {
   public:
-    /// The codecs that this machine can write, in the order in which they are offered, the usual one first; none where
-    /// movies can't be written. Uncompressed is what a movie is without a choice, so it is in the list only if it is
-    /// all there is.
+    /// The codecs that this machine can write, as they are offered, the usual one first; none where movies can't be
+    /// written. Uncompressed, which needs no choice, only if it is all there is.
     virtual std::vector<CodecChoice> Codecs() const noexcept { return {}; }
 
     /// Asks the codec's encoder.

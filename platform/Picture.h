@@ -10,8 +10,7 @@
 class Graphics;
 
 /// An off-screen image of opaque pixels, with a mask beside it that may give it transparent parts. Its size is in
-/// logical pixels, each of which may be several of its own. May be made and drawn on any thread, by one thread at a
-/// time.
+/// logical pixels, each of which may be several of its own. Any thread, but one at a time.
 class Picture {
   public:
     class Pixels;

@@ -21,8 +21,8 @@ class Thread : public Control {
     /// Starts RunEvent on a thread of its own and returns. Does nothing while one runs, and after End.
     void Run();
     States State() const;
-    /// Ends the worker at its next yield, waits for that, and lets none start any more: what is still under way when
-    /// the program quits must not begin a job.
+    /// Ends the worker at its next yield and waits for that. None starts any more: no job begins once the program
+    /// quits.
     void End();
 
     /// Called by a worker where it may be ended: it doesn't return when that is wanted. Does nothing on other threads.

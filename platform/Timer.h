@@ -18,8 +18,7 @@ class Timer : public Control {
     /// In milliseconds.
     void Period(Int32 milliseconds);
 
-    /// The first firing comes one period after the mode was set, also when it is set to what it was.
-    /// May be set on any thread.
+    /// Any thread. The first firing comes one period after the mode was set, also to what it was.
     void Mode(Modes mode);
 
   private:

@@ -21,8 +21,7 @@ class Variant {
     /// The text itself, or a colour as "#" and six hexadecimal digits.
     std::string StringValue() const { return std::string(part_); }
 
-    /// The colour itself, or the one that a text names: "#" and six hexadecimal digits, or the digits alone. A text
-    /// that is no colour gives black.
+    /// The colour itself, or that of a text: six hexadecimal digits, with or without "#"; else black.
     Color ColorValue() const;
 
   private:

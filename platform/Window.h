@@ -78,8 +78,7 @@ class Window : public std::enable_shared_from_this<Window> {
     /// The handler of a command of the menu bar, which returns True when it has handled it.
     void _AddMenuHandler(const std::string& itemName, MenuHandler handler);
 
-    /// The live window of class W, on any thread. On the main thread: built, opened and (unless it is a sheet) shown
-    /// when there is none.
+    /// The live window of class W. On the main thread it is built, opened and, if no sheet, shown when there is none.
     template <class W>
     static W& ImplicitInstance(const std::string& key) {
         if (Window* open = FindOpen(key)) return static_cast<W&>(*open);

@@ -6,10 +6,8 @@
 
 /// A small key-value store: a dictionary in memory, and a text file in the user's folder for settings. The file that it
 /// writes is a property list; the one that it reads may be anything, since only four tags are looked for in it. Nothing
-/// is escaped in either direction. An object lives for one read or one write.
-///
-/// What the user must know is told in a message box. A folder or file that can't be used at all throws
-/// NilObjectException.
+/// is escaped. An object lives for one read or one write. What the user must know is told in a message box; a folder or
+/// file that can't be used at all throws NilObjectException.
 class Preferences {
   public:
     virtual ~Preferences() = default;
@@ -32,8 +30,7 @@ class Preferences {
     virtual void Clear();
 
     virtual void WritePagePrefsFile(const std::string& text);
-    /// The whole second file, with the line end that was written behind the text; empty if there is none. Needs
-    /// Filename to be set as well.
+    /// The whole second file, its last line end included; empty if there is none. Needs Filename as well.
     virtual std::string ReadPagePrefsFile();
 
     /// To be called straight after the object is made.

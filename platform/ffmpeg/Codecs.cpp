@@ -51,8 +51,7 @@ constexpr Codec kCodecs[] = {
      .quality = {Quantiser, 31, 1},
      .rateLimit = 65535,
      .keyFrameDistance = 12},
-    // Halved colours come out wrong at odd widths. The fixed quantiser is as exact as the usual search for one, which
-    // takes five times as long.
+    // Halved colours come out wrong at odd widths. The usual search for a quantiser takes five times as long.
     {.id = MovieCodec::ProRes4444,
      .tag = Tag("ap4h"),
      .name = "Apple ProRes 4444",
@@ -81,8 +80,7 @@ constexpr Codec kCodecs[] = {
      .format = AV_PIX_FMT_RGB24,
      .colours = kRgb,
      .keyFrameDistance = 12},
-    // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing. There is nothing to compute
-    // that a second thread could help with.
+    // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing.
     {.id = MovieCodec::Uncompressed,
      .tag = Tag("raw "),
      .name = "None",

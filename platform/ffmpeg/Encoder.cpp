@@ -12,8 +12,7 @@ extern "C" {
 
 namespace {
 
-/// Two at most, a bound on the frames that are held in memory at a time. Of a small frame it would take longer to share
-/// the work than to do it.
+/// Each holds frames in memory, so two at most. To share the work on a small frame takes longer than to do it.
 int Threads(int width, int height) {
     constexpr int kSmall = 640 * 480;
     return width * height <= kSmall ? 1 : 2;

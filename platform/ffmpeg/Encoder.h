@@ -9,9 +9,8 @@
 
 struct Codec;
 
-/// Frames per second as a fraction: exact for every rate that a user writes with up to five digits, also for the
-/// decimal forms of 1/60 and the like. No term is above `limit`, unless the rate is. 0/x or x/0 when there is no such
-/// fraction.
+/// Frames per second as a fraction: exact for every rate of up to five digits and for the decimal forms of 1/60 and the
+/// like. No term is above `limit`, unless the rate is. 0/x or x/0 when there is no such fraction.
 inline AVRational ExactRate(double framesPerSecond, int limit = 1001000) { return av_d2q(framesPerSecond, limit); }
 
 /// Turns frames into packets. One thread at a time. What fails throws.

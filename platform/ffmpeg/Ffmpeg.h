@@ -29,8 +29,7 @@ struct Freer {
 template <class T>
 using Owned = std::unique_ptr<T, Freer>;
 
-/// Throws std::runtime_error when `code`, FFmpeg's own or a negated errno, tells of a failure: the step, with FFmpeg's
-/// or the system's word for the reason.
+/// Throws std::runtime_error when `code`, FFmpeg's or a negated errno, tells of a failure: the step and the reason.
 inline void Check(int code, const char* step) {
     if (code >= 0) return;
     char word[AV_ERROR_MAX_STRING_SIZE];

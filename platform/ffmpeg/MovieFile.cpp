@@ -32,8 +32,7 @@ int Open(const std::filesystem::path& path) {
 
 /// Ticks per second of a track in which each frame lasts a whole number of them.
 int Timescale(AVRational framesPerSecond) {
-    // Some readers round to a 600th of a second, so a track isn't coarser than that where its ticks still fit the 32
-    // bits that all readers know.
+    // Some readers round to a 600th of a second, so no track is coarser, as long as its ticks fit 32 bits.
     constexpr int kUsual = 600;
     constexpr std::int64_t kFramesOfALongMovie = 60 * 60 * 30 + 1;
     const std::int64_t wanted = (kUsual + framesPerSecond.num - 1) / framesPerSecond.num;

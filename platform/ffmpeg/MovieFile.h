@@ -13,8 +13,6 @@ class ReservedFile {
     /// Makes a new empty file in place of what was there. Throws for anything but a plain file.
     explicit ReservedFile(const std::filesystem::path& path);
     ~ReservedFile() { Close(); }
-    ReservedFile(const ReservedFile&) = delete;
-    ReservedFile& operator=(const ReservedFile&) = delete;
 
     /// Sets room for so many more bytes aside. Throws when there is none.
     void Reserve(std::int64_t bytes);
@@ -52,8 +50,6 @@ class MovieFile {
     explicit MovieFile(const std::filesystem::path& path);
     /// Closes the file as it is.
     ~MovieFile();
-    MovieFile(const MovieFile&) = delete;
-    MovieFile& operator=(const MovieFile&) = delete;
 
     /// Describes the track, before its packets.
     void AddTrack(const AVCodecContext& encoder, AVRational framesPerSecond);

@@ -32,8 +32,7 @@ void Report(const std::filesystem::path& movie, const std::exception& failure) {
     std::fprintf(stderr, "%s: %s\n", movie.c_str(), failure.what());
 }
 
-/// Frames on their way from the thread that draws to the one that encodes. A nil frame stands for the one before it
-/// once more.
+/// Frames on their way from the thread that draws to the one that encodes; nil for the one before once more.
 class FrameQueue {
   public:
     /// Waits while the queue is full.
@@ -89,8 +88,6 @@ class QuickTimeWriter final : public MovieWriter {
         worker_ = std::jthread();
         if (saveOnClose_ && file_.HasTrack()) Try([this] { file_.Finish(); });
     }
-    QuickTimeWriter(const QuickTimeWriter&) = delete;
-    QuickTimeWriter& operator=(const QuickTimeWriter&) = delete;
 
     void SaveOnClose(bool value) noexcept override { saveOnClose_ = value; }
 

@@ -22,8 +22,7 @@ SoundService Connect(const std::string& applicationId, const std::string& name) 
     return SoundService(context);
 }
 
-/// Begins to play the theme's sound for an event (CA_PROP_EVENT_ID) or the one in a file (CA_PROP_MEDIA_FILENAME).
-/// False when it can't.
+/// Begins to play the theme's sound (CA_PROP_EVENT_ID) or a file's (CA_PROP_MEDIA_FILENAME). False when it can't.
 bool Begin(const SoundService& service, const char* property, const std::string& value) {
     constexpr std::uint32_t kNoNumber = 0;
     return service && ca_context_play(service.get(), kNoNumber, property, value.c_str(), CA_PROP_MEDIA_ROLE, "event",

@@ -5,8 +5,7 @@
 #include <memory>
 #include <string>
 
-/// The alert sound of this session: the desktop theme's own, else the sound in a file, else a bell. A session without
-/// sound is no error.
+/// The alert sound of this session, if it has any: the desktop theme's own, else the one in a file, else a bell.
 class AlertSound {
   public:
     using Bell = std::function<void()>;

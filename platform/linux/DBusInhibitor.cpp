@@ -77,8 +77,7 @@ bool IsGrant(const Service& service, const QDBusMessage& reply) {
     return reply.type() == QDBusMessage::ReplyMessage && reply.signature() == expected;
 }
 
-/// The call that gives back what was granted. It goes to who granted it, by their own name: to a successor the number
-/// would mean something else.
+/// The call that gives back what was granted, to who granted it: to a successor the number would mean something else.
 QDBusMessage ReleaseCall(const Service& service, const QDBusMessage& grant) {
     const QVariant token = grant.arguments().constFirst();
     if (service.protocol == Service::Protocol::Portal) {

@@ -3,9 +3,8 @@
 #include <chrono>
 #include <optional>
 
-/// The saver of the X server itself, with its display power management. Does nothing where there is no X server or the
-/// server has no saver to suspend; no operation waits for the server. Wants an application object that exists already
-/// and outlives it.
+/// The saver of the X server itself, with its display power management. Does nothing where there is none; no operation
+/// waits for the server. Wants an application object that exists already and outlives it.
 class XServerSaver {
   public:
     XServerSaver();

@@ -3,7 +3,7 @@
 #include <numbers>
 #include <vector>
 
-#include "platform/qt/drawing/Pixels.h"
+#include "platform/qt/drawing/Surfaces.h"
 #include "shell/resources.h"
 #include "tests/support/TimerWindowTest.h"
 

@@ -22,7 +22,6 @@ namespace {
 /// What lives from RuntimeInit to RuntimeExit.
 struct Runtime {
     std::unique_ptr<QApplication> toolkit;
-    std::unique_ptr<EndSignals> signals;
     std::unique_ptr<Application> application;
     bool hasFailed = false;
     int status = 0;
@@ -87,10 +86,9 @@ void RuntimeInit(char* program, const std::string& name, const std::string& desk
     new IconAfterFirstPaint(desktopId);
     InstallAccessibility();
     InstallReturnForWindows();
-    // A write beyond the largest size of a file shall just fail. To ignore the signal would be inherited by what is
-    // launched from here.
+    // A write beyond the largest size of a file shall just fail. What is launched from here would inherit SIG_IGN.
     std::signal(SIGXFSZ, [](int) {});
-    runtime.signals = std::make_unique<EndSignals>(open_windows::CloseAll);
+    OnEndSignals(open_windows::CloseAll);
     Host::Install(
         std::make_unique<DesktopHost>(desktopId, name, alertSound ? alertSound->Path() : std::filesystem::path()));
 }
@@ -118,7 +116,6 @@ int RuntimeExit() {
     open_windows::Clear();
     runtime.application.reset();
     Host::Install(nullptr);
-    runtime.signals.reset();
     runtime.toolkit.reset();
     return runtime.status;
 }

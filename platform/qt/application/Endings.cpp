@@ -3,7 +3,9 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <QtCore/QSocketNotifier>
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -14,8 +16,7 @@ namespace {
 std::string lineWithoutDisplay;
 std::string saidBefore;
 
-// The toolkit says in several lines that there is no display, then aborts, as it does when it lacks a library. What
-// else it says waits until that is known.
+// The toolkit says in several lines that there is no display, then aborts. What else it says waits until that is known.
 void HearWhileStarting(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     saidBefore += qFormatLogMessage(type, context, text).toStdString() + '\n';
     if (type != QtFatalMsg) return;
@@ -65,25 +66,22 @@ void OnLostDisplay(std::function<void()> save) {
     print = qInstallMessageHandler(HearOfLostDisplay);
 }
 
-EndSignals::EndSignals(std::function<void()> asked)
-    : event_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), notifier_(event_, QSocketNotifier::Read) {
-    QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this, asked = std::move(asked)] {
+void OnEndSignals(const std::function<void()>& asked) {
+    eventForHandler = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    auto* const notifier = new QSocketNotifier(eventForHandler, QSocketNotifier::Read, qApp);
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [asked] {
         std::uint64_t count = 0;
-        if (read(event_, &count, sizeof count) > 0) asked();
+        if (read(eventForHandler, &count, sizeof count) > 0) asked();
     });
-    eventForHandler = event_;
     struct sigaction ours = {};
     ours.sa_handler = TellEventLoop;
     ours.sa_flags = SA_RESTART;
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        struct sigaction& before = before_[signal];
+        struct sigaction before = {};
         sigaction(signal, nullptr, &before);
-        if (before.sa_handler != SIG_IGN) sigaction(signal, &ours, nullptr);
+        if (before.sa_handler == SIG_IGN) continue;
+        sigaction(signal, &ours, nullptr);
+        QObject::connect(qApp, &QObject::destroyed, [signal, before] { sigaction(signal, &before, nullptr); });
     }
-}
-
-EndSignals::~EndSignals() {
-    for (const auto& [signal, before] : before_)
-        sigaction(signal, &before, nullptr);
-    close(event_);
+    QObject::connect(qApp, &QObject::destroyed, [] { close(eventForHandler); });
 }

@@ -11,8 +11,7 @@
 #include "platform/Picture.h"
 #include "platform/qt/controls/Accessibility.h"
 #include "platform/qt/controls/RectControlPeer.h"
-#include "platform/qt/drawing/GraphicsPeer.h"
-#include "platform/qt/drawing/Pixels.h"
+#include "platform/qt/drawing/Surfaces.h"
 #include "platform/qt/events/EventBoundary.h"
 
 namespace {

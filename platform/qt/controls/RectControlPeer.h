@@ -21,8 +21,7 @@ struct RectControl::Peer {
     static constexpr char kControl[] = "control";
 
     QPointer<QWidget> widget;
-    /// Where the control should be, also while the window is so small that its width or height would be negative, which
-    /// a widget's can't be.
+    /// Where the control should be: in a very small window with a negative size, which a widget's can't be.
     QRect place;
 };
 

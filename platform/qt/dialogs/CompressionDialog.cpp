@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/Text.h"
-#include "platform/qt/drawing/Pixels.h"
+#include "platform/qt/drawing/Surfaces.h"
 #include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/events/MainThread.h"
 

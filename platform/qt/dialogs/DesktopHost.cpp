@@ -18,7 +18,7 @@
 #include <QtWidgets/QMessageBox>
 
 #include "platform/qt/dialogs/CompressionDialog.h"
-#include "platform/qt/drawing/Pixels.h"
+#include "platform/qt/drawing/Surfaces.h"
 #include "platform/qt/drawing/Styles.h"
 
 namespace {

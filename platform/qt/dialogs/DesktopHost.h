@@ -28,8 +28,7 @@ class DesktopHost final : public Host {
                                    CompressionSettings& settings) override;
 
   private:
-    /// A desktop that holds its own saver off leaves the X server's alone, and the other way round; so both are held
-    /// off.
+    /// A desktop that holds its own saver off leaves the X server's alone, and the other way round.
     DBusInhibitor desktopSaver_;
     XServerSaver serverSaver_;
     AlertSound alertSound_;

@@ -1,10 +1,9 @@
-#include "platform/qt/drawing/GraphicsPeer.h"
+#include "platform/qt/drawing/Surfaces.h"
 
 #include <QtGui/QFontMetricsF>
 #include <algorithm>
 #include <cmath>
 
-#include "platform/qt/drawing/Pixels.h"
 #include "platform/qt/drawing/Styles.h"
 
 namespace {

@@ -7,8 +7,7 @@
 #include <filesystem>
 
 #include "platform/FolderItem.h"
-#include "platform/qt/drawing/GraphicsPeer.h"
-#include "platform/qt/drawing/Pixels.h"
+#include "platform/qt/drawing/Surfaces.h"
 
 Picture::Pixels::Pixels(QSize logicalSize, double devicePixelRatio)
     : logicalSize_(logicalSize), size_((QSizeF(logicalSize) * devicePixelRatio).toSize()), ratio_(devicePixelRatio) {

@@ -1,4 +1,4 @@
-#include "platform/qt/drawing/GraphicsPeer.h"
+#include "platform/qt/drawing/Surfaces.h"
 
 #include <QtGui/QPainterPath>
 #include <QtGui/QPolygonF>

@@ -5,13 +5,11 @@
 #include <string>
 
 /// A pressed key as KeyDown handlers get it: one of the characters named in Keyboard, else the one typed, else an empty
-/// text for a key without one. Nothing for a key held with Ctrl, Alt or Meta, which is a command, and for those keys
-/// alone.
+/// text. Nothing for a command, a key held with Ctrl, Alt or Meta, and for those keys alone.
 std::optional<std::string> KeyText(const QKeyEvent& event);
 
 /// Whether a press comes from a key that is being held. Qt's own mark isn't enough: on X11 a repeat is a release and a
-/// press at the same moment, and on a busy machine Qt may look at the one before the other is there. So the windows
-/// tell of each release that they see.
+/// press at the same moment, and a busy Qt may not see the two together. So the windows tell of each release.
 bool IsRepeat(const QKeyEvent& press);
 void RememberRelease(const QKeyEvent& release);
 

@@ -32,8 +32,7 @@ void CarryOutAll() {
     }
 }
 
-/// Told that there is something to carry out, by an event: a queued call would carry data of ours under Qt's own lock,
-/// which the thread sanitizer doesn't see.
+/// Told by an event that carries nothing: a queued call's data would lie under a lock that no thread sanitizer sees.
 class Receiver final : public QObject {
   public:
     Receiver() { moveToThread(qApp->thread()); }

@@ -25,8 +25,7 @@ class ControlList {
     void EndWorkers() const;
     void SetTabOrder() const;
     void FocusFirstField() const;
-    /// Presses the cancel button for Escape; for Return and Enter the button that has the focus, else the default one.
-    /// False: there is none to press.
+    /// Presses the cancel button for Escape, for Return and Enter the focused or the default one. False: there is none.
     bool PressButton(const std::string& key) const;
     void FollowEdges(QSize before, QSize after) const;
 

@@ -102,8 +102,7 @@ bool MenuBinding::IsTaken(const MenuItem& item) const {
            (item.EditCommand() != EditCommands::None && FocusedField());
 }
 
-// A command may come without a menu or a shortcut, from a screen reader, and then at any time: under a dialog, which
-// nothing but quitting gets past.
+// From a screen reader a command may come at any time, also under a dialog, which only quitting gets past.
 void MenuBinding::Choose(const MenuItem& item) {
     PassEnabling();
     const bool isUnderDialog = !window_.isEnabled() || QApplication::activeModalWidget();

@@ -12,8 +12,7 @@
 #include "platform/Menu.h"
 #include "platform/Window.h"
 
-/// Shows a MenuBar in a window and routes its commands: to the handler registered under the item's name, or to the
-/// toolkit itself, which quits and edits.
+/// Shows a MenuBar in a window. Its commands go to the handlers of the items' names, or to the toolkit's own.
 class MenuBinding {
   public:
     using Handlers = std::map<std::string, Window::MenuHandler>;
@@ -26,8 +25,7 @@ class MenuBinding {
     /// The command that quits, for the dialogs over the window to take as well; nil if the bar has none.
     QAction* Quit() const { return quit_; }
 
-    /// Settles anew which items are enabled and how they read. To be called before a shortcut is looked up; before a
-    /// menu opens, it is done here.
+    /// Settles anew which items are enabled and how they read. To be called before a shortcut is looked up.
     void PassEnabling();
 
   private:

@@ -1,14 +1,33 @@
 #pragma once
 
 #include <QtGui/QImage>
+#include <QtGui/QPainter>
+#include <QtWidgets/QWidget>
 #include <optional>
 #include <vector>
 
+#include "platform/Graphics.h"
 #include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
 
-/// The memory behind a picture. It is handed out as views that share it, so that one may be painted on while another
-/// is read, with no copy made in between.
+/// Antialiased raster painting, straight onto its device.
+struct Graphics::Peer {
+    /// On an image, whose memory must outlive this object.
+    Peer(QImage surface, QSize logicalSize);
+    /// On a widget, within its paint event; the painter must end before the event is over.
+    explicit Peer(QWidget& widget);
+
+    /// Draws an image over the whole surface.
+    void Fill(const QImage& picture) { painter.drawImage(QRect(QPoint(), size), picture); }
+
+    QImage image;
+    QSize size;
+    /// What ClearRect goes back to.
+    QColor background = Qt::white;
+    QPainter painter;
+};
+
+/// The memory behind a picture, shared by views: one may be painted on while another is read, and nothing is copied.
 class Picture::Pixels {
   public:
     /// White. Throws std::bad_alloc when there is no memory for it.
