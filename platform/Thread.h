@@ -21,8 +21,7 @@ class Thread : public Control {
     /// Starts RunEvent on a thread of its own and returns. Does nothing while one runs, and after End.
     void Run();
     States State() const;
-    /// Ends the worker at its next yield and waits for that. None starts any more: no job begins once the program
-    /// quits.
+    /// Ends the worker at its next yield and waits for that. From then on none starts, as the program is quitting.
     void End();
 
     /// Called by a worker where it may be ended: it doesn't return when that is wanted. Does nothing on other threads.

@@ -9,7 +9,7 @@
 #include <filesystem>
 
 #include "platform/Graphics.h"
-#include "platform/qt/drawing/Pixels.h"
+#include "platform/qt/drawing/Surfaces.h"
 #include "shell/AboutWindow.h"
 #include "shell/InformationWindow.h"
 #include "shell/resources.h"
