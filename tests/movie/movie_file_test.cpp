@@ -56,13 +56,13 @@ std::string Decoded(const fs::path& movie) {
     return Output("ffmpeg -v error -i " + movie.string() + " -fps_mode passthrough -f rawvideo -pix_fmt rgb24 -");
 }
 
-/// Two halves, one above the other, of colours that tell the number.
+/// A red half above one of a colour that tells the number.
 void Draw(Picture& picture, Int32 number) {
-    const Color colors[] = {RGB(255, 0, 0), RGB(255, 255, 255), RGB(0x9F, 0x9F, 0x9F), RGB(0, 0, 0)};
-    for (const Int32 half : {0, 1}) {
-        picture.Graphics()->ForeColor(colors[number + half]);
-        picture.Graphics()->FillRect(0, half * picture.Height() / 2, picture.Width(), picture.Height());
-    }
+    const Color colors[] = {RGB(255, 255, 255), RGB(0x9F, 0x9F, 0x9F), RGB(0, 0, 0)};
+    picture.Graphics()->ForeColor(RGB(255, 0, 0));
+    picture.Graphics()->FillRect(0, 0, picture.Width(), picture.Height());
+    picture.Graphics()->ForeColor(colors[number]);
+    picture.Graphics()->FillRect(0, picture.Height() / 2, picture.Width(), picture.Height());
 }
 
 std::string Bytes(const Picture& picture) {
