@@ -135,6 +135,9 @@ TEST_F(MakeMovieTest, FramesAreTheClockFromTheFullTimeToTimeIsUpInOneMovieAfterT
         EXPECT_NE(LoadText(host.fileToSave).find(frames), std::string::npos);
     }
     EXPECT_THAT(host.calls, Contains(HasSubstr(host.fileToSave.parent_path() / "Dwindledial.mov")));
+    Set("-1", "10", false, false);
+    ASSERT_TRUE(RunsToItsEnd());
+    EXPECT_EQ(FrameCount(), 0) << "a negative time has no frame";
 }
 
 TEST_F(MakeMovieTest, TheEstimateIsWithinAQuarterOfTheMovie) {
@@ -202,19 +205,6 @@ TEST_F(MakeMovieTest, WhatFailsBeforeTheJobLeavesNothingBehind) {
     host.fileToSave = host.preferencesFolder;
     EXPECT_TRUE(exists("48")) << "a folder is left alone";
     EXPECT_THAT(host.calls, Not(Contains(HasSubstr("no such folder")))) << "it is no place to begin the next time";
-    EXPECT_THAT(host.messages, IsEmpty());
-}
-
-TEST_F(MakeMovieTest, WhatFailsInTheJobEndsNothingButTheMovie) {
-    Set("3600", "30", false, false);
-    ASSERT_TRUE(IsUnderWay());
-    std::filesystem::remove(host.fileToSave);
-    Dialog().bCancel_Action();
-    ASSERT_TRUE(Eventually(IsIdle));
-    Set("-1", "10", false, true);
-    ASSERT_TRUE(RunsToItsEnd());
-    EXPECT_EQ(FrameCount(), 0) << "a negative time has no frame";
-    EXPECT_THAT(host.calls, Contains("Launch " + host.fileToSave.string()));
     EXPECT_THAT(host.messages, IsEmpty());
 }
 

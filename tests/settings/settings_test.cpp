@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <QtCore/QTimer>
-#include <chrono>
 #include <string>
 #include <vector>
 
@@ -99,19 +98,6 @@ TEST_F(PreferencesTest, FourTagsCountWhereverTheyAre) {
     };
     for (const auto& [text, entries] : rows)
         EXPECT_EQ(EntriesOf(text), entries);
-}
-
-// A search that starts over for each entry would take hours.
-TEST_F(PreferencesTest, ABigHostileFileIsReadQuickly) {
-    for (const std::string unit : {"<key>", "<key>k</key>", "<key>k</key><string>."}) {
-        std::string text = "<key>a</key><string>1</string>";
-        while (text.size() < 4'000'000)
-            text += unit;
-        SaveText(file, text + "</key>");
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-        Preferences(store).ReadFile();
-        EXPECT_LT(std::chrono::steady_clock::now(), deadline) << unit;
-    }
 }
 
 class TimerSettingsTest : public TimerWindowTest {
