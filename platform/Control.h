@@ -41,7 +41,6 @@ class RectControl : public Control {
     // These two may be set on any thread.
     bool Enabled() const;
     void Enabled(bool on);
-    bool Visible() const;
     void Visible(bool on);
 
     /// The place in the order in which the Tab key goes through the window.

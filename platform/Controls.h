@@ -16,7 +16,6 @@ class StaticText : public RectControl {
   public:
     StaticText();
 
-    std::string Text() const;
     void Text(const std::string& text);
     /// "System" or "SmallSystem", or a family of the desktop.
     void TextFont(const std::string& name);
@@ -98,7 +97,6 @@ class ProgressBar : public RectControl {
 
     /// 0 makes the bar indeterminate.
     void Maximum(Int32 maximum);
-    Int32 Value() const;
     void Value(Int32 value);
 };
 

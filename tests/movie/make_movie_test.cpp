@@ -4,6 +4,8 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSlider>
 #include <filesystem>
@@ -16,6 +18,7 @@
 #include "platform/Picture.h"
 #include "platform/Text.h"
 #include "platform/Thread.h"
+#include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/dialogs/CompressionDialog.h"
 #include "platform/qt/window/OpenWindows.h"
 #include "tests/support/Files.h"
@@ -56,9 +59,9 @@ class MakeMovieTest : public TimerWindowTest {
     static winMakeMovie& Dialog() { return winMakeMovie::Instance(); }
     static bool IsOpen() { return open_windows::Find("winMakeMovie.winMakeMovie") != nullptr; }
     static EditField& Field(const char* name) { return Dialog().Find<EditField>(name); }
-    static ProgressBar& Progress() { return Dialog().Find<ProgressBar>("ProgressBar1"); }
+    static QProgressBar& Progress() { return WidgetOf<QProgressBar>(Dialog().Find<ProgressBar>("ProgressBar1")); }
     static bool IsIdle() {
-        return Dialog().Find<Thread>("thr").State() != Thread::States::Running && !Progress().Visible() &&
+        return Dialog().Find<Thread>("thr").State() != Thread::States::Running && Progress().isHidden() &&
                Dialog().Find<GroupBox>("GroupBox1").Enabled() && Dialog().Find<PushButton>("bStart").Enabled();
     }
     static void Set(const char* start, const char* rate, bool compress, bool open) {
@@ -77,7 +80,7 @@ class MakeMovieTest : public TimerWindowTest {
     }
     static bool IsUnderWay() {
         Dialog().bStart_Action();
-        return Eventually([] { return Progress().Value() > 20; });
+        return Eventually([] { return Progress().value() > 20; });
     }
 
     /// The number of samples, as the table of their sizes begins; the last one, where the file was readable before.
@@ -92,7 +95,7 @@ class MakeMovieTest : public TimerWindowTest {
 };
 
 TEST_F(MakeMovieTest, TheFieldsAreJudgedAndRaisedAndTheSizeFollowsThemAsTheyStand) {
-    const auto size = [] { return Dialog().Find<StaticText>("lSize").Text(); };
+    const auto size = [] { return WidgetOf<QLabel>(Dialog().Find<StaticText>("lSize")).text(); };
     Dialog().ShowWithin(Timer(), -1);
     EXPECT_EQ(size(), "Uncompressed movie file size: 791.0MB");
     auto& start = WidgetNamed<QLineEdit>("eStart");

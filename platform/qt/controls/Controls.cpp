@@ -158,7 +158,6 @@ void ProgressBar::Maximum(Int32 maximum) {
         bar, [&bar, maximum] { bar.setRange(0, maximum); }, "Maximum");
 }
 
-Int32 ProgressBar::Value() const { return WidgetOf<QProgressBar>(*this).value(); }
 void ProgressBar::Value(Int32 value) {
     auto& bar = WidgetOf<QProgressBar>(*this);
     OnMainThread(

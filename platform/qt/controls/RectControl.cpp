@@ -42,7 +42,6 @@ void RectControl::Enabled(bool on) {
     OnMainThread(widget, [&widget, on] { widget.setEnabled(on); });
 }
 
-bool RectControl::Visible() const { return !peer_->widget->isHidden(); }
 void RectControl::Visible(bool on) {
     QWidget& widget = *peer_->widget;
     OnMainThread(widget, [&widget, on] { widget.setVisible(on); });

@@ -152,7 +152,6 @@ ReaderWidget& Reader(const StyledTextField& field) { return WidgetOf<ReaderWidge
 }  // namespace
 
 StaticText::StaticText() : RectControl(std::make_unique<Peer>(new LabelWidget)) {}
-std::string StaticText::Text() const { return WidgetOf<LabelWidget>(*this).text().replace(u'\n', u'\r').toStdString(); }
 void StaticText::Text(const std::string& text) {
     WidgetOf<LabelWidget>(*this).SetText(QString::fromStdString(text).replace(u'\r', u'\n'));
 }
