@@ -79,13 +79,6 @@ void winPrefs::TakeFrom(const std::string& well) {
     ShowOnClock();
 }
 
-void winPrefs::cBackground_ColorChange(Color) { TakeFrom("cBackground"); }
-void winPrefs::cFace_ColorChange(Color) { TakeFrom("cFace"); }
-void winPrefs::cWedge_ColorChange(Color) { TakeFrom("cWedge"); }
-void winPrefs::cFrame_ColorChange(Color) { TakeFrom("cFrame"); }
-
-void winPrefs::bOK_Action() { Close(); }
-
 void winPrefs::bCancel_Action() {
     for (const Role& role : kRoles)
         winMain::Instance().*role.onClock = this->*role.before;

@@ -15,11 +15,11 @@ class winPrefs final : public Dialog {
     Color mFace;
     Color mFrame;
 
-    void cBackground_ColorChange(Color c);
-    void cFace_ColorChange(Color c);
-    void cWedge_ColorChange(Color c);
-    void cFrame_ColorChange(Color c);
-    void bOK_Action();
+    void cBackground_ColorChange(Color) { TakeFrom("cBackground"); }
+    void cFace_ColorChange(Color) { TakeFrom("cFace"); }
+    void cWedge_ColorChange(Color) { TakeFrom("cWedge"); }
+    void cFrame_ColorChange(Color) { TakeFrom("cFrame"); }
+    void bOK_Action() { Close(); }
     void bCancel_Action();
     void bDefaults_Action();
     void Event_Open() override;

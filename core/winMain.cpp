@@ -56,10 +56,6 @@ void winMain::Event_Open() {
     Stop();
 }
 
-void winMain::Event_Resizing() { UpdateDisplay(); }
-
-void winMain::Event_Resized() { UpdateDisplay(); }
-
 // To close the timer is to quit: nothing is asked, whatever is running.
 void winMain::Event_Close() {
     WritePrefs();

@@ -80,8 +80,8 @@ class winMain final : public Window, public ClockColours {
     bool cvTime_MouseDown(Int32 x, Int32 y);
     void cvTime_MouseMove(Int32 x, Int32 y);
     void Event_Open() override;
-    void Event_Resizing() override;
-    void Event_Resized() override;
+    void Event_Resizing() override { UpdateDisplay(); }
+    void Event_Resized() override { UpdateDisplay(); }
     void Event_Close() override;
     bool Event_KeyDown(const std::string& key) override;
 

@@ -94,12 +94,6 @@ bool winMakeMovie::eStart_KeyDown(const std::string& key) {
     return JudgeKey(Find<EditField>("eStart"), key, winMain::kSecondsPerTurn) != KeyVerdict::ToField;
 }
 
-void winMakeMovie::eStart_TextChange() { CalculateSize(); }
-void winMakeMovie::eSizeX_TextChange() { CalculateSize(); }
-void winMakeMovie::eSizeY_TextChange() { CalculateSize(); }
-void winMakeMovie::eFrameRate_TextChange() { CalculateSize(); }
-void winMakeMovie::eScale_TextChange() { CalculateSize(); }
-
 // As the fields stand, without the bounds that Start applies, and without the one frame more that a movie has.
 void winMakeMovie::CalculateSize() {
     const auto number = [this](const std::string& name) { return Val(Find<EditField>(name).Text()); };

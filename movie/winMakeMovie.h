@@ -26,11 +26,11 @@ class winMakeMovie final : public Dialog {
 
     // The dialog (movie/winMakeMovie.cpp).
     bool eStart_KeyDown(const std::string& key);
-    void eStart_TextChange();
-    void eSizeX_TextChange();
-    void eSizeY_TextChange();
-    void eFrameRate_TextChange();
-    void eScale_TextChange();
+    void eStart_TextChange() { CalculateSize(); }
+    void eSizeX_TextChange() { CalculateSize(); }
+    void eSizeY_TextChange() { CalculateSize(); }
+    void eFrameRate_TextChange() { CalculateSize(); }
+    void eScale_TextChange() { CalculateSize(); }
     void Event_Open() override;
     void Event_Close() override;
     /// Shows how large the movie would be without compression.

@@ -75,11 +75,6 @@ void AboutWindow::_CreateControls0() {
     badge.MouseDown = [this](Int32 x, Int32 y) { return RBIconCanvas_MouseDown(x, y); };
 }
 
-void AboutWindow::StatAppName_Open() { ChooseFont<StaticText>("StatAppName"); }
-void AboutWindow::StatAppVersion_Open() { ChooseFont<StaticText>("StatAppVersion"); }
-void AboutWindow::EditAppCredits_Open() { ChooseFont<StyledTextField>("EditAppCredits"); }
-void AboutWindow::StatAppCopyright_Open() { ChooseFont<StaticText>("StatAppCopyright"); }
-
 void AboutWindow::AppIconCanvas_Paint(const Ref<Graphics>& g) {
     const Ref<Picture> icon = AboutIcon();
     ApplyMask(icon, AboutMask());

@@ -15,10 +15,10 @@ class AboutWindow final : public InformationWindow {
     bool UseCredits = false;
 
     void AppIconCanvas_Paint(const Ref<Graphics>& g);
-    void StatAppName_Open();
-    void StatAppVersion_Open();
-    void EditAppCredits_Open();
-    void StatAppCopyright_Open();
+    void StatAppName_Open() { ChooseFont<StaticText>("StatAppName"); }
+    void StatAppVersion_Open() { ChooseFont<StaticText>("StatAppVersion"); }
+    void EditAppCredits_Open() { ChooseFont<StyledTextField>("EditAppCredits"); }
+    void StatAppCopyright_Open() { ChooseFont<StaticText>("StatAppCopyright"); }
     bool RBIconCanvas_MouseDown(Int32 x, Int32 y);
     void RBIconCanvas_Paint(const Ref<Graphics>& g);
     /// Shows a text in the credits field: as mark-up, or as it stands.

@@ -79,8 +79,6 @@ void winSet::btnOK_Action() {
     Close();
 }
 
-void winSet::btnCancel_Action() { Close(); }
-
 void winSet::aMin_Up() {
     const double minutes = std::min<double>(Number(eMin()) + 1, kMaxMinutes);
     if (minutes == kMaxMinutes) eSec().Text("00");

@@ -11,7 +11,7 @@ class winSet final : public Dialog {
     static winSet& Instance() { return ImplicitInstance<winSet>("winSet.winSet"); }
 
     void btnOK_Action();
-    void btnCancel_Action();
+    void btnCancel_Action() { Close(); }
     void aMin_Up();
     void aMin_Down();
     bool eMin_KeyDown(const std::string& key);
