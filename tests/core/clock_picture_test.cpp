@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <vector>
 
 #include "platform/qt/drawing/Surfaces.h"
 #include "shell/resources.h"

@@ -19,7 +19,6 @@
 // Movies are read back by ffprobe and ffmpeg, each in a process of its own.
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
 using testing::StartsWith;
 
 namespace {

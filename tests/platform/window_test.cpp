@@ -16,7 +16,6 @@
 
 #include "platform/Canvas.h"
 #include "platform/Controls.h"
-#include "platform/Thread.h"
 #include "platform/Timer.h"
 #include "platform/qt/events/MainThread.h"
 #include "shell/MenuBar1.h"
