@@ -6,23 +6,17 @@
 #include "platform/Application.h"
 #include "platform/MovieLibrary.h"
 
-namespace {
-
-const MovieLibrary& Open() {
-    std::filesystem::path file = Application::ExecutableFile()->Path();
-    file.replace_filename(MOVIE_MODULE);
-    // It is never closed: some of its libraries don't bear that.
-    void* const module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
-    void* const entry = module ? dlsym(module, "MovieLibraryOfModule") : nullptr;
-    if (entry) return *reinterpret_cast<decltype(&MovieLibraryOfModule)>(entry)();
-    std::fprintf(stderr, "There are no movies: %s\n", dlerror());
-    static const MovieLibrary none;
-    return none;
-}
-
-}  // namespace
-
 const MovieLibrary& MovieLibrary::Installed() {
-    static const MovieLibrary& opened = Open();
+    static const MovieLibrary& opened = []() -> const MovieLibrary& {
+        std::filesystem::path file = Application::ExecutableFile()->Path();
+        file.replace_filename(MOVIE_MODULE);
+        // It is never closed: some of its libraries don't bear that.
+        void* const module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+        void* const entry = module ? dlsym(module, "MovieLibraryOfModule") : nullptr;
+        if (entry) return *reinterpret_cast<decltype(&MovieLibraryOfModule)>(entry)();
+        std::fprintf(stderr, "There are no movies: %s\n", dlerror());
+        static const MovieLibrary none;
+        return none;
+    }();
     return opened;
 }

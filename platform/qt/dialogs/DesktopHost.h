@@ -8,8 +8,7 @@
 /// The real host: the desktop that the program runs on.
 class DesktopHost final : public Host {
   public:
-    /// `applicationId` and `name` tell the desktop's services who asks.
-    /// `alertSound` is the file to be played where the desktop has no sound of its own.
+    /// `applicationId` and `name` tell services who asks; `alertSound` is played where the desktop has no sound of its own.
     DesktopHost(const std::string& applicationId, const std::string& name, const std::filesystem::path& alertSound);
 
     double Microseconds() override;
