@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <limits>
 #include <span>
 #include <utility>
@@ -46,6 +47,8 @@ constexpr std::array kServices{
             "org.freedesktop.portal.Inhibit"_L1, "Close"_L1},
 };
 
+constexpr auto kBus = "org.freedesktop.DBus"_L1;
+constexpr auto kBusPath = "/org/freedesktop/DBus"_L1;
 constexpr auto kPortalRequest = "org.freedesktop.portal.Request"_L1;
 /// Session managers and the portal name the same thing by the same bit: the session isn't to be taken for idle.
 constexpr uint kIdle = 8;
@@ -77,16 +80,24 @@ bool IsGrant(const Service& service, const QDBusMessage& reply) {
     return reply.type() == QDBusMessage::ReplyMessage && reply.signature() == expected;
 }
 
-/// The call that gives back what was granted, to who granted it: to a successor the number would mean something else.
-QDBusMessage ReleaseCall(const Service& service, const QDBusMessage& grant) {
-    const QVariant token = grant.arguments().constFirst();
+/// The call that gives back what `owner` has granted.
+QDBusMessage ReleaseCall(const Service& service, const QString& owner, const QVariant& token) {
     if (service.protocol == Service::Protocol::Portal) {
         const QString request = token.value<QDBusObjectPath>().path();
-        return QDBusMessage::createMethodCall(grant.service(), request, kPortalRequest, service.release);
+        return QDBusMessage::createMethodCall(owner, request, kPortalRequest, service.release);
     }
-    auto call = QDBusMessage::createMethodCall(grant.service(), service.path, service.interface, service.release);
+    auto call = QDBusMessage::createMethodCall(owner, service.path, service.interface, service.release);
     call << token;
     return call;
+}
+
+/// Calls without waiting. `done` gets the answer, however late it comes, as long as the application object lives.
+void Call(const QDBusMessage& call, const std::function<void(const QDBusMessage& answer)>& done) {
+    auto* const pending = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, kForever), qApp);
+    QObject::connect(pending, &QDBusPendingCallWatcher::finished, pending, [pending, done] {
+        pending->deleteLater();
+        done(pending->reply());
+    });
 }
 
 }  // namespace
@@ -101,16 +112,22 @@ class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
         QObject::connect(&owners_, &QDBusServiceWatcher::serviceOwnerChanged, &owners_,
                          [this](const QString& name, const QString&, const QString& owner) {
                              for (const Service& service : kServices)
-                                 if (service.name == name && !owner.isEmpty() && !hasEnded_) Ask(service);
+                                 if (service.name == name && !owner.isEmpty() && !hasEnded_) AskOwner(service, owner);
                          });
     }
 
-    void Begin() {
-        for (const Service& service : ServicesToAsk()) {
-            // What the portal grants is known to nobody else, and asking it may start it.
-            if (service.protocol != Service::Protocol::Portal) owners_.addWatchedService(service.name);
-            Ask(service);
-        }
+    void Ask(const Service& service) {
+        // The portal speaks for others and may have to be started. What it grants is known to nobody else.
+        if (service.protocol == Service::Protocol::Portal) return AskOwner(service, service.name);
+        // A saver that isn't running needs no holding off. Another is asked by its owner's own name, which no reply
+        // tells with Qt 6.8, so that no release reaches a successor: to it the number would mean something else.
+        owners_.addWatchedService(service.name);
+        auto call = QDBusMessage::createMethodCall(kBus, kBusPath, kBus, u"GetNameOwner"_s);
+        call << QString(service.name);
+        Call(call, [run = shared_from_this(), &service](const QDBusMessage& answer) {
+            const bool isOwned = answer.type() == QDBusMessage::ReplyMessage;
+            if (isOwned && !run->hasEnded_) run->AskOwner(service, answer.arguments().constFirst().toString());
+        });
     }
 
     void End() {
@@ -120,21 +137,14 @@ class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
     }
 
   private:
-    void Ask(const Service& service) {
-        auto call = QDBusMessage::createMethodCall(service.name, service.path, service.interface, u"Inhibit"_s);
-        // A saver that isn't running needs no holding off; but the portal speaks for others.
-        call.setAutoStartService(service.protocol == Service::Protocol::Portal);
+    void AskOwner(const Service& service, const QString& owner) {
+        auto call = QDBusMessage::createMethodCall(owner, service.path, service.interface, u"Inhibit"_s);
         call.setArguments(Arguments(service.protocol, application_, reason_));
-        auto* const pending =
-            new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, kForever), qApp);
-        QObject::connect(pending, &QDBusPendingCallWatcher::finished, pending,
-                         [run = shared_from_this(), &service, pending] {
-                             pending->deleteLater();
-                             const QDBusMessage answer = pending->reply();
-                             if (!IsGrant(service, answer)) return;
-                             run->releases_.push_back(ReleaseCall(service, answer));
-                             if (run->hasEnded_) run->End();
-                         });
+        Call(call, [run = shared_from_this(), &service, owner](const QDBusMessage& answer) {
+            if (!IsGrant(service, answer)) return;
+            run->releases_.push_back(ReleaseCall(service, owner, answer.arguments().constFirst()));
+            if (run->hasEnded_) run->End();
+        });
     }
 
     const QString application_;
@@ -153,7 +163,8 @@ DBusInhibitor::~DBusInhibitor() { Release(); }
 void DBusInhibitor::Inhibit() {
     if (run_ || !QDBusConnection::sessionBus().isConnected()) return;
     run_ = std::make_shared<Run>(applicationId_, reason_);
-    run_->Begin();
+    for (const Service& service : ServicesToAsk())
+        run_->Ask(service);
 }
 
 void DBusInhibitor::Release() {
