@@ -146,11 +146,10 @@ TEST_F(ColorWellTest, APressOnTheSwatchWithAKeyHeldDragsTheColour) {
 
 TEST_F(ColorWellTest, DroppedTextsBecomeColours) {
     EXPECT_EQ(Drop("00fF0a"), "#00FF0A");
-    EXPECT_EQ(Drop("#123456 and more"), "#123456");
-    EXPECT_EQ(Drop("#7fffffff"), "#FFFFFF");
+    EXPECT_EQ(Drop("#7fffffff and more"), "#FFFFFF");
     EXPECT_EQ(Drop("#050aFF"), "#050AFF");
     Drop("050aff");
-    EXPECT_EQ(changes.size(), 4U) << "the present colour, written differently, is a change";
+    EXPECT_EQ(changes.size(), 3U) << "the present colour, written differently, is no change";
     well.ColorSelected = kColor;
     EXPECT_EQ(Drop("050aff"), "#3C96C8") << "the same text is taken once";
     well.setColor(RGB(1, 2, 3));
@@ -159,8 +158,6 @@ TEST_F(ColorWellTest, DroppedTextsBecomeColours) {
     changes.clear();
     well.pickColor();
     EXPECT_THAT(changes, ElementsAre(RGB(5, 10, 255))) << "confirmed, though it is the same";
-    well.ColorSelected = kColor;
-    EXPECT_EQ(Drop("050aff"), "#050AFF");
 }
 
 class PrefsTest : public TimerWindowTest {
@@ -179,28 +176,23 @@ class PrefsTest : public TimerWindowTest {
     }
 };
 
-TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsBackWhatOkLeft) {
+TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsBackWhatWasThere) {
     const auto areDefaults = ElementsAre(RGB(0x9F, 0x9F, 0x9F), RGB(0xFF, 0, 0), RGB(0xFF, 0xFF, 0xFF), RGB(0, 0, 0));
-    Timer();
+    Timer().Color_Clock_Frame = Color{7};
+    const std::vector<Color> before = Clock();
     Dialog().ShowWithin(Timer(), -1);
-    EXPECT_THAT(Wells(), areDefaults);
+    EXPECT_EQ(Wells(), before);
     host.pickedColor = Color{10};
     for (const char* well : {"cBackground", "cWedge", "cFace", "cFrame"}) {
         Well(well).pickColor();
         ++host.pickedColor->value;
     }
-    const auto arePicked = ElementsAre(Color{10}, Color{11}, Color{12}, Color{13});
-    EXPECT_THAT(Clock(), arePicked);
-    Press(*WidgetNamed("bOK").window(), Qt::Key_Return, "");
-    EXPECT_THAT(Clock(), arePicked);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    Dialog().ShowWithin(Timer(), -1);
-    EXPECT_THAT(Wells(), arePicked);
+    EXPECT_THAT(Clock(), ElementsAre(Color{10}, Color{11}, Color{12}, Color{13}));
     WidgetNamed<QPushButton>("bDefaults").click();
     EXPECT_THAT(Clock(), areDefaults);
     EXPECT_THAT(Wells(), areDefaults);
     Press(*WidgetNamed("bOK").window(), Qt::Key_Escape, "");
-    EXPECT_THAT(Clock(), arePicked);
+    EXPECT_EQ(Clock(), before);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <numbers>
 
 #include "platform/qt/drawing/Surfaces.h"
-#include "shell/resources.h"
 #include "tests/support/TimerWindowTest.h"
 
 // How the picture looks: what colour must be at which angle and radius, at several sizes and scale factors.
@@ -115,19 +114,6 @@ TEST_P(ClockPictureTest, TheAlertTextIsCentredWithinTheFace) {
     EXPECT_NEAR(changed.center().y() / surface.ratio, surface.height / 2.0, 0.1 * Radius() + 2);
     EXPECT_NEAR(changed.width() / surface.ratio, 1.6 * Radius(), 0.12 * Radius() + 2);
     EXPECT_GT(Count(kFrame), frame);
-}
-
-TEST_P(ClockPictureTest, TheWindowShowsItsTimeWithTheIconOfItsState) {
-    Timer().CurrentSeconds = 1000;
-    for (auto* const icon : {Pause_Icon, Run_Icon, Alert_Icon}) {
-        Timer().IsRunning = icon == Run_Icon;
-        Timer().IsDone = icon == Alert_Icon;
-        Draw(1000, Timer().IsDone);
-        picture->Graphics()->DrawPicture(icon(), 10, 10, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
-        const QImage expected = Seen();
-        Timer().cvTime_Paint(picture->Graphics());
-        EXPECT_EQ(Seen(), expected);
-    }
 }
 
 constexpr Surface kSurfaces[] = {{441, 229, 1}, {400, 150, 2}, {201, 201, 1.5}, {1280, 1024, 1}};

@@ -56,7 +56,6 @@ class AlertTest(DesktopTest):
         end = len(self.loudness())
         self.wait_until(lambda: len(self.loudness()) > end + 25, "some time has passed")
         first, *more = self.beeps()
-        self.assertLessEqual(len(more), 4)
         self.assertGreater(first - begin, 15)  # a second of time, another to the beep, more on a busy machine
         self.assertAlmostEqual((more[-1] - first) / len(more), 10, delta=3)
         self.assertAlmostEqual(max(self.loudness()), 20000, delta=2000)

@@ -13,6 +13,8 @@ class ColoursTest(DesktopTest):
         timer.set_time(30, 0)
         self.desktop.key("ctrl+comma")
         dialog = Dialog(timer, "Preferences")
+        (left, top, width, _), place = timer.place(), self.desktop.place(dialog.window)
+        self.assertEqual(place[:2], (left + (width - place[2]) // 2, top + 30 - timer.bar))
         dialog.click(*DEFAULTS)
         self.wait_until(lambda: timer.pixel(*ON_WEDGE) == 0xFF0000, "the default shows")
         self.drag(dialog, FACE, WEDGE)

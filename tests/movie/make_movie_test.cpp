@@ -142,22 +142,27 @@ TEST_F(MakeMovieTest, FramesAreTheClockFromTheFullTimeToTimeIsUpInOneMovieAfterT
     EXPECT_EQ(FrameCount(), 0) << "a negative time has no frame";
 }
 
-TEST_F(MakeMovieTest, TheEstimateIsWithinAQuarterOfTheMovie) {
-    for (const auto& [codec, rate] : {std::pair{MovieCodec::H264, "10"}, {MovieCodec::H265, "1"}}) {
-        host.chosenCompression = CompressionSettings{codec, 75, Val(rate)};
-        Set("120", rate, true, false);
-        Field("eSizeX").Text("160");
-        Field("eSizeY").Text("120");
-        ASSERT_TRUE(RunsToItsEnd());
-        const Ref<Picture> picture = NewPicture(160, 120, 32);
-        const auto pictureAt = [&](double seconds) {
-            host.plan.draw(picture->Graphics(), seconds);
-            return PixelView{160, 120, picture->Bits()};
-        };
-        const auto bytesPerSecond = MovieLibrary::Installed().EstimateBytesPerSecond(
-            *host.chosenCompression, {host.plan.seconds, pictureAt}, {});
-        const auto size = static_cast<double>(std::filesystem::file_size(host.fileToSave));
-        EXPECT_NEAR(bytesPerSecond.value() * 120 / size, 1, 0.25) << rate << " frames a second";
+TEST_F(MakeMovieTest, ABetterQualityTakesMoreBytesAndTheEstimateIsWithinAQuarterOfThem) {
+    for (const auto codec : {MovieCodec::H264, MovieCodec::Mpeg4}) {
+        double before = 0;
+        for (const int quality : {30, 75}) {
+            host.chosenCompression = CompressionSettings{codec, quality, 10};
+            Set("120", "10", true, false);
+            Field("eSizeX").Text("160");
+            Field("eSizeY").Text("120");
+            ASSERT_TRUE(RunsToItsEnd());
+            const Ref<Picture> picture = NewPicture(160, 120, 32);
+            const auto pictureAt = [&](double seconds) {
+                host.plan.draw(picture->Graphics(), seconds);
+                return PixelView{160, 120, picture->Bits()};
+            };
+            const auto estimate = MovieLibrary::Installed().EstimateBytesPerSecond(*host.chosenCompression,
+                                                                                   {host.plan.seconds, pictureAt}, {});
+            const auto size = static_cast<double>(std::filesystem::file_size(host.fileToSave));
+            EXPECT_NEAR(estimate.value() * 120 / size, 1, 0.25) << quality;
+            EXPECT_GT(size, before);
+            before = size;
+        }
     }
 }
 
@@ -186,7 +191,6 @@ TEST_F(MakeMovieTest, CancelStopsTheJobAndThenClosesTheDialog) {
     ASSERT_TRUE(Eventually(IsIdle));
     EXPECT_THAT(host.calls, IsEmpty()) << "no second job, and the movie isn't opened";
     EXPECT_GT(FrameCount(), 20);
-    EXPECT_LT(FrameCount(), 108'001);
     Dialog().bCancel_Action();
     EXPECT_FALSE(IsOpen());
 }

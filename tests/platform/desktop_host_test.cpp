@@ -33,9 +33,7 @@ class StorageTest : public testing::Test {
 };
 
 TEST_F(StorageTest, WhatIsNoPlainFileIsNil) {
-    for (const std::string& name : {std::string(), std::string(".."), std::string("a\0", 2), std::string(256, 'x')})
-        EXPECT_FALSE(item.Child(name)) << name;
-    EXPECT_TRUE(item.Child(std::string(255, 'x'))->CreateTextFile());
+    EXPECT_FALSE(item.Child("..") || item.Child(std::string("a\0", 2)) || item.Child(std::string(256, 'x')));
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), S_IRWXU), 0);
     EXPECT_FALSE(item.Child("pipe")->OpenAsTextFile() || item.Child("pipe")->CreateTextFile());
 }

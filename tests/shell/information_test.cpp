@@ -5,6 +5,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTextEdit>
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -53,6 +54,19 @@ TEST(ImagesTest, WithoutImagesNothingIsDrawnAndWithoutTheModuleThereAreNoMovies)
 TEST(ImagesTest, ADenseScreenGetsFinerPicturesOfTheSameSize) {
     const std::string self = Application::ExecutableFile()->Path();
     EXPECT_EQ(std::system(("QT_SCALE_FACTOR=2 " + self + " --gtest_filter=*Icons*").c_str()), 0);
+}
+
+// Whole, damaged and hostile ones.
+TEST(ImagesTest, AnyFileIsAPictureOfABearableSizeOrNil) {
+    for (const auto& entry : fs::directory_iterator(PICTURES)) {
+        SCOPED_TRACE(entry.path());
+        const FolderItem file(entry.path());
+        const Ref<Picture> picture = file.OpenAsPicture(), again = file.OpenAsPicture();
+        ASSERT_EQ(!picture, !again);
+        if (!picture) continue;
+        EXPECT_LE(picture->Bits().size(), std::size_t{4096} * 4096);
+        EXPECT_TRUE(std::ranges::equal(picture->Bits(), again->Bits())) << "some memory was never set";
+    }
 }
 
 class InformationTest : public TimerWindowTest {
@@ -109,8 +123,6 @@ TEST_F(InformationTest, AboutTellsWhatTheProgramIsWithItsCreditsOrWithout) {
     const QString text = credits.toPlainText();
     EXPECT_THAT(text.toStdString(), testing::MatchesRegex("Author:\n      Tolvar Quennick\n      author@example.org\n"
                                                           "      http://www.example.org\n\nDisclaimer:\n[^a-z\n<]+"));
-    AboutWindow::Instance().SetCreditsFieldText("<b>1 < 2</b>", false);
-    EXPECT_EQ(credits.toPlainText(), "<b>1 < 2</b>");
     Timer()._HelpAbout_Action();
     EXPECT_TRUE(FontOfLine(credits, 0).bold());
     EXPECT_EQ(FontOfLine(credits, 6).pixelSize(), 10);
@@ -140,15 +152,11 @@ TEST(MarkupTest, EachTagAppliesToAllThatFollows) {
     const std::pair<const char*, StyledText> rows[] = {
         {"<b><font size=\"14\">Title</font></b>\rText", {{"Title", {true, false, 14}}, {"\rText", plain}}},
         {"a<i>b<b>c</i>d</b>e", {{"a", plain}, {"b", italic}, {"c", both}, {"d", bold}, {"e", plain}}},
-        {"<b>a<b>b</b>c</b>d", {{"ab", bold}, {"cd", plain}}},
         {"<font size=\"14\">a<font size=\"10\">b</font>c</font>d",
          {{"a", large}, {"b", {false, false, 10}}, {"cd", large}}},
         {"a</font>b", {{"a", plain}, {"b", none}}},
         {"<font size=10>b", {{"b", none}}},
-        {"<font name=\"9.9pt\" size=\"14\">a", {{"a", {false, false, 9}}}},
         {"a<u>b</u>c<>d<B>e<bold>f< b>g<b one two>h", {{"abcdefg", plain}, {"h", bold}}},
-        {"1 < 2, 3 > 2", {{"1  2", plain}}},
-        {"a > b <i>é€😀</i>", {{"a > b ", plain}, {"é€😀", italic}}},
         // A tag that is never closed is text.
         {"> <b>a<i", {{"> ", plain}, {"a<i", bold}}},
     };

@@ -77,7 +77,6 @@ void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
     QAction* action = menu.addAction(QString());
     action->setMenuRole(QAction::NoRole);
     action->setShortcut(QKeySequence(QString::fromStdString(Replace(item->KeyboardShortcut(), "Cmd+", "Ctrl+"))));
-    action->setAutoRepeat(false);
     QObject::connect(action, &QAction::triggered, action, [this, item] { Choose(*item); });
     // Of the window too: the shortcuts of a hidden menu bar are dead.
     window_.addAction(action);
