@@ -73,9 +73,9 @@ struct Part {
     bool isSwatch;
 };
 const Part kParts[] = {
-    {{31, 16}, 128, 71, false}, {{3, 31}, 128, 71, false},   {{1, 16}, 217, 105, false}, {{3, 1}, 252, 140, false},
-    {{3, 2}, 237, 125, false},  {{28, 30}, 242, 130, false}, {{3, 6}, 230, 117, false},  {{28, 25}, 255, 143, false},
-    {{26, 16}, 45, 11, true},   {{25, 16}, 52, 19, true},    {{16, 25}, 60, 26, true},
+    {{0, 16}, 128, 71, false}, {{3, 31}, 128, 71, false},   {{1, 16}, 217, 105, false}, {{3, 1}, 252, 140, false},
+    {{3, 2}, 237, 125, false}, {{28, 30}, 242, 130, false}, {{3, 6}, 230, 117, false},  {{28, 25}, 255, 143, false},
+    {{26, 16}, 45, 11, true},  {{25, 16}, 52, 19, true},    {{16, 25}, 60, 26, true},   {{16, 6}, 52, 19, true},
 };
 
 enum class Look { Raised, Pressed, PaleAroundSwatch, Pale };

@@ -97,6 +97,7 @@ TEST_F(MakeMovieTest, TheFieldsAreJudgedAndRaisedAndTheSizeFollowsThemAsTheyStan
     const auto size = [] { return WidgetOf<QLabel>(Dialog().Find<StaticText>("lSize")).text(); };
     Dialog().ShowWithin(Timer(), -1);
     EXPECT_EQ(size(), "Uncompressed movie file size: 791.0MB");
+    EXPECT_EQ(WidgetNamed("lSize").window()->findChildren<QLabel*>().size(), 10);
     auto& start = WidgetNamed<QLineEdit>("eStart");
     start.clear();
     QTest::keyClicks(&start, "3-6,0a1");
@@ -169,6 +170,7 @@ TEST_F(MakeMovieTest, ABetterQualityTakesMoreBytesAndTheEstimateIsWithinAQuarter
 TEST(CompressionDialogTest, EachCodecIsChosenAndConfirmedOnlyWhereItMakesTheSize) {
     CompressionDialog dialog(nullptr, NewPicture(9000, 65, 32), {}, {MovieCodec::H264, 30, 12});
     auto& menu = *dialog.findChild<QComboBox*>();
+    EXPECT_EQ(dialog.findChildren<QLabel*>().size(), 9) << "with a text or a place for one";
     const auto& ok = *dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
     for (const CodecChoice& choice : MovieLibrary::Installed().Codecs()) {
         EXPECT_EQ(dialog.Settings(), (CompressionSettings{choice.codec, 30, 12})) << choice.name;
@@ -211,7 +213,6 @@ TEST_F(MakeMovieTest, WhatFailsBeforeTheJobLeavesNothingBehind) {
     host.fileToSave = host.preferencesFolder;
     EXPECT_TRUE(exists("48")) << "a folder is left alone";
     EXPECT_THAT(host.calls, Not(Contains(HasSubstr("no such folder")))) << "it is no place to begin the next time";
-    EXPECT_THAT(host.messages, IsEmpty());
 }
 
 TEST_F(MakeMovieTest, TheEndOfTheProgramEndsTheJobAndKeepsTheMovie) {
