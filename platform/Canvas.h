@@ -68,7 +68,7 @@ class Canvas : public RectControl {
 
     /// From now on texts can be dropped on the canvas.
     void AcceptTextDrop();
-    /// An item to be dragged from here, still without text and picture. The window's rectangle is what seems to move.
+    /// An item to be dragged, without text and picture yet. The rectangle that moves is in the window's coordinates.
     Ref<DragItem> NewDragItem(Int32 left, Int32 top, Int32 width, Int32 height);
 
     /// What a screen reader is told when it asks.

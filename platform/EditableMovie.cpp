@@ -1,7 +1,5 @@
 #include "platform/EditableMovie.h"
 
-#include <utility>
-
 #include "platform/Host.h"
 #include "platform/MovieLibrary.h"
 #include "platform/Picture.h"

@@ -2,7 +2,6 @@
 
 #include <deque>
 #include <functional>
-#include <memory>
 
 #include "platform/MovieLibrary.h"
 #include "platform/ffmpeg/Ffmpeg.h"

@@ -4,7 +4,6 @@
 
 #include <mutex>
 #include <thread>
-#include <utility>
 
 namespace {
 
@@ -64,7 +63,8 @@ AlertSound::~AlertSound() {
 
 void AlertSound::Play() {
     const std::lock_guard lock(shared_->mutex);
-    if (std::exchange(shared_->isUnderWay, true)) return shared_->bell();
+    if (shared_->isUnderWay) return shared_->bell();
     // A sound service that hangs holds up whoever asks it. Detached: when it never answers, the program still ends.
     std::thread([shared = shared_] { shared->PlayOrRing(); }).detach();
+    shared_->isUnderWay = true;
 }

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -51,12 +54,21 @@ TEST_F(StorageTest, ThePreferencesFolderFollowsTheEnvironmentAndIsTheUsersAlone)
         EXPECT_EQ(fs::status(folder / made).permissions(), fs::perms::owner_all) << made;
 }
 
-TEST_F(StorageTest, WithoutASoundServiceTheBellRings) {
-    setenv("PULSE_SERVER", "unix:/nowhere", 1);
+// It takes connections and never says a word, until it goes.
+TEST_F(StorageTest, ASoundServiceThatHangsHoldsUpNothingAndTheBellRings) {
+    const std::string socketFile = folder / "silent";
+    const int listening = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    socketFile.copy(address.sun_path, sizeof address.sun_path - 1);
+    ASSERT_EQ(bind(listening, reinterpret_cast<sockaddr*>(&address), sizeof address) | listen(listening, 5), 0);
+    setenv("PULSE_SERVER", ("unix:" + socketFile).c_str(), 1);
     std::atomic<int> rings = 0;
     AlertSound sound("org.example.test", "Test", "", [&rings] { ++rings; });
-    sound.Play();
-    EXPECT_TRUE(Eventually([&rings] { return rings == 1; }));
+    for (int i = 0; i < 3; ++i)
+        sound.Play();
+    EXPECT_EQ(rings, 2) << "the first one still waits for the service";
+    close(listening);
+    EXPECT_TRUE(Eventually([&rings] { return rings == 3; })) << "nobody is there to play it";
 }
 
 using Calls = std::vector<std::string>;

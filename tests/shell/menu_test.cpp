@@ -57,7 +57,6 @@ TEST_F(MenuTest, EachPassFollowsTheState) {
     std::vector<std::function<void()>> passes = {PassBeforeShortcut};
     for (const QAction* action : Widget().findChild<QMenuBar*>()->actions())
         passes.emplace_back([menu = action->menu()] { menu->aboutToShow(); });
-    ASSERT_EQ(passes.size(), 6U);
     for (const auto& pass : passes) {
         for (const auto& [isRunning, isDone, caption] :
              {std::tuple(true, false, "Stop"), {false, true, "Dismiss"}, {false, false, "Start"}}) {

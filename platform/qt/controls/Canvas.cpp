@@ -47,10 +47,11 @@ class CanvasWidget final : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent*) override {
-        painting_ = MakeRef<Graphics>(std::make_unique<Graphics::Peer>(*this));
-        if (kept_) painting_->peer().Fill(kept_->pixels().View());
+        const auto graphics = MakeRef<Graphics>(std::make_unique<Graphics::Peer>(*this));
+        if (kept_) graphics->peer().Fill(kept_->pixels().View());
+        painting_ = graphics;
         Deliver([this] { owner_.Event_Paint(painting_); });
-        painting_->peer().painter.end();  // whoever still holds it
+        graphics->peer().painter.end();  // whoever still holds it
         painting_ = nullptr;
     }
 

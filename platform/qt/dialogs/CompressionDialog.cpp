@@ -21,10 +21,10 @@ PixelView View(Picture& picture) { return {picture.Width(), picture.Height(), pi
 bool IsLarge(QSize frame) { return frame.boundedTo(kPreviewSize) != frame; }
 
 QString SizeText(double bytesPerMinute) {
-    constexpr int kDecimals = 1;
-    const auto bytes = static_cast<qint64>(bytesPerMinute);
-    return QStringLiteral("About %1 a minute")
-        .arg(QLocale().formattedDataSize(bytes, kDecimals, QLocale::DataSizeTraditionalFormat));
+    constexpr double kMegabyte = 1024 * 1024;
+    const std::string kilobytes = Format(bytesPerMinute / 1024, "###,##0") + " KB";
+    const std::string megabytes = Format(bytesPerMinute / kMegabyte, "###,##0.0") + " MB";
+    return QString::fromStdString("About " + (bytesPerMinute < kMegabyte ? kilobytes : megabytes) + " a minute");
 }
 
 QString Note(const QString& codec, SizeSupport support) {
@@ -147,11 +147,13 @@ void CompressionDialog::ShowCodec() {
 void CompressionDialog::Encode() {
     size_.setEnabled(false);  // until it is known again
     worker_.request_stop();
-    worker_ =
-        std::jthread([this, settings = Settings(), before = std::move(worker_)](const std::stop_token& stop) mutable {
-            before = std::jthread();
-            EncodeSample(settings, stop);
-        });
+    Deliver([this] {
+        worker_ =
+            std::jthread([this, settings = Settings(), before = std::move(worker_)](std::stop_token stop) mutable {
+                before = std::jthread();
+                EncodeSample(settings, stop);
+            });
+    });
 }
 
 void CompressionDialog::EncodeSample(const CompressionSettings& settings, const std::stop_token& stop) {
