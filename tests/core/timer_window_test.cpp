@@ -2,7 +2,6 @@
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QMenuBar>
-#include <string>
 
 #include "platform/Text.h"
 #include "tests/support/TimerWindowTest.h"
@@ -87,8 +86,6 @@ TEST_F(TimerTest, FullscreenShowsTheMenuBarAtTheTopAndGivesTheFrameBack) {
     QWidget& window = *Clock().window();
     QMenuBar& bar = *window.findChild<QMenuBar*>();
     const auto hasBarAt = [&bar](Int32 y) { return Timer().Event_MouseMove(0, y), bar.isVisible(); };
-    EXPECT_EQ(frame().size(), QSize(441, 229));
-    EXPECT_TRUE(hasBarAt(11));
     Timer().Left(40);
     Timer().Top(60);
     Timer().Width(500);

@@ -76,8 +76,6 @@ TEST_F(MenuTest, CommandsGoToTheirHandlers) {
     Timer().IsDone = true;
     Choose("Ctrl+R");
     EXPECT_FALSE(Timer().IsDone);
-    Choose("Ctrl+F");
-    EXPECT_TRUE(Timer().FullScreen());
     Choose("Help...");
     EXPECT_TRUE(Showing("Help"));
     End(winHelp::Instance());

@@ -46,6 +46,7 @@ TEST_F(SetTimerTest, ArrowsCarryAndStop) {
         {"59:59", "aSec", true, "60:00", "eSec"},
         {"60:30", "aSec", true, "60:00", "eMin"},
         {"05:00", "aSec", false, "04:59", "eSec"},
+        {"00:00", "aSec", false, "00:00", "eSec"},
         // What only pasting can bring.
         {"abc:", "aMin", true, "01:", "eMin"},
         {"2147483647:0", "aMin", true, "60:00", "eMin"},
@@ -92,7 +93,6 @@ TEST_F(SetTimerTest, KeysAreJudgedBeforeTheFieldGetsThem) {
         caret == kSelected ? field.selectAll() : field.setCursorPosition(caret);
         QTest::keyClicks(&field, keys);
         EXPECT_EQ(Shown(), after);
-        EXPECT_TRUE(field.hasFocus());
     }
 }
 

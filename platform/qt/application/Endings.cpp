@@ -33,7 +33,7 @@ QtMessageHandler print = nullptr;
 // since the event loop, from which this comes, can't be left any more.
 void HearOfLostDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     print(type, context, text);
-    if (!saveOnce || !text.contains(QStringLiteral("connection broke"))) return;
+    if (!saveOnce || !(text.contains(u"connection broke") || text.contains(u"connection experienced"))) return;
     std::exchange(saveOnce, nullptr)();
     std::_Exit(EXIT_FAILURE);
 }

@@ -18,8 +18,8 @@
 #include <QtWidgets/QMessageBox>
 
 #include "platform/qt/dialogs/CompressionDialog.h"
-#include "platform/qt/drawing/Surfaces.h"
 #include "platform/qt/drawing/Styles.h"
+#include "platform/qt/drawing/Surfaces.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 /// The real host: the desktop that the program runs on.
 class DesktopHost final : public Host {
   public:
-    /// `applicationId` and `name` tell services who asks; `alertSound` is played where the desktop has no sound of its own.
+    /// `applicationId` and `name` tell services who asks; `alertSound` is played where the desktop has no sound for it.
     DesktopHost(const std::string& applicationId, const std::string& name, const std::filesystem::path& alertSound);
 
     double Microseconds() override;
