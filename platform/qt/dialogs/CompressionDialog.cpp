@@ -147,13 +147,11 @@ void CompressionDialog::ShowCodec() {
 void CompressionDialog::Encode() {
     size_.setEnabled(false);  // until it is known again
     worker_.request_stop();
-    Deliver([this] {
-        worker_ =
-            std::jthread([this, settings = Settings(), before = std::move(worker_)](std::stop_token stop) mutable {
-                before = std::jthread();
-                EncodeSample(settings, stop);
-            });
-    });
+    auto work = [this, settings = Settings(), before = std::move(worker_)](const std::stop_token& stop) mutable {
+        before = std::jthread();
+        EncodeSample(settings, stop);
+    };
+    Deliver([&] { worker_ = std::jthread(std::move(work)); });
 }
 
 void CompressionDialog::EncodeSample(const CompressionSettings& settings, const std::stop_token& stop) {
