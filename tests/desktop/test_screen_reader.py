@@ -50,10 +50,10 @@ class ScreenReaderTest(DesktopTest):
 
     def test_the_program_is_used_without_looking(self):
         bus = {"DBUS_SESSION_BUS_ADDRESS": os.environ["DBUS_SESSION_BUS_ADDRESS"]}
-        self.timer = self.launch(environment=bus | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
         self.spoken = []
-        pyatspi.Registry.registerEventListener(self.hear, EVENT)
+        pyatspi.Registry.registerEventListener(self.hear, EVENT)  # so early that the program knows of it in time
         self.addCleanup(pyatspi.Registry.deregisterEventListener, self.hear, EVENT)
+        self.timer = self.launch(environment=bus | {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
         self.press("menu item", "Set...")
         dialog = self.find("dialog", "Set Timer")
         self.press("button", "Sec up", dialog)
