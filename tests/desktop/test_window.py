@@ -37,6 +37,7 @@ class FullscreenTest(DesktopTest):
     def run_and_stop(self):
         """What came before has been dealt with once this has shown."""
         for state in ("running", "stopped"):
+            self.wait_until(lambda: self.desktop.has_keys(self.timer.window), "the timer has the keyboard")
             self.desktop.key("ctrl+r")
             self.timer.wait_for(state)
 
