@@ -1,4 +1,4 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <stdlib.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -13,7 +13,6 @@
 #include <atomic>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/FolderItem.h"
@@ -93,7 +92,7 @@ class Services : public QDBusVirtualObject {
 
     void Answer() {
         for (const auto& call : std::exchange(waiting_, {})) {
-            QVariant grant(++grants_);
+            QVariant grant(10 * static_cast<uint>(call.path().size()) + ++grants_[call.path()]);
             if (call.path().contains("portal")) grant.setValue(QDBusObjectPath("/request"));
             const bool isRefused = call.path().contains("gnome");
             bus_.send(isRefused ? call.createErrorReply(QDBusError::Failed, "no") : call.createReply(grant));
@@ -105,7 +104,7 @@ class Services : public QDBusVirtualObject {
         const auto settle = QDBusMessage::createMethodCall(bus_.baseService(), "/", "org.example.Test", "Settle");
         for (int i = 0; i < 3; ++i)
             QDBusConnection::sessionBus().call(settle, QDBus::BlockWithGui);
-        EXPECT_EQ(std::exchange(calls_, {}), expected);
+        EXPECT_THAT(std::exchange(calls_, {}), testing::UnorderedElementsAreArray(expected));
     }
 
     QString introspect(const QString&) const override { return {}; }
@@ -123,7 +122,7 @@ class Services : public QDBusVirtualObject {
     QDBusConnection bus_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "services");
     Calls calls_;
     std::vector<QDBusMessage> waiting_;
-    uint grants_ = 0;
+    QHash<QString, uint> grants_;
 };
 
 const QString kSaver = "org.freedesktop.ScreenSaver";
@@ -142,8 +141,9 @@ TEST(DBusInhibitorTest, EveryServiceIsAskedOnceAndGetsItsOwnGrantBackOnceASandbo
     services.Expect({});
     inhibitor.Release();
     inhibitor.Release();
-    services.Expect({"/org/freedesktop/ScreenSaver UnInhibit 1", "/org/freedesktop/PowerManagement/Inhibit UnInhibit 2",
-                     "/org/mate/SessionManager Uninhibit 4"});
+    services.Expect({"/org/freedesktop/ScreenSaver UnInhibit 281",
+                     "/org/freedesktop/PowerManagement/Inhibit UnInhibit 401",
+                     "/org/mate/SessionManager Uninhibit 241"});
     qputenv("SNAP", "/snap/timer/1");
     {
         DBusInhibitor sandboxed("timer", "why");
@@ -165,13 +165,13 @@ TEST(DBusInhibitorTest, AGrantIsGivenBackHoweverLateAndToNobodyElse) {
         services->Expect(kAsked);
     }
     services->Answer();
-    services->Expect({"/org/freedesktop/ScreenSaver UnInhibit 1"});
+    services->Expect({"/org/freedesktop/ScreenSaver UnInhibit 281"});
     services.reset();
     services = std::make_unique<Services>(QStringList{kSaver});
     services->Expect(kAsked);  // it has come in the midst of a run
     services->Answer();
     inhibitor.Release();
-    services->Expect({"/org/freedesktop/ScreenSaver UnInhibit 1"});
+    services->Expect({"/org/freedesktop/ScreenSaver UnInhibit 281"});
 }
 
 }  // namespace
