@@ -11,7 +11,6 @@
 
 /// The Create Movie dialog and the job that renders a count-down into a movie. The settings stand in the dialog's
 /// controls and are read when Start is pressed.
-///
 /// The job runs on the worker `thr`. From its start to its end the main thread doesn't touch the fields below but for
 /// Cancel; the movie is closed, and so saved, by dropping the last reference to it, on the worker.
 class winMakeMovie final : public Dialog {

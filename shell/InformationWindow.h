@@ -26,7 +26,6 @@ class InformationWindow : public Window {
 
 /// Turns text with tags in it into text with style runs. `baseSize` is the text size at the beginning, where nothing is
 /// bold or italic; no run is empty, and neighbours differ in style.
-///
 /// A tag is all from a "<" to the next ">". It is left out of the text, and what it says applies from there to the end:
 /// <b> and </b> switch bold, <i> and </i> italic. <font size="14"> sets the size to the first quoted number, 0 if there
 /// is none, and </font> to the size that stood before the latest <font>, or 0. All others say nothing. Tags don't nest.

@@ -6,7 +6,6 @@
 /// The screen saver of the desktop, held off by the services on the session bus; those that may dim or lock the screen
 /// are often several, so every one is asked, also one that only comes later. In a sandbox only the portal is. No
 /// operation waits for an answer, and where no service is, nothing happens. For the thread of the user interface.
-///
 /// Whatever a service grants is given back exactly once, however late the grant comes: after Release, or after this
 /// object has gone, as long as the application object lives.
 class DBusInhibitor {

@@ -1,6 +1,7 @@
 #include "platform/Application.h"
 
 #include <QtCore/QTimer>
+#include <QtGui/QCloseEvent>
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 #include <csignal>
@@ -36,9 +37,8 @@ std::vector<WindowPeer*> Windows() {
     return windows;
 }
 
-/// Gives all windows the icon of that name in the desktop's theme, else among the program's own, right after the first
-/// paint: to find and decode it would add a third to the time until then. Not earlier, as some window managers put an
-/// icon of their own on a window that comes without one.
+/// Gives all windows the icon of that name in the desktop's theme, else among the program's own. That takes long, so it
+/// comes after the first paint, but right after: some window managers put one of their own on a window without.
 class IconAfterFirstPaint final : public QObject {
   public:
     explicit IconAfterFirstPaint(const std::string& name) : QObject(qApp), name_(QString::fromStdString(name)) {
@@ -79,7 +79,14 @@ void RuntimeInit(char* program, const std::string& name, const std::string& desk
     // To look for a menu bar outside of the window takes questions over D-Bus.
     QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     runtime.toolkit = MakeToolkit(program, name);
-    OnLostDisplay(open_windows::CloseAll);
+    OnLostDisplay([] {
+        Quit(1);
+        // They are told only: to hide them takes the display, and at the second failure the toolkit would exit at once.
+        for (WindowPeer* window : Windows()) {
+            QCloseEvent close;
+            QCoreApplication::sendEvent(window, &close);
+        }
+    });
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(desktopId));
     QApplication::setQuitOnLastWindowClosed(false);
