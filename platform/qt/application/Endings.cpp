@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <QtCore/QSocketNotifier>
+#include <QtCore/QThread>
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
@@ -29,13 +30,21 @@ void HearWhileStarting(QtMsgType type, const QMessageLogContext& context, const 
 std::function<void()> saveOnce;
 QtMessageHandler print = nullptr;
 
+void SaveAndEnd() {
+    if (!saveOnce) return;
+    std::exchange(saveOnce, nullptr)();
+    std::_Exit(EXIT_FAILURE);
+}
+
 // A warning is all that is heard of it while the toolkit is still whole, on X11 and on Wayland. The process ends here,
 // since the event loop, from which this comes, can't be left any more.
 void HearOfLostDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     print(type, context, text);
-    if (!saveOnce || !(text.contains(u"connection broke") || text.contains(u"connection experienced"))) return;
-    std::exchange(saveOnce, nullptr)();
-    std::_Exit(EXIT_FAILURE);
+    if (!text.contains(u"connection broke") && !text.contains(u"connection experienced")) return;
+    if (QThread::currentThread() == qApp->thread()) return SaveAndEnd();
+    // The thread that reads from Wayland hears of it as well, and would end the process when this returns.
+    QMetaObject::invokeMethod(qApp, SaveAndEnd, Qt::QueuedConnection);
+    QThread::sleep(2);
 }
 
 /// Where the signal handler, which may do next to nothing, tells the event loop.
