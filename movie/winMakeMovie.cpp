@@ -1,7 +1,5 @@
 #include "movie/winMakeMovie.h"
 
-#include <functional>
-
 #include "core/winMain.h"
 #include "platform/Host.h"
 #include "platform/Text.h"

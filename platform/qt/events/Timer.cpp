@@ -19,11 +19,8 @@ void Timer::Period(Int32 milliseconds) { peer_->setInterval(milliseconds); }
 
 void Timer::Mode(Modes mode) {
     OnMainThread(*peer_, [this, mode] {
+        if (mode == Modes::Off) return peer_->stop();
         peer_->setSingleShot(mode == Modes::Single);
-        if (mode == Modes::Off) {
-            peer_->stop();
-        } else {
-            peer_->start();
-        }
+        peer_->start();
     });
 }

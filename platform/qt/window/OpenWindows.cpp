@@ -25,13 +25,9 @@ struct LastReference final : QObject {
     std::shared_ptr<Window> window;
 };
 
-std::vector<std::shared_ptr<Window>> All() {
+std::vector<Entry> All() {
     const std::lock_guard lock(mutex);
-    std::vector<std::shared_ptr<Window>> windows;
-    windows.reserve(entries.size());
-    for (const Entry& entry : entries)
-        windows.push_back(entry.window);
-    return windows;
+    return entries;
 }
 
 }  // namespace
@@ -57,8 +53,8 @@ void Remove(const Window& window) {
 }
 
 void CloseAll() {
-    for (const auto& window : All())
-        window->Close();
+    for (const Entry& entry : All())
+        entry.window->Close();
 }
 
 void Clear() {

@@ -21,8 +21,6 @@ WindowPeer::WindowPeer(Window& owner)
     content_.setMouseTracking(true);
 }
 
-WindowPeer::~WindowPeer() = default;
-
 void WindowPeer::Build() {
     owner_.Layout();
     if (isCentred_) Centre();

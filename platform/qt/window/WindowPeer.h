@@ -16,7 +16,6 @@
 class WindowPeer final : public QWidget {
   public:
     explicit WindowPeer(Window& owner);
-    ~WindowPeer() override;
 
     /// Layout, controls and Open event of a window that is in the list of open windows.
     void Build();
