@@ -16,7 +16,6 @@
 #include "platform/Application.h"
 #include "platform/Controls.h"
 #include "platform/Picture.h"
-#include "platform/Text.h"
 #include "platform/Thread.h"
 #include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/dialogs/CompressionDialog.h"
