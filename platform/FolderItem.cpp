@@ -53,8 +53,8 @@ Ref<FolderItem> FolderItem::Parent() const {
 
 Ref<FolderItem> FolderItem::Child(const std::string& name) const {
     const bool isReserved = name.empty() || name == "." || name == "..";
-    const bool isWritable = name.size() <= NAME_MAX && name.find('/') == name.npos && name.find('\0') == name.npos;
-    if (isReserved || !isWritable) return nullptr;
+    const bool isStorable = name.size() <= NAME_MAX && name.find('/') == name.npos && name.find('\0') == name.npos;
+    if (isReserved || !isStorable) return nullptr;
     return MakeRef<FolderItem>(path_ / name);
 }
 

@@ -75,7 +75,7 @@ class Window : public std::enable_shared_from_this<Window> {
         return *control;
     }
 
-    /// The handler of a command of the menu bar, which returns True when it has handled it.
+    /// The handler of a command of the menu bar. Whether it returns True makes no difference here.
     void _AddMenuHandler(const std::string& itemName, MenuHandler handler);
 
     /// The live window of class W. On the main thread it is built, opened and, if no sheet, shown when there is none.

@@ -1,5 +1,6 @@
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <map>
 #include <string>
 
@@ -44,5 +45,5 @@ int main(int argc, char** argv) {
                        .startTime = ToInt32(Val(argv[5])),
                        .file = argv[7]};
     std::printf("%.6f\n", Run(argv[1], job, stage.host));
-    return 0;
+    return std::filesystem::exists(job.file) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

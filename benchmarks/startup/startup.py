@@ -33,8 +33,9 @@ def seconds_to_first_frame(desktops, desktop, command):
     desktop.wait_until(lambda: not desktop.windows() and not shows(desktop), "the screen is empty")
     with contextlib.ExitStack() as stack:
         start = time.monotonic()
-        desktops.start(stack, command, env=desktop.environment(desktop.home))
+        contender = desktops.start(stack, command, env=desktop.environment(desktop.home))
         while not shows(desktop):
+            assert contender.poll() is None, f"{command} has ended"
             time.sleep(0.0005)
         return time.monotonic() - start
 

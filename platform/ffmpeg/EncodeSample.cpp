@@ -102,7 +102,7 @@ struct Piece {
 double BytesOf(double frames, double rate, int keyFrameDistance, const Piece& piece, Packets packets) {
     const auto count = [](int number) { return static_cast<std::size_t>(number); };
     const double usual = MeanBytes(packets.last(count(std::min(piece.lastPart, piece.count - 1))));
-    const double repeated = MeanBytes(packets.last(count(piece.run / 2)));
+    const double repeated = MeanBytes(packets.last(count(std::min(piece.run / 2, piece.count - 1))));
     const double other = rate > piece.run ? (usual * piece.run + repeated * (rate - piece.run)) / rate : usual;
     const int head = std::min(keyFrameDistance, std::max(piece.count - piece.lastPart, 1));
     const double keyFrame = SumOfBytes(packets.first(count(head))) - usual * head;

@@ -34,7 +34,7 @@ auto ResultOrEmpty(const Work& work) noexcept -> decltype(work()) {
     }
 }
 
-/// The border of the module: nothing is thrown through it, and of the program only what gives the pictures is called.
+/// The border of the module: nothing is thrown out of it, and of the program only what gives the pictures is called.
 class FfmpegLibrary final : public MovieLibrary {
   public:
     std::vector<CodecChoice> Codecs() const noexcept override { return ResultOrEmpty(InstalledCodecs); }

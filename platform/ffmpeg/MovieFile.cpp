@@ -25,7 +25,8 @@ int Open(const std::filesystem::path& path) {
     std::error_code ignored;
     const auto there = std::filesystem::status(path, ignored);
     Check(exists(there) && !is_regular_file(there) ? AVERROR(EINVAL) : 0, kMaking);
-    const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kForAll);
+    // For reading, too: where a file system can't set room aside, the library does it byte by byte.
+    const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, kForAll);
     Check(descriptor < 0 ? AVERROR(errno) : 0, kMaking);
     return descriptor;
 }
@@ -33,7 +34,7 @@ int Open(const std::filesystem::path& path) {
 /// Ticks per second of a track in which each frame lasts a whole number of them.
 int Timescale(AVRational framesPerSecond) {
     // Some readers round to a 600th of a second, so no track is coarser, as long as its ticks fit 32 bits.
-    constexpr int kUsual = 600;
+    constexpr std::int64_t kUsual = 600;
     constexpr std::int64_t kFramesOfALongMovie = 60 * 60 * 30 + 1;
     const std::int64_t wanted = (kUsual + framesPerSecond.num - 1) / framesPerSecond.num;
     const std::int64_t fitting = std::numeric_limits<std::int32_t>::max() / (framesPerSecond.den * kFramesOfALongMovie);

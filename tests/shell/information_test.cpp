@@ -5,7 +5,6 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTextEdit>
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -23,8 +22,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// Whether the test under way passes in another process, too.
+bool PassesIn(const std::string& command) {
+    const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
+    return std::system((command + " --gtest_filter=*." + test).c_str()) == 0;
+}
+
 // Before any other test, which would load the icons: the very first use is the one to look at.
-TEST(ImagesTest, IconsAreTransparentFromTheirFirstUse) {
+TEST(ImagesTest, IconsAreTransparentFromTheirFirstUseAndFinerOnADenseScreen) {
     for (auto* const icon : {Run_Icon, Pause_Icon, Alert_Icon}) {
         const QImage seen = Composed(*icon());
         EXPECT_EQ(seen.deviceIndependentSize(), QSize(17, 17));
@@ -33,6 +38,8 @@ TEST(ImagesTest, IconsAreTransparentFromTheirFirstUse) {
             EXPECT_EQ(seen.pixelColor(corner).alpha(), 0);
         EXPECT_EQ(seen.pixelColor(seen.rect().center()).alpha(), 255);
     }
+    const std::string self = Application::ExecutableFile()->Path();
+    EXPECT_TRUE(qApp->devicePixelRatio() > 1 || PassesIn("QT_SCALE_FACTOR=2 " + self));
 }
 
 // Both are sought from the executable's place, so a copy of this one is run where they are missing.
@@ -42,7 +49,7 @@ TEST(ImagesTest, WithoutImagesNothingIsDrawnAndWithoutTheModuleThereAreNoMovies)
     if (executable.filename() != "copy") {
         const fs::path copy = host.preferencesFolder / "copy";
         fs::copy_file(executable, copy);
-        EXPECT_EQ(std::system((copy.string() + " --gtest_filter=*WithoutImages*").c_str()), 0);
+        EXPECT_TRUE(PassesIn(copy.string()));
         return;
     }
     EXPECT_FALSE(Run_Icon() || AboutIcon() || MwRbHzMd());
@@ -51,21 +58,16 @@ TEST(ImagesTest, WithoutImagesNothingIsDrawnAndWithoutTheModuleThereAreNoMovies)
     EXPECT_EQ(host.messages, std::vector<std::string>{"QuickTime needs to be installed to create movies."});
 }
 
-TEST(ImagesTest, ADenseScreenGetsFinerPicturesOfTheSameSize) {
-    const std::string self = Application::ExecutableFile()->Path();
-    EXPECT_EQ(std::system(("QT_SCALE_FACTOR=2 " + self + " --gtest_filter=*Icons*").c_str()), 0);
-}
-
 // Whole, damaged and hostile ones.
 TEST(ImagesTest, AnyFileIsAPictureOfABearableSizeOrNil) {
     for (const auto& entry : fs::directory_iterator(PICTURES)) {
         SCOPED_TRACE(entry.path());
-        const FolderItem file(entry.path());
-        const Ref<Picture> picture = file.OpenAsPicture(), again = file.OpenAsPicture();
-        ASSERT_EQ(!picture, !again);
+        const std::string name = entry.path().filename();
+        const Ref<Picture> picture = FolderItem(entry.path()).OpenAsPicture();
+        EXPECT_TRUE(picture || name == "lowest_height.bmp" || name.ends_with(".pict"));
         if (!picture) continue;
         EXPECT_LE(picture->Bits().size(), std::size_t{4096} * 4096);
-        EXPECT_TRUE(std::ranges::equal(picture->Bits(), again->Bits())) << "some memory was never set";
+        EXPECT_TRUE(name != "cut_top_down.bmp" || picture->Bits().back() == 0xFFFFFFFF) << "what it lacks is white";
     }
 }
 

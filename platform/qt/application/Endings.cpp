@@ -40,11 +40,13 @@ void SaveAndEnd() {
 // since the event loop, from which this comes, can't be left any more.
 void HearOfLostDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     print(type, context, text);
-    if (!text.contains(u"connection broke") && !text.contains(u"connection experienced")) return;
+    const bool isLost = text.contains(u"connection broke") || text.contains(u"connection experienced");
+    if (!isLost || !qApp) return;  // at the program's own end there is nothing left to save
     if (QThread::currentThread() == qApp->thread()) return SaveAndEnd();
     // The thread that reads from Wayland hears of it as well, and would end the process when this returns.
     QMetaObject::invokeMethod(qApp, SaveAndEnd, Qt::QueuedConnection);
-    QThread::sleep(2);
+    constexpr unsigned long kLongestSave = 10;
+    QThread::sleep(kLongestSave);
 }
 
 /// Where the signal handler, which may do next to nothing, tells the event loop.

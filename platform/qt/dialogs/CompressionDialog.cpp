@@ -149,7 +149,7 @@ void CompressionDialog::Encode() {
     worker_.request_stop();
     auto work = [this, settings = Settings(), before = std::move(worker_)](const std::stop_token& stop) mutable {
         before = std::jthread();
-        EncodeSample(settings, stop);
+        Deliver([&] { EncodeSample(settings, stop); });
     };
     Deliver([&] { worker_ = std::jthread(std::move(work)); });
 }

@@ -29,7 +29,7 @@ class Edge {
 
     /// Appends the points from one angle to another.
     void AppendTo(QPolygonF& polygon, double from, double to, double step) const {
-        const int steps = std::max(static_cast<int>(std::ceil(std::abs(to - from) / step)), 1);
+        const int steps = std::max(ToInt32(std::ceil(std::abs(to - from) / step)), 1);
         for (int i = 0; i <= steps; ++i) {
             const double angle = from + (to - from) * i / steps;
             polygon << centre_ + QPointF(std::cos(angle) * radiusX_, std::sin(angle) * radiusY_);
@@ -48,7 +48,8 @@ class Edge {
 /// The angle that may be cut short by a straight line: nowhere does that move the edge by more than a part of a pixel.
 double Step(double radiusInPixels) {
     constexpr double kDeviation = 0.05;
-    return 2 * std::acos(1 - std::min(kDeviation / radiusInPixels, 1.0));
+    constexpr double kSmallest = 1e-4;  // beyond any screen, where the points would fill the memory
+    return std::max(2 * std::acos(1 - std::min(kDeviation / radiusInPixels, 1.0)), kSmallest);
 }
 
 /// The outline of an ellipse, stroked, in four pieces without a seam between them. The rasteriser spends most of its
