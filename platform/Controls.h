@@ -59,6 +59,9 @@ class EditField : public RectControl {
     /// Replaces the selection; with nothing selected, inserts at the caret.
     void SelText(const std::string& text);
     void Alignment(TextAlignment alignment);
+    /// The desktop's own, unless they are set and the field is enabled.
+    void TextColor(Color color);
+    void BackColor(Color color);
 };
 
 /// A pair of small arrows. Each event comes at the press and again and again while the button is held.

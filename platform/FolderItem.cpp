@@ -31,9 +31,8 @@ fs::path& MovieFolder() {
 
 std::string FileType::ToString() const {
     std::string patterns;
-    for (Int32 i = 1; !NthField(Extensions(), ";", i).empty(); ++i) {
+    for (Int32 i = 1; !NthField(Extensions(), ";", i).empty(); ++i)
         patterns += (i == 1 ? "*" : " *") + NthField(Extensions(), ";", i);
-    }
     return Name() + " (" + patterns + ")";
 }
 

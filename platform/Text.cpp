@@ -56,9 +56,8 @@ std::string Grouped(std::string digits) {
 
 double Val(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
-    if (text.starts_with("&h") || text.starts_with("&H")) {
+    if (text.starts_with("&h") || text.starts_with("&H"))
         return ParseNumber("0x" + Leading(text.substr(2), "0123456789abcdefABCDEF"));
-    }
     // Only these characters, so that the library finds neither "inf" nor "0x" here.
     return ParseNumber(Leading(text, "+-.0123456789eE"));
 }

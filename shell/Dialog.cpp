@@ -15,6 +15,8 @@ EditField& Dialog::AddField(const std::string& name, const std::string& text, In
     auto& field = AddControl<EditField>(name, left, top, width, kHeight, tabIndex);
     field.Text(text);
     field.Alignment(TextAlignment::Centre);
+    field.TextColor(RGB(0, 0, 0));
+    field.BackColor(RGB(255, 255, 255));
     return field;
 }
 

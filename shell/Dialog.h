@@ -11,7 +11,7 @@ class Dialog : public Window {
   protected:
     StaticText& AddLabel(const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
                          Int32 height, Int32 tabIndex);
-    /// A field of one line, its text in the middle.
+    /// A field of one line, its text in the middle, black on white whatever the desktop's colours.
     EditField& AddField(const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
                         Int32 tabIndex);
     PushButton& AddButton(const std::string& name, const std::string& caption, Int32 left, Int32 top, Int32 width,

@@ -103,9 +103,8 @@ double RunEncoder(const MovieJob& job, EncoderInput input) {
         Frames frames;
         conversion.Time([&] { frames = converter.Convert(pictures); });
         stopwatch.Time([&] {
-            for (Owned<AVFrame>& frame : frames) {
+            for (Owned<AVFrame>& frame : frames)
                 encoder->Write(std::move(frame));
-            }
         });
     }
     stopwatch.Time([&] {

@@ -55,9 +55,8 @@ void DrawClockWithCairo(cairo_t& context, int width, int height, int seconds, do
     cairo_arc(&context, x, y, diameter / 2, 0, kCircle);
     cairo_set_line_width(&context, std::max(3 * diameter / 100, 1.0));
     cairo_stroke(&context);
-    for (int i = 0; i < 60; ++i) {
+    for (int i = 0; i < 60; ++i)
         DrawMark(context, width / 2.0, height / 2.0, diameter, i);
-    }
 }
 
 Int32 Side(const benchmark::State& state, std::size_t which) { return static_cast<Int32>(state.range(which)); }
@@ -65,9 +64,8 @@ Int32 Side(const benchmark::State& state, std::size_t which) { return static_cas
 void Redraw(benchmark::State& state) {
     const auto picture = NewPicture(Side(state, 0), Side(state, 1), 32);
     const Ref<Graphics> graphics = picture->Graphics();
-    for (auto _ : state) {
+    for (auto _ : state)
         winMain::Instance().Redraw(graphics, kSeconds, kScale, true, false);
-    }
 }
 
 void Cairo(benchmark::State& state) {
@@ -75,9 +73,8 @@ void Cairo(benchmark::State& state) {
     const int height = Side(state, 1);
     cairo_surface_t* const surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
     cairo_t* const context = cairo_create(surface);
-    for (auto _ : state) {
+    for (auto _ : state)
         DrawClockWithCairo(*context, width, height, kSeconds, kScale);
-    }
     cairo_destroy(context);
     cairo_surface_destroy(surface);
 }
@@ -85,9 +82,8 @@ void Cairo(benchmark::State& state) {
 void Fill(benchmark::State& state) {
     const auto picture = NewPicture(Side(state, 0), Side(state, 1), 32);
     const Ref<Graphics> graphics = picture->Graphics();
-    for (auto _ : state) {
+    for (auto _ : state)
         graphics->FillRect(0, 0, picture->Width(), picture->Height());
-    }
 }
 
 void Sizes(benchmark::internal::Benchmark* benchmark) {

@@ -99,9 +99,8 @@ std::vector<CodecChoice> InstalledCodecs() {
     if (!av_guess_format("mov", nullptr, nullptr)) return choices;
     for (const Codec& codec : kCodecs) {
         const bool isOffered = codec.id != MovieCodec::Uncompressed || choices.empty();
-        if (isOffered && avcodec_find_encoder_by_name(codec.encoder)) {
+        if (isOffered && avcodec_find_encoder_by_name(codec.encoder))
             choices.push_back({codec.id, codec.name, codec.quality.unit != None});
-        }
     }
     return choices;
 }

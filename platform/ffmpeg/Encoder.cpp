@@ -20,9 +20,8 @@ int Threads(int width, int height) {
 
 void SetQuality(AVCodecContext& context, const QualityScale& scale, int quality) {
     const double part = quality / 100.0;
-    if (scale.unit == QualityScale::Unit::RateFactor) {
+    if (scale.unit == QualityScale::Unit::RateFactor)
         av_opt_set_double(context.priv_data, "crf", std::lerp(scale.least, scale.best, part), 0);
-    }
     if (scale.unit == QualityScale::Unit::Quantiser) {
         // Equal steps of quality are equal ratios of the quantiser.
         const double quantiser = scale.least * std::pow(scale.best / scale.least, part);

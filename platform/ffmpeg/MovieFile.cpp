@@ -136,9 +136,8 @@ void MovieFile::Write(const AVPacket& packet) {
     const Owned<AVPacket> written = Own(av_packet_clone(&packet));
     av_packet_rescale_ts(written.get(), av_inv_q(stream_->avg_frame_rate), stream_->time_base);
     Check(av_write_frame(context_, written.get()), "writing a frame");
-    if (isFragmented_ && ++packetCount_ % kFramesInFragment == 0) {
+    if (isFragmented_ && ++packetCount_ % kFramesInFragment == 0)
         Check(av_write_frame(context_, nullptr), "writing a frame");
-    }
     file_.Flush("writing a frame");
 }
 

@@ -64,9 +64,8 @@ Owned<AVFrame> FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
     std::copy(pixels.data() + At(first), pixels.data() + At(end), pixels_.data() + At(first));
     Check(frame_->buf[0] ? av_frame_make_writable(frame_.get()) : av_frame_get_buffer(frame_.get(), 0),
           "converting a picture");
-    for (int row = first / bandHeight_ * bandHeight_; row < end; row += bandHeight_) {
+    for (int row = first / bandHeight_ * bandHeight_; row < end; row += bandHeight_)
         ConvertBand(row);
-    }
     return Own(av_frame_clone(frame_.get()));
 }
 
@@ -78,12 +77,10 @@ std::pair<int, int> FrameMaker::ChangedRows(std::span<const std::uint32_t> pixel
     const auto isSame = [&](int row) {
         return std::memcmp(pixels_.data() + At(row), pixels.data() + At(row), At(1) * sizeof(pixels[0])) == 0;
     };
-    while (first < end && isSame(first)) {
+    while (first < end && isSame(first))
         ++first;
-    }
-    while (first < end && isSame(end - 1)) {
+    while (first < end && isSame(end - 1))
         --end;
-    }
     return {first, end};
 }
 
@@ -92,9 +89,8 @@ void FrameMaker::ConvertBand(int row) {
     const int stride[] = {width_ * static_cast<int>(sizeof(pixels_[0]))};
     const int colourRow = row >> av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame_->format))->log2_chroma_h;
     std::uint8_t* to[AV_NUM_DATA_POINTERS] = {};
-    for (int plane = 0; frame_->data[plane]; ++plane) {
+    for (int plane = 0; frame_->data[plane]; ++plane)
         to[plane] = frame_->data[plane] + ptrdiff_t{frame_->linesize[plane]} * (plane == 0 ? row : colourRow);
-    }
     sws_scale(converter_.get(), from, stride, 0, bandHeight_, to, frame_->linesize);
 }
 

@@ -39,9 +39,7 @@ CanvasAccessible::~CanvasAccessible() {
 }
 
 Announcement& CanvasAccessible::LatestAnnouncement() {
-    if (announcement_ == kNone) {
-        announcement_ = QAccessible::registerAccessibleInterface(new Announcement(*widget()));
-    }
+    if (announcement_ == kNone) announcement_ = QAccessible::registerAccessibleInterface(new Announcement(*widget()));
     return static_cast<Announcement&>(*QAccessible::accessibleInterface(announcement_));
 }
 

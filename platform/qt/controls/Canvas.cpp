@@ -29,9 +29,8 @@ class CanvasWidget final : public QWidget {
     /// The surface of the paint event under way, or the one that keeps what is drawn in between.
     Ref<Graphics> CurrentGraphics() {
         if (painting_) return painting_;
-        if (!kept_ || kept_->pixels().LogicalSize() != size() || kept_->pixels().Ratio() != devicePixelRatioF()) {
+        if (!kept_ || kept_->pixels().LogicalSize() != size() || kept_->pixels().Ratio() != devicePixelRatioF())
             kept_ = NewPicture(width(), height(), 32, devicePixelRatioF());
-        }
         update();
         return kept_->Graphics();
     }
@@ -75,8 +74,7 @@ class CanvasWidget final : public QWidget {
             Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
             if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // the drag has taken the button's release
         } else if (event->buttons() == Qt::NoButton) {
-            constexpr QPointF kOutside(-1, -1);
-            Release(kOutside);  // the real one is lost when the window was blocked by then
+            Release({-1, -1});  // outside; the real one is lost when the window was blocked by then
             pointer_ = PixelAt(event->position());
             Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
             event->ignore();  // so that the window hears of it as well

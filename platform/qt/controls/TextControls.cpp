@@ -132,12 +132,6 @@ class ReaderWidget final : public QTextEdit {
         setTextCursor(QTextCursor(document()));
     }
 
-    void SetColor(QPalette::ColorRole role, Color color) {
-        QPalette colors = palette();
-        colors.setColor(role, ToQColor(color));
-        setPalette(colors);
-    }
-
   protected:
     // The keys that would move a caret scroll, unless it is a screen reader that follows the caret.
     void focusInEvent(QFocusEvent* event) override {
@@ -148,6 +142,13 @@ class ReaderWidget final : public QTextEdit {
 };
 
 ReaderWidget& Reader(const StyledTextField& field) { return WidgetOf<ReaderWidget>(field); }
+
+void SetColor(RectControl& field, QPalette::ColorRole role, Color color) {
+    QPalette colors = field.peer().widget->palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        colors.setColor(group, role, ToQColor(color));
+    field.peer().widget->setPalette(colors);
+}
 
 }  // namespace
 
@@ -176,6 +177,9 @@ void EditField::Alignment(TextAlignment alignment) {
     WidgetOf<FieldWidget>(*this).setAlignment(Horizontally(alignment) | Qt::AlignVCenter);
 }
 
+void EditField::TextColor(Color color) { SetColor(*this, QPalette::Text, color); }
+void EditField::BackColor(Color color) { SetColor(*this, QPalette::Base, color); }
+
 StyledTextField::StyledTextField() : RectControl(std::make_unique<Peer>(new ReaderWidget)) {}
 std::string StyledTextField::Text() const { return Reader(*this).toPlainText().replace(u'\n', u'\r').toStdString(); }
 void StyledTextField::Text(const std::string& text) { StyledText({{text, {false, false, TextSize()}}}); }
@@ -186,5 +190,5 @@ void StyledTextField::TextSize(Int32 size) {
 }
 
 void StyledTextField::TextFont(const std::string& name) { Reader(*this).setFont(FontNamed(name, TextSize())); }
-void StyledTextField::TextColor(Color color) { Reader(*this).SetColor(QPalette::Text, color); }
-void StyledTextField::BackColor(Color color) { Reader(*this).SetColor(QPalette::Base, color); }
+void StyledTextField::TextColor(Color color) { SetColor(*this, QPalette::Text, color); }
+void StyledTextField::BackColor(Color color) { SetColor(*this, QPalette::Base, color); }

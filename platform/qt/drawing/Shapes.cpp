@@ -75,9 +75,8 @@ std::array<QPolygonF, 4> RingInQuarters(const QRectF& ellipse, double lineWidth,
 void DrawRing(QPainter& painter, const QRectF& ellipse, double lineWidth) {
     const QTransform& toDevice = painter.deviceTransform();
     const QPointF cut = toDevice.inverted().map(QPointF(toDevice.map(ellipse.center()).toPoint()));
-    for (const QPolygonF& quarter : RingInQuarters(ellipse, lineWidth, cut, toDevice.m11())) {
+    for (const QPolygonF& quarter : RingInQuarters(ellipse, lineWidth, cut, toDevice.m11()))
         painter.drawPolygon(quarter);
-    }
 }
 
 QColor Translucent(Color color, double opacityPercent) {

@@ -59,9 +59,8 @@ void ControlList::SetTabOrder() const {
     };
     std::vector<RectControl*> order = RectControls();
     std::stable_sort(order.begin(), order.end(), [&](auto* a, auto* b) { return place(a) < place(b); });
-    for (std::size_t i = 1; i < order.size(); ++i) {
+    for (std::size_t i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1]->peer().widget, order[i]->peer().widget);
-    }
 }
 
 void ControlList::FocusFirstField() const {
