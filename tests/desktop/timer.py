@@ -99,7 +99,7 @@ class Timer:
 
 
 class Dialog:
-    """One of the timer's dialogs, once it has opened. Positions are in its own pixels."""
+    """One of the timer's other windows, once it has opened. Positions are in its own pixels."""
 
     def __init__(self, timer, title):
         self.timer, self.desktop, self.title = timer, timer.desktop, title
