@@ -46,15 +46,9 @@ int BandHeight(int height) {
 }  // namespace
 
 FrameMaker::FrameMaker(const Codec& codec, int width, int height)
-    : width_(width), height_(height), bandHeight_(BandHeight(height)), frame_(Own(av_frame_alloc())) {
-    const AVPixelFormat format = codec.FormatFor(width, height);
-    converter_ =
-        MakeConverter({width, bandHeight_, AV_PIX_FMT_0RGB32, kRgb}, {width, bandHeight_, format, codec.colours});
-    frame_->width = width;
-    frame_->height = height;
-    frame_->format = format;
-    frame_->color_range = codec.colours.range;
-    frame_->colorspace = codec.colours.matrix;
+    : codec_(codec), width_(width), height_(height), bandHeight_(BandHeight(height)) {
+    const Layout picture{width, bandHeight_, AV_PIX_FMT_0RGB32, kRgb};
+    converter_ = MakeConverter(picture, {width, bandHeight_, codec.FormatFor(width, height), codec.colours});
 }
 
 Owned<AVFrame> FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
@@ -62,11 +56,26 @@ Owned<AVFrame> FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
     if (first == end) return nullptr;
     pixels_.resize(pixels.size());
     std::copy(pixels.data() + At(first), pixels.data() + At(end), pixels_.data() + At(first));
-    Check(frame_->buf[0] ? av_frame_make_writable(frame_.get()) : av_frame_get_buffer(frame_.get(), 0),
-          "converting a picture");
+    AVFrame& frame = FreeFrame();
+    if (newest_) Check(av_frame_copy(&frame, newest_.get()), "copying a frame");
     for (int row = first / bandHeight_ * bandHeight_; row < end; row += bandHeight_)
-        ConvertBand(row);
-    return Own(av_frame_clone(frame_.get()));
+        ConvertBand(frame, row);
+    newest_ = Own(av_frame_clone(&frame));
+    return Own(av_frame_clone(&frame));
+}
+
+// A new one each time would take longer: the system gives its memory page by page.
+AVFrame& FrameMaker::FreeFrame() {
+    for (const Owned<AVFrame>& frame : frames_)
+        if (av_frame_is_writable(frame.get()) > 0) return *frame;
+    AVFrame& frame = *frames_.emplace_back(Own(av_frame_alloc()));
+    frame.width = width_;
+    frame.height = height_;
+    frame.format = codec_.FormatFor(width_, height_);
+    frame.color_range = codec_.colours.range;
+    frame.colorspace = codec_.colours.matrix;
+    Check(av_frame_get_buffer(&frame, 0), "allocating");
+    return frame;
 }
 
 // Two pictures are compared in a fraction of the time in which one is converted.
@@ -84,14 +93,14 @@ std::pair<int, int> FrameMaker::ChangedRows(std::span<const std::uint32_t> pixel
     return {first, end};
 }
 
-void FrameMaker::ConvertBand(int row) {
+void FrameMaker::ConvertBand(AVFrame& frame, int row) {
     const std::uint8_t* const from[] = {reinterpret_cast<const std::uint8_t*>(pixels_.data() + At(row))};
     const int stride[] = {width_ * static_cast<int>(sizeof(pixels_[0]))};
-    const int colourRow = row >> av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame_->format))->log2_chroma_h;
+    const int colourRow = row >> av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format))->log2_chroma_h;
     std::uint8_t* to[AV_NUM_DATA_POINTERS] = {};
-    for (int plane = 0; frame_->data[plane]; ++plane)
-        to[plane] = frame_->data[plane] + ptrdiff_t{frame_->linesize[plane]} * (plane == 0 ? row : colourRow);
-    sws_scale(converter_.get(), from, stride, 0, bandHeight_, to, frame_->linesize);
+    for (int plane = 0; frame.data[plane]; ++plane)
+        to[plane] = frame.data[plane] + ptrdiff_t{frame.linesize[plane]} * (plane == 0 ? row : colourRow);
+    sws_scale(converter_.get(), from, stride, 0, bandHeight_, to, frame.linesize);
 }
 
 RgbImage ToRgbImage(const AVFrame& frame) {

@@ -23,18 +23,21 @@ class FrameMaker {
   private:
     /// The first row that differs from the picture before, and the one behind the last.
     std::pair<int, int> ChangedRows(std::span<const std::uint32_t> pixels) const;
-    void ConvertBand(int row);
+    /// A frame that nobody holds any more.
+    AVFrame& FreeFrame();
+    void ConvertBand(AVFrame& frame, int row);
     /// Where a row begins in the pixels.
     std::size_t At(int row) const { return static_cast<std::size_t>(row) * static_cast<std::size_t>(width_); }
 
+    const Codec& codec_;
     int width_;
     int height_;
     int bandHeight_;
     std::vector<std::uint32_t> pixels_;
     /// Of one band.
     Owned<SwsContext> converter_;
-    /// The newest one. It is copied before it changes where somebody else still holds it.
-    Owned<AVFrame> frame_;
+    std::vector<Owned<AVFrame>> frames_;
+    Owned<AVFrame> newest_;
 };
 
 /// A decoded frame as an image. Throws when there is no memory for it.

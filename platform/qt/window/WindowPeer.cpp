@@ -23,7 +23,7 @@ WindowPeer::WindowPeer(Window& owner)
 
 void WindowPeer::Build() {
     owner_.Layout();
-    if (isCentred_) Centre();
+    if (isCentred_) setGeometry({screen()->availableGeometry().center() - rect().center(), size()});
     owner_.CreateControls();
     owner_.AddMenuHandlers(owner_);
     controls_.SetTabOrder();
@@ -32,12 +32,6 @@ void WindowPeer::Build() {
         Deliver([control] { control->Event_Open(); });
     Deliver([this] { owner_.Event_Open(); });
     if (menu_) menu_->PassEnabling();  // a screen reader may list the commands before anybody opens a menu
-}
-
-void WindowPeer::Centre() {
-    QRect place = geometry();
-    place.moveCenter(screen()->availableGeometry().center());
-    setGeometry(place);
 }
 
 QRect WindowPeer::Inside() const {

@@ -66,7 +66,6 @@ class WindowPeer final : public QWidget {
     /// The window manager takes its time to enter fullscreen and to bring the old frame back.
     enum class FullScreen { Off, Entering, On, Leaving };
 
-    void Centre();
     void FrameChanged();
     void StateChanged();
     Qt::WindowState StateBeforeFullScreen() const;
