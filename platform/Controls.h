@@ -137,7 +137,7 @@ class StyledTextField : public RectControl {
     void TextSize(Int32 size);
     /// "System", or a family of the desktop.
     void TextFont(const std::string& name);
-    /// The desktop's own, unless they are set.
+    /// As those of EditField.
     void TextColor(Color color);
     void BackColor(Color color);
 };

@@ -5,7 +5,7 @@
 
 #include "platform/Control.h"
 
-/// A worker. Of controls it may use what says so; that is carried out on the main thread, in the order of the calls.
+/// A worker. What a control lets any thread do is carried out on the main thread, in the order of the calls.
 class Thread : public Control {
   public:
     /// Running also stands for one that is about to begin.

@@ -100,12 +100,12 @@ struct Piece {
 /// The bytes of all frames. The piece tells what a key frame takes, with the detail that some encoders add only in the
 /// frames behind it, what a new picture, and what one that is shown again.
 double BytesOf(double frames, double rate, int keyFrameDistance, const Piece& piece, Packets packets) {
-    const auto count = [](int number) { return static_cast<std::size_t>(number); };
-    const double usual = MeanBytes(packets.last(count(std::min(piece.lastPart, piece.count - 1))));
-    const double repeated = MeanBytes(packets.last(count(std::min(piece.run / 2, piece.count - 1))));
+    const auto upTo = [&](int count) { return static_cast<std::size_t>(std::min(count, piece.count - 1)); };
+    const double usual = MeanBytes(packets.last(upTo(piece.lastPart)));
+    const double repeated = MeanBytes(packets.last(upTo(piece.run / 2)));
     const double other = rate > piece.run ? (usual * piece.run + repeated * (rate - piece.run)) / rate : usual;
     const int head = std::min(keyFrameDistance, std::max(piece.count - piece.lastPart, 1));
-    const double keyFrame = SumOfBytes(packets.first(count(head))) - usual * head;
+    const double keyFrame = SumOfBytes(packets.first(static_cast<std::size_t>(head))) - usual * head;
     return keyFrame * std::ceil(frames / keyFrameDistance) + other * frames;
 }
 

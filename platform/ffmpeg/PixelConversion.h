@@ -23,7 +23,7 @@ class FrameMaker {
   private:
     /// The first row that differs from the picture before, and the one behind the last.
     std::pair<int, int> ChangedRows(std::span<const std::uint32_t> pixels) const;
-    /// A frame that nobody holds any more.
+    /// A frame that nobody holds any more; the newest one is held here.
     AVFrame& FreeFrame();
     void ConvertBand(AVFrame& frame, int row);
     /// Where a row begins in the pixels.

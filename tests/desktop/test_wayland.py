@@ -38,6 +38,7 @@ class WaylandTest(DesktopTest):
         self.switch(True)
         self.compositor.terminate()
         self.assertEqual(self.program.wait(20), 1)
+        self.assertTrue((self.desktop.home / "config/DwindledialPrefs.plist").exists(), "the colours outlive the display")
 
     def switch(self, on):
         self.desktop.key("ctrl+f")

@@ -26,7 +26,6 @@ namespace {
 
 using testing::Contains;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::Not;
 
 TEST(FrameSequenceTest, GoesFromTheFullTimeToZeroAndIsHeldAtTheFullClock) {
@@ -189,7 +188,7 @@ TEST_F(MakeMovieTest, CancelStopsTheJobAndThenClosesTheDialog) {
     Dialog().bCancel_Action();
     ASSERT_TRUE(IsOpen());
     ASSERT_TRUE(Eventually(IsIdle));
-    EXPECT_THAT(host.calls, IsEmpty()) << "no second job, and the movie isn't opened";
+    EXPECT_TRUE(host.calls.empty()) << "no second job, and the movie isn't opened";
     EXPECT_GT(FrameCount(), 20);
     Dialog().bCancel_Action();
     EXPECT_FALSE(IsOpen());

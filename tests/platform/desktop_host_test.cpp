@@ -9,11 +9,13 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusVirtualObject>
+#include <QHash>
 #include <atomic>
 #include <chrono>
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "platform/FolderItem.h"
@@ -95,6 +97,7 @@ class Services : public QDBusVirtualObject {
 
     void Answer() {
         for (const auto& call : std::exchange(waiting_, {})) {
+            // A number that tells of the service, whichever was asked first, and of how often it was.
             QVariant grant(10 * static_cast<uint>(call.path().size()) + ++grants_[call.path()]);
             if (call.path().contains("portal")) grant.setValue(QDBusObjectPath("/request"));
             const bool isRefused = call.path().contains("gnome");
