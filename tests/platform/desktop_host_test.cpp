@@ -9,7 +9,6 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusVirtualObject>
-#include <QHash>
 #include <atomic>
 #include <chrono>
 #include <memory>
