@@ -29,7 +29,7 @@ void winMain::_CreateControls0() {
     canvas.LockBottom(true);
     canvas.AccessibleName("Clock");
     canvas.Accessibility = {.Role = Accessible::Roles::Picture,
-                            .Description = [this] { return InWords(); },
+                            .Description = [this] { return StateInWords(); },
                             .Press = [this] { ToggleTimer(); }};
     canvas.Paint = [this](const Ref<Graphics>& g) { cvTime_Paint(g); };
     canvas.MouseDown = [this](Int32 x, Int32 y) { return cvTime_MouseDown(x, y); };
@@ -40,7 +40,7 @@ void winMain::_CreateControls0() {
     timerDone.Action = [this] { TimerDone_Action(); };
 }
 
-// False: a press is all that counts, no drag or release need follow.
+// It returns false because only the press counts: no drag or release need be delivered.
 bool winMain::cvTime_MouseDown(Int32 x, Int32 y) {
     if (StatusIcon::Contains(x, y)) ToggleTimer();
     return false;
@@ -50,13 +50,13 @@ void winMain::cvTime_MouseMove(Int32 x, Int32 y) {
     App::Instance().MouseCursor(StatusIcon::Contains(x, y) ? FingerPointer : StandardPointer);
 }
 
-// The colours come first, so that the first paint has them.
+// The colours are read first, so that the first paint has them.
 void winMain::Event_Open() {
     ReadPrefs();
     Stop();
 }
 
-// To close the timer is to quit: nothing is asked, whatever is running.
+// Closing the timer window quits the program without a question, whatever is running.
 void winMain::Event_Close() {
     WritePrefs();
     Quit(0);

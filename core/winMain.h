@@ -11,7 +11,8 @@
 #include "platform/Window.h"
 #include "settings/clock_colours.h"
 
-/// The square of the status icon in the timer's canvas, in pixels. It is fixed, whatever the size of the window.
+/// The square in the timer's canvas that the status icon is drawn in and that reacts to clicks, in pixels. It stays
+/// the same whatever the sizes of window and picture.
 struct StatusIcon {
     static constexpr Int32 kLeft = 10;
     static constexpr Int32 kTop = 10;
@@ -23,10 +24,10 @@ struct StatusIcon {
 };
 
 /// The timer window and hub of the program: the count-down, its clock picture, input, fullscreen and all commands.
-/// Everything in it runs on the main event loop, but for Redraw, which may draw a movie's frame on a worker.
+/// Everything in it runs on the main event loop, except Redraw, which also draws the frames of a movie on a worker.
 class winMain final : public Window, public ClockColours {
   public:
-    /// What a full turn of the clock means.
+    /// The time that a full turn of the clock stands for.
     static constexpr Int32 kSecondsPerTurn = 3600;
     static constexpr Int32 kTickMilliseconds = 250;
     static constexpr Int32 kBeepMilliseconds = 1000;
@@ -34,46 +35,47 @@ class winMain final : public Window, public ClockColours {
     /// The one timer window; built when there is none, so it must not be called once the window has closed.
     static winMain& Instance() { return ImplicitInstance<winMain>("winMain.winMain"); }
 
-    // The count-down (core/winMain_countdown.cpp). The remaining time is never counted down: each tick computes it from
-    // the clock and the two values that Start has kept.
+    // The count-down (core/winMain_countdown.cpp). The remaining time is never decremented: each tick computes it from
+    // the clock and the two values that Start stored.
     bool IsRunning = false;
-    /// The remaining time and the clock at the latest Start.
+    /// The remaining time and the clock's reading at the latest Start.
     Int32 StartSeconds = 0;
     Int64 StartMicroSeconds = 0;
+    /// Unused. It stays, as all public names here do.
     double CurrentMinutes = 0;
-    /// The time last confirmed in the Set Timer dialog, its memory; they don't steer the count.
+    /// The time last confirmed in Set Timer, which shows it again. The count doesn't use it.
     Int32 SetMinutes = 0;
     Int32 SetSeconds = 0;
     /// The remaining time in whole seconds, 0 or more: what the wedge shows.
     Int32 CurrentSeconds = 0;
 
-    /// The count has ended and the alert isn't dismissed yet; never true together with IsRunning.
+    /// The count has ended and the alert isn't dismissed yet. Never true together with IsRunning.
     bool IsDone = false;
 
     /// The one command of the timer: dismisses the alert, else stops a running count, else starts.
     void ToggleTimer();
-    /// Begins or resumes the count; with no time left, nothing happens.
+    /// Begins or resumes the count. Does nothing when no time is left.
     void Start();
     void Stop();
     /// Enters and leaves the alert.
     void Done();
     void Dismiss();
-    /// Asks for a repaint, and tells a screen reader when the time has been set or has come to another minute.
+    /// Asks for a repaint, and refreshes what a screen reader is told if the time was set or another minute began.
     void UpdateDisplay();
     void TimerRun_Action();
     void TimerDone_Action();
 
     // The clock picture (core/winMain_redraw.cpp).
-    /// Paints the whole picture on any surface; nil is the timer's own canvas. A negative `seconds` means
-    /// CurrentSeconds; `scale` is the clock's size relative to the shorter side of the surface. Changes nothing here.
+    /// Paints the whole picture on a surface; nil means the timer's own canvas. A negative `seconds` means
+    /// CurrentSeconds. `scale` is the clock's size relative to the shorter side of the surface. No field changes.
     void Redraw(Ref<Graphics> g, Int32 seconds, double scale, bool hideIcon, bool showTimeUp);
-    /// The size, 8 pixels or more, at which `text` is about `maxWidth` wide. `g` keeps the last size that was tried.
+    /// The font size, 8 pixels or more, at which `text` is about `maxWidth` wide. Leaves `g` at the last size it tried.
     Int32 GetTextSize(Graphics& g, const std::string& text, Int32 maxWidth);
     void cvTime_Paint(const Ref<Graphics>& g);
 
     // What a screen reader is told of the count-down (core/winMain_countdown.cpp).
-    std::string InWords() const;
-    /// Has the state said that has just been entered, or the time that has just been set.
+    std::string StateInWords() const;
+    /// Has a screen reader say the new state, or the time just set.
     void AnnounceState();
 
     // The window and its input (core/winMain.cpp).
@@ -86,7 +88,7 @@ class winMain final : public Window, public ClockColours {
     bool Event_KeyDown(const std::string& key) override;
 
     // Fullscreen (core/winMain_fullscreen.cpp).
-    /// Enters or leaves fullscreen, as told; unlike the command, it neither saves nor restores the window's frame.
+    /// Enters or leaves fullscreen, as told. Unlike the command, it neither saves nor restores the window's frame.
     void ToggleFullscreen(bool on);
     bool _ViewToggleFullscreen_Action();
     void Event_MouseMove(Int32 x, Int32 y) override;
@@ -150,12 +152,12 @@ class winMain final : public Window, public ClockColours {
 
     static constexpr const char* kTimeUp = "Time is Up!";
 
-    // The window's frame when fullscreen was last entered.
+    // The window's frame at the moment when fullscreen was last entered.
     Int32 mLeft = 0;
     Int32 mTop = 0;
     Int32 mWidth = 0;
     Int32 mHeight = 0;
 
-    /// The time that a screen reader was told of last.
-    Int32 mToldSeconds = 0;
+    /// The remaining time in the description that a screen reader got last.
+    Int32 mDescribedSeconds = 0;
 };

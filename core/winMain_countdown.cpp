@@ -10,14 +10,14 @@
 
 namespace {
 
-/// "1 minute", "2 minutes"; nothing for none.
-std::string Count(Int32 number, const std::string& unit) {
+/// "1 minute", "2 minutes"; empty for 0.
+std::string Quantity(Int32 number, const std::string& unit) {
     if (number == 0) return "";
     return Str(number) + " " + unit + (number == 1 ? "" : "s");
 }
 
 std::string Remaining(Int32 seconds) {
-    const std::string parts[] = {Count(seconds / 60, "minute"), Count(seconds % 60, "second")};
+    const std::string parts[] = {Quantity(seconds / 60, "minute"), Quantity(seconds % 60, "second")};
     if (parts[0].empty() && parts[1].empty()) return "no time";
     return parts[0] + (parts[0].empty() || parts[1].empty() ? "" : " ") + parts[1];
 }
@@ -45,7 +45,7 @@ void winMain::Start() {
     AnnounceState();
 }
 
-// The part of a second that has passed is lost in the user's favour: the next run counts whole seconds again.
+// CurrentSeconds keeps its whole seconds, so the part of a second that has passed is given back to the user.
 void winMain::Stop() {
     IsRunning = false;
     ScreensaverUtilities::EnableScreensaverWin();
@@ -67,11 +67,11 @@ void winMain::Dismiss() {
     AnnounceState();
 }
 
-// While it runs once a minute only; and nothing is said: whoever wants to know the time asks for it.
+// While the count runs, the description is refreshed once a minute. The screen reader speaks it only when asked.
 void winMain::UpdateDisplay() {
     Find<Canvas>("cvTime").Refresh(false);
-    const Int32 told = IsRunning ? CurrentSeconds / 60 * 60 : CurrentSeconds;
-    if (std::exchange(mToldSeconds, told) != told) Find<Canvas>("cvTime").DescriptionChanged();
+    const Int32 described = IsRunning ? CurrentSeconds / 60 * 60 : CurrentSeconds;
+    if (std::exchange(mDescribedSeconds, described) != described) Find<Canvas>("cvTime").DescriptionChanged();
 }
 
 // The clock is repainted at each tick in every state, so that a changed colour shows within a quarter of a second.
@@ -91,9 +91,9 @@ void winMain::TimerRun_Action() {
 
 void winMain::TimerDone_Action() { Beep(); }
 
-std::string winMain::InWords() const {
+std::string winMain::StateInWords() const {
     if (IsDone) return kTimeUp;
     return std::string(IsRunning ? "Running" : "Stopped") + ", " + Remaining(std::max(CurrentSeconds, 0)) + " left";
 }
 
-void winMain::AnnounceState() { Find<Canvas>("cvTime").Announce(InWords()); }
+void winMain::AnnounceState() { Find<Canvas>("cvTime").Announce(StateInWords()); }

@@ -3,7 +3,7 @@
 #include "platform/Application.h"
 #include "shell/build_values.h"
 
-/// The application object. It handles no command; every one is the timer window's.
+/// The application object. It handles no commands: the timer window handles them all.
 class App final : public Application {
   public:
     static App& Instance() { return static_cast<App&>(*Application::Registered()); }

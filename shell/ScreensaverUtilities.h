@@ -3,10 +3,10 @@
 #include "platform/Host.h"
 #include "platform/targets.h"
 
-/// Keeps the screen saver away while the count-down runs. Where it fails, nothing is said.
+/// Keeps the screen saver away while the count-down runs. Failures are not reported.
 namespace ScreensaverUtilities {
 
-/// Switch the screen saver off and on: the first at the start of a run, the second at its end.
+/// Switch the screen saver off at the start of a run and on again at its end.
 inline void DisableScreensaverWin() {
     if constexpr (targets::kScreensaverIsSwitched) Host::Current().InhibitScreenSaver();
 }
@@ -14,7 +14,7 @@ inline void EnableScreensaverWin() {
     if constexpr (targets::kScreensaverIsSwitched) Host::Current().ReleaseScreenSaver();
 }
 
-/// Counts as activity of the user; called at every tick of a run.
+/// Reports activity of the user to the system. Called at every tick of a run.
 inline void DelayScreensaverMac() { Host::Current().DelayScreenSaver(); }
 
 }  // namespace ScreensaverUtilities

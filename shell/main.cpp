@@ -11,7 +11,7 @@ void _InitFileTypes() { FileTypes::_Initialize(); }
 
 void _NewAppInstance() { RuntimeRegisterAppObject(std::make_unique<App>()); }
 
-// Every handler belongs to the timer window.
+// Empty, since every command is handled by the timer window.
 void _ApplicationAddMenuHandlers() {}
 
 void _MakeDefaultView() { winMain::Instance(); }

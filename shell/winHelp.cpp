@@ -10,7 +10,7 @@ void winHelp::Layout() {
     MaximizeButton(false);
 }
 
-// One pixel larger than the window on each side, which leaves the field's border outside.
+// The field is one pixel larger than the window on each side, so that its border lies outside the window.
 void winHelp::_CreateControls0() {
     auto& guide = AddReader("EditField1", -1, -1, 402, 402, 0);
     guide.TextColor(RGB(0, 0, 0));

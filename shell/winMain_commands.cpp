@@ -7,7 +7,7 @@
 #include "shell/winHelp.h"
 #include "shell/winSet.h"
 
-// The caption is computed in each pass, never pushed when the state changes.
+// The caption is set in each enabling pass, not when the state changes.
 void winMain::Event_EnableMenuItems() {
     if (IsDone) {
         TimerStart()->Text("Dismiss");
@@ -21,7 +21,7 @@ void winMain::Event_EnableMenuItems() {
     }
 }
 
-/// Shows one of the dialogs over the timer window: as a sheet, or as a dialog that is waited for, beside fullscreen.
+/// Shows a dialog over the timer window: as a sheet or, with fullscreen left meanwhile, as a dialog that it waits for.
 void winMain::ShowDialog(Window& dialog) {
     if constexpr (targets::kModalDialogs) {
         const bool wasFullScreen = FullScreen();
