@@ -38,6 +38,11 @@ TEST(ImagesTest, IconsAreTransparentFromTheirFirstUseAndFinerOnADenseScreen) {
             EXPECT_EQ(seen.pixelColor(corner).alpha(), 0);
         EXPECT_EQ(seen.pixelColor(seen.rect().center()).alpha(), 255);
     }
+    const Ref<Picture> dark = NewPicture(40, 40, 32, 1.25);
+    dark->Graphics()->FillRect(0, 0, 40, 40);
+    dark->Graphics()->DrawPicture(Run_Icon(), 10, 10, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+    EXPECT_EQ(Composed(*dark).pixel(12, 22), 0xFF000000);
+    EXPECT_EQ(Composed(*dark).pixel(13, 22), 0xFFFFFFFF) << "it lies on whole pixels";
     const std::string self = Application::ExecutableFile()->Path();
     EXPECT_TRUE(qApp->devicePixelRatio() > 1 || PassesIn("QT_SCALE_FACTOR=2 " + self));
 }

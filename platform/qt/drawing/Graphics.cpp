@@ -18,6 +18,12 @@ void FillSharply(QPainter& painter, QRectF place, const QColor& color) {
     painter.setRenderHint(QPainter::Antialiasing);
 }
 
+// A picture that lay between the device's pixels, as at a fractional scale, would be blurred at every edge in it.
+QRect NearestPixels(const QTransform& toDevice, const QRect& place) {
+    const QRectF exact = toDevice.mapRect(QRectF(place));
+    return {exact.topLeft().toPoint(), exact.size().toSize()};
+}
+
 // Not hinted, so that a text's width grows evenly with its size and is the same at every scale factor.
 QFont FontOf(const Graphics& g) {
     QFont font = FontNamed(g.TextFont(), g.TextSize());
@@ -85,7 +91,12 @@ void Graphics::DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 
                         extent(sourceHeight, picture->Height()));
     // The source is counted in the image's own pixels.
     const double ratio = picture->pixels().Ratio();
-    peer_->painter.drawImage(destination, Composed(*picture), QRectF(source.topLeft() * ratio, source.size() * ratio));
+    const QRect part = QRectF(source.topLeft() * ratio, source.size() * ratio).toRect();
+    const QTransform& toDevice = peer_->painter.deviceTransform();
+    const QRect pixels = NearestPixels(toDevice, destination);
+    const QImage fitted =
+        Composed(*picture).copy(part).scaled(pixels.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    peer_->painter.drawImage(toDevice.inverted().mapRect(QRectF(pixels)), fitted);
 }
 
 double Graphics::StringWidth(const std::string& text) {
