@@ -47,8 +47,9 @@ class EditField : public RectControl {
   public:
     EditField();
 
-    /// A key, as one character, before the field sees it: True consumes it. Keys held with Ctrl, Alt or Meta are
-    /// commands and don't come here, nor does pasted text.
+    /// A key, as one character, before the field sees it: True consumes it. Also called for each character that an
+    /// on-screen keyboard or another input method enters, but not for commands (keys held with Ctrl, Alt or Meta), nor
+    /// for pasted text.
     std::function<bool(const std::string& key)> KeyDown;
     std::function<void()> LostFocus;
     /// The text has changed, by whomever.

@@ -26,6 +26,12 @@ class SetTimerTest : public TimerWindowTest {
     }
     /// What the fields show, as "05:30".
     static QString Shown() { return Field("eMin").text() + ":" + Field("eSec").text(); }
+    /// Enters a text as an on-screen keyboard does.
+    static void Commit(QLineEdit& field, const char* text) {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QCoreApplication::sendEvent(&field, &event);
+    }
     static void Put(const QString& time) {
         Field("eMin").setText(time.section(':', 0, 0));
         Field("eSec").setText(time.section(':', 1));
@@ -86,13 +92,15 @@ TEST_F(SetTimerTest, KeysAreJudgedBeforeTheFieldGetsThem) {
         {"60:30", "eSec", 2, "5\t", "60:00"},
     };
     for (const auto& [before, name, caret, keys, after] : rows) {
-        SCOPED_TRACE(testing::Message() << before << " " << keys);
-        Put(before);
-        QLineEdit& field = Field(name);
-        field.setFocus();
-        caret == kSelected ? field.selectAll() : field.setCursorPosition(caret);
-        QTest::keyClicks(&field, keys);
-        EXPECT_EQ(Shown(), after);
+        for (const bool isOnScreenKeyboard : {false, true}) {
+            SCOPED_TRACE(testing::Message() << before << " " << keys << " " << isOnScreenKeyboard);
+            Put(before);
+            QLineEdit& field = Field(name);
+            field.setFocus();
+            caret == kSelected ? field.selectAll() : field.setCursorPosition(caret);
+            isOnScreenKeyboard ? Commit(field, keys) : QTest::keyClicks(&field, keys);
+            EXPECT_EQ(Shown(), after);
+        }
     }
 }
 

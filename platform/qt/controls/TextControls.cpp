@@ -71,6 +71,17 @@ class FieldWidget final : public QLineEdit {
         return QLineEdit::event(event);
     }
 
+    // An on-screen keyboard commits texts rather than pressing keys. Each character counts as typed.
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        const std::u32string typed = event->commitString().toStdU32String();
+        event->setCommitString(QString(), event->replacementStart(), event->replacementLength());
+        QLineEdit::inputMethodEvent(event);
+        for (const char32_t character : typed) {
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString::fromUcs4(&character, 1));
+            FieldWidget::event(&press);
+        }
+    }
+
     void resizeEvent(QResizeEvent* event) override {
         QLineEdit::resizeEvent(event);
         Fit();
