@@ -56,6 +56,7 @@ class EditField : public RectControl {
     std::function<void()> TextChange;
 
     std::string Text() const;
+    /// Puts the caret at the end, but shows the beginning of a text that is longer than the field.
     void Text(const std::string& text);
     /// Replaces the selection; with nothing selected, inserts at the caret.
     void SelText(const std::string& text);

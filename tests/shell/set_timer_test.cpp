@@ -104,6 +104,21 @@ TEST_F(SetTimerTest, KeysAreJudgedBeforeTheFieldGetsThem) {
     }
 }
 
+TEST_F(SetTimerTest, ATextThatIsTooLongIsShownFromItsBeginningUntilTheCaretMoves) {
+    const auto put = [](const char* text) {
+        Dialog().Find<EditField>("eMin").Text(text);
+        return Field("eMin").grab().toImage();
+    };
+    EXPECT_EQ(put("0.0166666"), put("0.0166667"));
+    EXPECT_NE(put("0.0166666"), put("9.0166666"));
+    for (const auto key : {Qt::Key_End, Qt::Key_Left, Qt::Key_0}) {
+        put("");
+        const QImage before = put("0.0166667");
+        QTest::keyClick(&Field("eMin"), key);
+        EXPECT_NE(Field("eMin").grab().toImage(), before);
+    }
+}
+
 TEST_F(SetTimerTest, SetTakesWhatTheFieldsHoldAndTheNextOpeningShowsIt) {
     constexpr Int32 kLowest = std::numeric_limits<Int32>::min();
     for (const auto& [time, seconds, reopened] :

@@ -4,6 +4,7 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleOptionFrame>
+#include <QtWidgets/QStylePainter>
 #include <QtWidgets/QTextEdit>
 
 #include "platform/Controls.h"
@@ -62,6 +63,14 @@ class FieldWidget final : public QLineEdit {
             Fit();
             Deliver(owner_.TextChange);
         });
+        connect(this, &QLineEdit::cursorPositionChanged, this, [this] { showsHead_ = false; });
+    }
+
+    /// Shows a text from its beginning. The caret stands at its end, and comes into sight when it is moved.
+    void Show(const QString& newText) {
+        const bool isNew = newText != text();
+        setText(newText);
+        if (isNew) showsHead_ = true;
     }
 
   protected:
@@ -73,6 +82,7 @@ class FieldWidget final : public QLineEdit {
 
     // An on-screen keyboard commits texts rather than pressing keys. Each character counts as typed.
     void inputMethodEvent(QInputMethodEvent* event) override {
+        showsHead_ = false;
         const std::u32string typed = event->commitString().toStdU32String();
         event->setCommitString(QString(), event->replacementStart(), event->replacementLength());
         QLineEdit::inputMethodEvent(event);
@@ -80,6 +90,37 @@ class FieldWidget final : public QLineEdit {
             QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString::fromUcs4(&character, 1));
             FieldWidget::event(&press);
         }
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_End) showsHead_ = false;  // the caret is there already
+        QLineEdit::keyPressEvent(event);
+    }
+
+    void mousePressEvent(QMouseEvent* event) override {
+        if (showsHead_ && event->button() != Qt::RightButton) {
+            home(false);
+            repaint();  // in which QLineEdit scrolls, and learns what is under the pointer
+        }
+        QLineEdit::mousePressEvent(event);
+    }
+
+    // QLineEdit itself always scrolls to the caret.
+    void paintEvent(QPaintEvent* event) override {
+        const QRect inside = Inside();
+        if (!showsHead_ || fontMetrics().horizontalAdvance(text()) <= inside.width())
+            return QLineEdit::paintEvent(event);
+        QStylePainter painter(this);
+        QStyleOptionFrame frame;
+        initStyleOption(&frame);
+        painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
+        const QRect line =
+            QStyle::alignedRect(Qt::LeftToRight, Qt::AlignVCenter, {inside.width(), fontMetrics().height()}, inside);
+        const bool isSelected = hasSelectedText();  // all of it, since the caret is at its end
+        if (isSelected) painter.fillRect(line, palette().highlight());
+        painter.setPen(palette().color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+        painter.setClipRect(line);
+        painter.drawText(line, Qt::AlignLeft, text());
     }
 
     void resizeEvent(QResizeEvent* event) override {
@@ -97,14 +138,16 @@ class FieldWidget final : public QLineEdit {
     // What QLineEdit leaves free beside its text, besides the text margins.
     static constexpr int kOwnMargin = 2;
 
-    void Fit() {
+    QRect Inside() const {
         QStyleOptionFrame option;
         initStyleOption(&option);
         constexpr int kCaretWidth = 1;
-        QSize inside = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).size();
-        inside.rwidth() -= kCaretWidth;
+        return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(0, 0, -kCaretWidth, 0);
+    }
+
+    void Fit() {
         constexpr int kSmallestSize = 10;  // a longer text scrolls
-        setFont(FittedFont(FontNamed("System"), text(), inside, kSmallestSize));
+        setFont(FittedFont(FontNamed("System"), text(), Inside().size(), kSmallestSize));
     }
 
     bool Consumes(const QKeyEvent& event) {
@@ -115,6 +158,8 @@ class FieldWidget final : public QLineEdit {
     }
 
     EditField& owner_;
+    /// The program has put the text there, and the caret hasn't moved since.
+    bool showsHead_ = false;
 };
 
 // Without the family, which is the field's throughout.
@@ -180,7 +225,7 @@ void StaticText::TextAlign(TextAlignment alignment) {
 EditField::EditField() : RectControl(std::make_unique<Peer>(new FieldWidget(*this))) {}
 
 std::string EditField::Text() const { return WidgetOf<FieldWidget>(*this).text().toStdString(); }
-void EditField::Text(const std::string& text) { WidgetOf<FieldWidget>(*this).setText(QString::fromStdString(text)); }
+void EditField::Text(const std::string& text) { WidgetOf<FieldWidget>(*this).Show(QString::fromStdString(text)); }
 
 void EditField::SelText(const std::string& text) { WidgetOf<FieldWidget>(*this).insert(QString::fromStdString(text)); }
 
