@@ -1,7 +1,6 @@
 #include "platform/FolderItem.h"
 
 #include <limits.h>
-#include <unistd.h>
 
 #include <sstream>
 #include <system_error>
@@ -62,7 +61,10 @@ bool FolderItem::Exists() const {
     return fs::exists(path_, ignored);
 }
 
-void FolderItem::Delete() { unlink(path_.c_str()); }
+void FolderItem::Delete() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+}
 
 Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
     std::ifstream file;

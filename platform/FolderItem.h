@@ -66,7 +66,7 @@ class FolderItem {
 
     bool Exists() const;
 
-    /// Removes the file. A failure is not told.
+    /// Removes the file, or the folder if it is empty. A failure isn't reported.
     void Delete();
 
     /// The file, opened for reading; nil when it can't be.

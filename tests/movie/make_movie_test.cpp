@@ -207,7 +207,8 @@ TEST_F(MakeMovieTest, WhatFailsBeforeTheJobLeavesNothingBehind) {
     EXPECT_FALSE(exists("48"));
     host.fileToSave = host.preferencesFolder / "no such folder/clock.mov";
     EXPECT_FALSE(exists("48"));
-    host.fileToSave = host.preferencesFolder;
+    host.fileToSave = host.preferencesFolder / "folder";
+    std::filesystem::create_directory(host.fileToSave);
     EXPECT_TRUE(exists("48")) << "a folder is left alone";
     EXPECT_THAT(host.calls, Not(Contains(HasSubstr("no such folder")))) << "it is no place to begin the next time";
 }

@@ -48,6 +48,8 @@ TEST_F(PreferencesTest, WritesThePropertyListAndThePageByteForByte) {
     EXPECT_TRUE(store.ReadFile());
     EXPECT_EQ(store.Get("Colour", Color{0xFF8001}).ColorValue(), Color{0xFF8001});
     EXPECT_EQ(store.Get("Colour", "another").ColorValue(), Color{0xFF8001}) << "a default once given is kept";
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);  // in the way, but empty
     store.WriteFile();
     EXPECT_EQ(LoadText(file),
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
