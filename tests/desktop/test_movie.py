@@ -39,7 +39,11 @@ class MovieDialog(Dialog):
         Dialog(self.timer, "Save As")
         self.desktop.key(*name, "Return")
         if compression:
-            Dialog(self.timer, "Compression Settings")
+            settings = Dialog(self.timer, "Compression Settings")
+            assert self.desktop.property("WM_TRANSIENT_FOR", settings.window) == [self.window.id], "it belongs to no window"
+            left, top, *_ = self.desktop.place(settings.window)
+            blue = lambda x: self.desktop.pixel(left + x, top + 137) & 0xFF
+            self.wait_until(lambda: blue(152) < 0xB0 and blue(172) > 0xF4, "the preview has the clock in its middle")
             self.desktop.key(*compression)
         return self.movies / name
 

@@ -12,10 +12,12 @@
 #include <QtCore/QUrl>
 #include <QtGui/QDesktopServices>
 #include <QtGui/QDrag>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
+#include <algorithm>
 
 #include "platform/qt/dialogs/CompressionDialog.h"
 #include "platform/qt/drawing/Styles.h"
@@ -43,7 +45,24 @@ void RingBell() { QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::Queue
 
 DesktopHost::DesktopHost(const std::string& applicationId, const std::string& name,
                          const std::filesystem::path& alertSound)
-    : desktopSaver_(applicationId, name), alertSound_(applicationId, name, alertSound, RingBell) {}
+    : desktopSaver_(applicationId, name), alertSound_(applicationId, name, alertSound, RingBell) {
+    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &listener_, [this] { RememberActiveWindow(); });
+}
+
+void DesktopHost::RememberActiveWindow() {
+    QWidget* const active = QApplication::activeWindow();
+    if (!active) return;
+    windows_.removeAll(active);
+    windows_.removeAll(nullptr);  // those that have gone
+    windows_.prepend(active);
+}
+
+QWidget* DesktopHost::Owner() const {
+    if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
+    const auto takesInput = [](const QWidget* window) { return window && window->isVisible() && window->isEnabled(); };
+    const auto latest = std::ranges::find_if(windows_, takesInput);
+    return latest == windows_.end() ? nullptr : latest->data();
+}
 
 double DesktopHost::Microseconds() {
     timespec now{};
@@ -57,11 +76,11 @@ void DesktopHost::Beep() {
 }
 
 void DesktopHost::MsgBox(const std::string& text) {
-    Ask(QApplication::activeWindow(), QApplication::applicationName(), QString::fromStdString(text), QMessageBox::Ok);
+    Ask(Owner(), QApplication::applicationName(), QString::fromStdString(text), QMessageBox::Ok);
 }
 
 bool DesktopHost::SelectColor(Color& color, const std::string& prompt) {
-    QColorDialog dialog(ToQColor(color), QApplication::activeWindow());
+    QColorDialog dialog(ToQColor(color), Owner());
     dialog.setWindowTitle(QString::fromStdString(prompt));
     if (dialog.exec() != QDialog::Accepted) return false;
     color = ToColor(dialog.selectedColor());
@@ -85,8 +104,7 @@ void DesktopHost::ShowURL(const std::string& url) {
 // Whether to replace a file is asked here: some desktops' dialogs ask before the ending is added, which is too early.
 std::filesystem::path DesktopHost::SaveFile(const std::string& filter, const std::filesystem::path& proposal) {
     const QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
-    QWidget* const window = QApplication::activeWindow();
-    QFileDialog dialog(window, QStringLiteral("Save As"));  // a title that not every desktop's has by itself
+    QFileDialog dialog(Owner(), QStringLiteral("Save As"));  // a title that not every desktop's has by itself
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilter(Readable(QString::fromStdString(filter)));
@@ -100,7 +118,7 @@ std::filesystem::path DesktopHost::SaveFile(const std::string& filter, const std
         if (file.filename().string().find('.') == std::string::npos) file += proposal.extension();
         const QFileInfo chosen(QString::fromStdString(file));
         if (!chosen.exists()) return file;
-        answer = Ask(window, QStringLiteral("Replace File"),
+        answer = Ask(Owner(), QStringLiteral("Replace File"),
                      QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(chosen.fileName()),
                      QMessageBox::No | QMessageBox::Yes);
     }
@@ -141,7 +159,7 @@ std::filesystem::path DesktopHost::PreferencesFolder() {
 
 bool DesktopHost::SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan,
                                             CompressionSettings& settings) {
-    CompressionDialog dialog(QApplication::activeWindow(), testImage, plan, settings);
+    CompressionDialog dialog(Owner(), testImage, plan, settings);
     if (dialog.exec() != QDialog::Accepted) return false;
     settings = dialog.Settings();
     return true;

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QtCore/QList>
+#include <QtCore/QPointer>
+#include <QtWidgets/QWidget>
+
 #include "platform/Host.h"
 #include "platform/linux/AlertSound.h"
 #include "platform/linux/DBusInhibitor.h"
@@ -27,8 +31,16 @@ class DesktopHost final : public Host {
                                    CompressionSettings& settings) override;
 
   private:
-    /// A desktop that holds its own saver off leaves the X server's alone, and the other way round.
+    void RememberActiveWindow();
+    /// What a dialog belongs to: the window over which the user acts or, while none of ours is active, acted last. Nil
+    /// when there is none. A modal dialog that belonged to no window could vanish behind the one that it blocks.
+    QWidget* Owner() const;
+
+    /// The windows that have been active, the latest first.
+    QList<QPointer<QWidget>> windows_;
+    /// Inhibiting the desktop's saver doesn't stop the X server's, nor vice versa, so both are inhibited.
     DBusInhibitor desktopSaver_;
     XServerSaver serverSaver_;
     AlertSound alertSound_;
+    QObject listener_;
 };
