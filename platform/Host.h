@@ -39,8 +39,9 @@ class Host {
     /// Opens a file with the desktop's program for its type; doesn't wait. May be called on any thread.
     virtual void Launch(const std::filesystem::path& file) = 0;
 
-    /// Keeps the screen saver away until ReleaseScreenSaver. Each is harmless when repeated.
-    virtual void InhibitScreenSaver() = 0;
+    /// Keeps the screen saver away until ReleaseScreenSaver. Each is harmless when repeated. `reason` says what is going
+    /// on, to a user who asks the desktop why the screen stays on.
+    virtual void InhibitScreenSaver(const std::string& reason) = 0;
     virtual void ReleaseScreenSaver() = 0;
     /// Counts as activity of the user; may be called at any rate.
     virtual void DelayScreenSaver() = 0;

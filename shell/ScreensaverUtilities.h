@@ -8,7 +8,7 @@ namespace ScreensaverUtilities {
 
 /// Switch the screen saver off at the start of a run and on again at its end.
 inline void DisableScreensaverWin() {
-    if constexpr (targets::kScreensaverIsSwitched) Host::Current().InhibitScreenSaver();
+    if constexpr (targets::kScreensaverIsSwitched) Host::Current().InhibitScreenSaver("A count-down is running");
 }
 inline void EnableScreensaverWin() {
     if constexpr (targets::kScreensaverIsSwitched) Host::Current().ReleaseScreenSaver();

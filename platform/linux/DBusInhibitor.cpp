@@ -1,20 +1,17 @@
 #include "platform/linux/DBusInhibitor.h"
 
-#include <QCoreApplication>
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
 #include <QVariantMap>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
-#include <functional>
-#include <limits>
 #include <span>
 #include <utility>
 #include <vector>
+
+#include "platform/linux/DBusCall.h"
 
 namespace {
 
@@ -23,16 +20,17 @@ using namespace Qt::StringLiterals;
 struct Service {
     /// What it wants to be told, and what it grants.
     enum class Protocol {
-        Saver,    ///< (application, reason), grants a number
-        Session,  ///< (application, window, reason, flags), grants a number
-        Portal,   ///< (window, flags, options), grants an object that is closed in the end
+        Saver,    ///< (application, reason), grants a cookie
+        Session,  ///< (application, window, reason, flags), grants a cookie
+        Portal,   ///< (window, flags, options), grants a request object, which is closed in the end
     };
 
     Protocol protocol;
     QLatin1StringView name, path, interface, release;
 };
 
-/// The portal is last: it alone is asked in a sandbox, and only there.
+/// The portal is last: in a sandbox only it is called, and elsewhere never, since it grants whatever it is asked for
+/// and its back ends only pass the call on to the services above.
 constexpr std::array kServices{
     Service{Service::Protocol::Saver, "org.freedesktop.ScreenSaver"_L1, "/org/freedesktop/ScreenSaver"_L1,
             "org.freedesktop.ScreenSaver"_L1, "UnInhibit"_L1},
@@ -53,8 +51,6 @@ constexpr auto kPortalRequest = "org.freedesktop.portal.Request"_L1;
 /// Session managers and the portal name the same thing by the same bit: the session isn't to be taken for idle.
 constexpr uint kIdle = 8;
 constexpr uint kNoWindow = 0;
-/// A call that ran into a time-out of the bus library would hide a grant that comes later.
-constexpr int kForever = std::numeric_limits<int>::max();
 
 std::span<const Service> ServicesToAsk() {
     std::error_code ignored;
@@ -80,36 +76,27 @@ bool IsGrant(const Service& service, const QDBusMessage& reply) {
     return reply.type() == QDBusMessage::ReplyMessage && reply.signature() == expected;
 }
 
-/// The call that gives back what `owner` has granted.
-QDBusMessage ReleaseCall(const Service& service, const QString& owner, const QVariant& token) {
+/// The call that gives a cookie, or the portal's request object, back to `owner`, which has granted it.
+QDBusMessage ReleaseCall(const Service& service, const QString& owner, const QVariant& cookie) {
     if (service.protocol == Service::Protocol::Portal) {
-        const QString request = token.value<QDBusObjectPath>().path();
+        const QString request = cookie.value<QDBusObjectPath>().path();
         return QDBusMessage::createMethodCall(owner, request, kPortalRequest, service.release);
     }
     auto call = QDBusMessage::createMethodCall(owner, service.path, service.interface, service.release);
-    call << token;
+    call << cookie;
     return call;
-}
-
-/// Calls without waiting. `done` gets the answer, however late it comes, as long as the application object lives.
-void Call(const QDBusMessage& call, const std::function<void(const QDBusMessage& answer)>& done) {
-    auto* const pending = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, kForever), qApp);
-    QObject::connect(pending, &QDBusPendingCallWatcher::finished, pending, [pending, done] {
-        pending->deleteLater();
-        done(pending->reply());
-    });
 }
 
 }  // namespace
 
-/// One stretch from Inhibit to Release. Lives until every service that it asked has answered.
-class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
+/// From Inhibit to Release. Lives until every service that was called has answered.
+class DBusInhibitor::Inhibition : public std::enable_shared_from_this<Inhibition> {
   public:
-    Run(const std::string& applicationId, const std::string& reason)
+    Inhibition(const std::string& applicationId, const std::string& reason)
         : application_(QString::fromStdString(applicationId)), reason_(QString::fromStdString(reason)) {
-        owners_.setConnection(QDBusConnection::sessionBus());
-        // One that begins, or begins again, in the midst of a run knows nothing of it.
-        QObject::connect(&owners_, &QDBusServiceWatcher::serviceOwnerChanged, &owners_,
+        watcher_.setConnection(QDBusConnection::sessionBus());
+        // A service that starts, or restarts, in the meantime knows nothing of the inhibition.
+        QObject::connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, &watcher_,
                          [this](const QString& name, const QString&, const QString& owner) {
                              for (const Service& service : kServices)
                                  if (service.name == name && !owner.isEmpty() && !hasEnded_) AskOwner(service, owner);
@@ -117,16 +104,16 @@ class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
     }
 
     void Ask(const Service& service) {
-        // The portal speaks for others and may have to be started. What it grants is known to nobody else.
+        // The portal may have to be started first. Its request object is known to no other service.
         if (service.protocol == Service::Protocol::Portal) return AskOwner(service, service.name);
-        // A saver that isn't running needs no holding off. Another is asked by its owner's own name, which no reply
-        // tells with Qt 6.8, so that no release reaches a successor: to it the number would mean something else.
-        owners_.addWatchedService(service.name);
+        // A running service is called by its unique bus name, so that a release can't reach a successor that knows
+        // another cookie. The name is asked for first, because with Qt 6.8 a reply doesn't carry it.
+        watcher_.addWatchedService(service.name);
         auto call = QDBusMessage::createMethodCall(kBus, kBusPath, kBus, u"GetNameOwner"_s);
         call << QString(service.name);
-        Call(call, [run = shared_from_this(), &service](const QDBusMessage& answer) {
+        CallOverDBus(call, [self = shared_from_this(), &service](const QDBusMessage& answer) {
             const bool isOwned = answer.type() == QDBusMessage::ReplyMessage;
-            if (isOwned && !run->hasEnded_) run->AskOwner(service, answer.arguments().constFirst().toString());
+            if (isOwned && !self->hasEnded_) self->AskOwner(service, answer.arguments().constFirst().toString());
         });
     }
 
@@ -140,34 +127,33 @@ class DBusInhibitor::Run : public std::enable_shared_from_this<Run> {
     void AskOwner(const Service& service, const QString& owner) {
         auto call = QDBusMessage::createMethodCall(owner, service.path, service.interface, u"Inhibit"_s);
         call.setArguments(Arguments(service.protocol, application_, reason_));
-        Call(call, [run = shared_from_this(), &service, owner](const QDBusMessage& answer) {
+        CallOverDBus(call, [self = shared_from_this(), &service, owner](const QDBusMessage& answer) {
             if (!IsGrant(service, answer)) return;
-            run->releases_.push_back(ReleaseCall(service, owner, answer.arguments().constFirst()));
-            if (run->hasEnded_) run->End();
+            self->releases_.push_back(ReleaseCall(service, owner, answer.arguments().constFirst()));
+            if (self->hasEnded_) self->End();
         });
     }
 
     const QString application_;
     const QString reason_;
-    QDBusServiceWatcher owners_;
+    QDBusServiceWatcher watcher_;
     bool hasEnded_ = false;
-    /// The calls that give back all that is granted.
+    /// A call for each grant that gives it back.
     std::vector<QDBusMessage> releases_;
 };
 
-DBusInhibitor::DBusInhibitor(std::string applicationId, std::string reason)
-    : applicationId_(std::move(applicationId)), reason_(std::move(reason)) {}
+DBusInhibitor::DBusInhibitor(std::string applicationId) : applicationId_(std::move(applicationId)) {}
 
 DBusInhibitor::~DBusInhibitor() { Release(); }
 
-void DBusInhibitor::Inhibit() {
-    if (run_ || !QDBusConnection::sessionBus().isConnected()) return;
-    run_ = std::make_shared<Run>(applicationId_, reason_);
+void DBusInhibitor::Inhibit(const std::string& reason) {
+    if (inhibition_ || !QDBusConnection::sessionBus().isConnected()) return;
+    inhibition_ = std::make_shared<Inhibition>(applicationId_, reason);
     for (const Service& service : ServicesToAsk())
-        run_->Ask(service);
+        inhibition_->Ask(service);
 }
 
 void DBusInhibitor::Release() {
-    if (run_) run_->End();
-    run_.reset();
+    if (inhibition_) inhibition_->End();
+    inhibition_.reset();
 }

@@ -3,25 +3,23 @@
 #include <memory>
 #include <string>
 
-/// The screen saver of the desktop, held off by the services on the session bus; those that may dim or lock the screen
-/// are often several, so every one is asked, also one that only comes later. In a sandbox only the portal is. No
-/// operation waits for an answer, and where no service is, nothing happens. For the thread of the user interface.
+/// Inhibits the desktop's screen saver through the services on the session bus. Several may dim or lock the screen, so
+/// every one is called, also one that only starts later; in a sandbox only the portal is. No operation waits for an
+/// answer, and where there is no service, nothing happens. For the thread of the user interface.
 /// Whatever a service grants is given back exactly once, however late the grant comes: after Release, or after this
 /// object has gone, as long as the application object lives.
 class DBusInhibitor {
   public:
-    /// The desktop may show the application and the reason to the user.
-    DBusInhibitor(std::string applicationId, std::string reason);
+    explicit DBusInhibitor(std::string applicationId);
     ~DBusInhibitor();
 
-    /// Harmless when repeated, as is Release.
-    void Inhibit();
+    /// The desktop may show the application and the reason to the user. Harmless when repeated, as is Release.
+    void Inhibit(const std::string& reason);
     void Release();
 
   private:
-    class Run;
+    class Inhibition;
 
     std::string applicationId_;
-    std::string reason_;
-    std::shared_ptr<Run> run_;
+    std::shared_ptr<Inhibition> inhibition_;
 };

@@ -133,12 +133,12 @@ class Services : public QDBusVirtualObject {
 const QString kSaver = "org.freedesktop.ScreenSaver";
 const Calls kAsked{"/org/freedesktop/ScreenSaver Inhibit timer why"};
 
-TEST(DBusInhibitorTest, EveryServiceIsAskedOnceAndGetsItsOwnGrantBackOnceASandboxsPortalAlone) {
+TEST(DBusInhibitorTest, CallsAndReleasesEachService) {
     Services services({kSaver, "org.freedesktop.PowerManagement", "org.gnome.SessionManager", "org.mate.SessionManager",
                        "org.freedesktop.portal.Desktop"});
-    DBusInhibitor inhibitor("timer", "why");
-    inhibitor.Inhibit();
-    inhibitor.Inhibit();
+    DBusInhibitor inhibitor("timer");
+    inhibitor.Inhibit("why");
+    inhibitor.Inhibit("why");
     services.Expect({kAsked[0], "/org/freedesktop/PowerManagement/Inhibit Inhibit timer why",
                      "/org/gnome/SessionManager Inhibit timer 0 why 8",
                      "/org/mate/SessionManager Inhibit timer 0 why 8"});
@@ -151,8 +151,8 @@ TEST(DBusInhibitorTest, EveryServiceIsAskedOnceAndGetsItsOwnGrantBackOnceASandbo
                      "/org/mate/SessionManager Uninhibit 241"});
     qputenv("SNAP", "/snap/timer/1");
     {
-        DBusInhibitor sandboxed("timer", "why");
-        sandboxed.Inhibit();
+        DBusInhibitor sandboxed("timer");
+        sandboxed.Inhibit("why");
         services.Expect({"/org/freedesktop/portal/desktop Inhibit  8 "});
         services.Answer();
         services.Expect({});
@@ -161,12 +161,12 @@ TEST(DBusInhibitorTest, EveryServiceIsAskedOnceAndGetsItsOwnGrantBackOnceASandbo
     qunsetenv("SNAP");
 }
 
-TEST(DBusInhibitorTest, AGrantIsGivenBackHoweverLateAndToNobodyElse) {
+TEST(DBusInhibitorTest, ReleasesLateGrants) {
     auto services = std::make_unique<Services>(QStringList{kSaver});
-    DBusInhibitor inhibitor("timer", "why");
+    DBusInhibitor inhibitor("timer");
     for (int run = 1; run <= 2; ++run) {
         inhibitor.Release();
-        inhibitor.Inhibit();
+        inhibitor.Inhibit("why");
         services->Expect(kAsked);
     }
     services->Answer();

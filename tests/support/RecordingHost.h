@@ -65,7 +65,7 @@ class RecordingHost final : public Host {
         return fileToSave;
     }
     void Launch(const std::filesystem::path& file) override { calls.push_back("Launch " + file.string()); }
-    void InhibitScreenSaver() override { calls.emplace_back("InhibitScreenSaver"); }
+    void InhibitScreenSaver(const std::string&) override { calls.emplace_back("InhibitScreenSaver"); }
     void ReleaseScreenSaver() override { calls.emplace_back("ReleaseScreenSaver"); }
     void DelayScreenSaver() override { calls.emplace_back("DelayScreenSaver"); }
     std::filesystem::path PreferencesFolder() override { return preferencesFolder; }

@@ -45,7 +45,7 @@ void RingBell() { QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::Queue
 
 DesktopHost::DesktopHost(const std::string& applicationId, const std::string& name,
                          const std::filesystem::path& alertSound)
-    : desktopSaver_(applicationId, name), alertSound_(applicationId, name, alertSound, RingBell) {
+    : desktopSaver_(applicationId), alertSound_(applicationId, name, alertSound, RingBell) {
     QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &listener_, [this] { RememberActiveWindow(); });
 }
 
@@ -131,8 +131,8 @@ void DesktopHost::Launch(const std::filesystem::path& file) {
         qApp, [url] { QDesktopServices::openUrl(url); }, Qt::QueuedConnection);
 }
 
-void DesktopHost::InhibitScreenSaver() {
-    desktopSaver_.Inhibit();
+void DesktopHost::InhibitScreenSaver(const std::string& reason) {
+    desktopSaver_.Inhibit(reason);
     serverSaver_.Inhibit();
 }
 

@@ -23,7 +23,7 @@ class DesktopHost final : public Host {
     void ShowURL(const std::string& url) override;
     std::filesystem::path SaveFile(const std::string& filter, const std::filesystem::path& proposal) override;
     void Launch(const std::filesystem::path& file) override;
-    void InhibitScreenSaver() override;
+    void InhibitScreenSaver(const std::string& reason) override;
     void ReleaseScreenSaver() override;
     void DelayScreenSaver() override;
     std::filesystem::path PreferencesFolder() override;
