@@ -28,7 +28,7 @@ class EndingTest(DesktopTest):
     def test_every_way_out_keeps_the_colours(self):
         self.addCleanup(signal.signal, signal.SIGHUP, signal.signal(signal.SIGHUP, signal.SIG_IGN))
         ways = {
-            "menu": (0, lambda timer: timer.choose("f", "Up", "Return")),
+            "menu": (0, lambda timer: timer.choose("alt+f", "Up", "Return")),
             "from fullscreen": (0, self.close_in_fullscreen),
             "signal": (0, self.end_from_outside),
             "lost display": (1, self.lose_the_display),

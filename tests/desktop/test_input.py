@@ -1,5 +1,7 @@
 """Clicks, keys and the pointer on the timer window, on a dense screen."""
 
+import itertools
+
 from Xlib import X
 
 from timer import DesktopTest
@@ -12,8 +14,9 @@ class InputTest(DesktopTest):
         timer = self.launch(scale=2)
         ways = {key: lambda key=key: self.desktop.key(key) for key in ("Return", "KP_Enter", "space", "ctrl+r")}
         ways["click"] = lambda: timer.click(*INSIDE)
-        ways["menu"] = lambda: timer.choose("t", "Up", "Return")
-        ways["left menu"] = lambda: (timer.choose("t", "Escape"), self.desktop.key("Return"))
+        ways["menu"] = lambda: timer.choose("alt+t", "Up", "Return")
+        ways["first menu"] = lambda: timer.choose("F10", "Right", "Right", "Up", "Return")
+        ways["left menu"] = lambda: (timer.choose("alt+t", "Escape"), self.desktop.key("Return"))
         ways["held space"] = lambda: self.hold("space")
         ways["held ctrl+r"] = lambda: self.hold("ctrl+r")
         timer.window.change_attributes(event_mask=X.KeyPressMask)
@@ -23,11 +26,13 @@ class InputTest(DesktopTest):
         self.desktop.key("x", "Escape", "Tab", "Down", "F5", "ctrl+space", "ctrl+Return")
         timer.click(*OUTSIDE)
         self.assert_stopped(timer)
-        for name, toggle in ways.items():
-            for state in ("running", "stopped"):
-                with self.subTest(f"{name}: {state}"):
+        for is_full in (False, True):
+            for (name, toggle), state in itertools.product(ways.items(), ("running", "stopped")):
+                with self.subTest(f"{name}, fullscreen {is_full}: {state}"):
                     toggle()
-                    timer.wait_for(state)
+                    timer.wait_for(state)  # in fullscreen the menu bar would cover it
+            self.desktop.key("ctrl+f")
+            self.wait_until(lambda: timer.fills_the_screen() != is_full, "Ctrl+F has done its work")
         timer.set_time(0, 1)
         self.desktop.key("space")
         timer.wait_for("alert")

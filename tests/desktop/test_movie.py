@@ -62,7 +62,7 @@ class MovieTest(DesktopTest):
         opener.chmod(0o700)
         path = f"{self.desktop.home}:{os.environ['PATH']}"
         timer = self.launch(environment=KEY_TAKING_THEME | {"PATH": path, "BROWSER": ""})
-        timer.choose("h", "v")
+        timer.choose("alt+h", "v")
         self.wait_until(opened.exists, "the web site is opened")
         self.assertNotIn("libav", libraries(timer), "the start has waited for them")
         dialog = MovieDialog(timer)

@@ -80,8 +80,8 @@ class Timer:
         dialog.wait_closed()
 
     def choose(self, menu, *keys):
-        """By the keyboard alone: Alt and the menu's letter, then keys within it."""
-        self.desktop.key(f"alt+{menu}")
+        """By the keyboard alone: the keys that open the menu, then those within it."""
+        self.desktop.key(menu)
         self.desktop.wait_until(self.desktop.menus, "the menu opens")
         self.desktop.key(*keys)
         self.desktop.wait_until(lambda: not self.desktop.menus(), "the menu closes")

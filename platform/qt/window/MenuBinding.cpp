@@ -3,6 +3,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
+#include <algorithm>
 #include <utility>
 
 #include "platform/Text.h"
@@ -37,8 +38,9 @@ void Edit(QLineEdit& field, EditCommands command) {
             return field.copy();
         case EditCommands::Paste:
             return field.paste();
-        case EditCommands::Clear:  // del() goes on to the character behind the caret
-            return field.hasSelectedText() ? field.del() : void();
+        case EditCommands::Clear:
+            if (field.hasSelectedText()) field.del();  // with nothing selected it would take the next character
+            return;
         case EditCommands::SelectAll:
             return field.selectAll();
         case EditCommands::None:
@@ -58,13 +60,19 @@ MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, const Handlers& hand
     widget_->setCursor(Qt::ArrowCursor);
     for (const Ref<MenuItem>& menu : bar_->Children())
         AddMenu(*menu);
+    new QShortcut(Qt::Key_F10, &window_, [this] { Open(*widget_->actions().front()); });
     Sync();
 }
 
 void MenuBinding::AddMenu(const MenuItem& menu) {
     auto* widget = new Menu(QString::fromStdString(menu.Text()), widget_.get());
-    widget_->addMenu(widget);
-    QObject::connect(widget, &QMenu::aboutToShow, widget, [this] { PassEnabling(); });
+    QAction* action = widget_->addMenu(widget);
+    QObject::connect(widget, &QMenu::aboutToShow, widget, [this] { UpdateEnabled(); });
+    // Once it is over: the next menu may be about to open.
+    QObject::connect(
+        widget, &QMenu::aboutToHide, widget, [this] { MenuHasClosed(); }, Qt::QueuedConnection);
+    accessKeys_.push_back(
+        new QShortcut(QKeySequence::mnemonic(action->text()), &window_, [this, action] { Open(*action); }));
     for (const Ref<MenuItem>& item : menu.Children())
         AddItem(*widget, item);
 }
@@ -77,7 +85,7 @@ void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
     QAction* action = menu.addAction(QString());
     action->setMenuRole(QAction::NoRole);
     action->setShortcut(QKeySequence(QString::fromStdString(Replace(item->KeyboardShortcut(), "Cmd+", "Ctrl+"))));
-    QObject::connect(action, &QAction::triggered, action, [this, item] { Choose(*item); });
+    QObject::connect(action, &QAction::triggered, action, [this, item] { Trigger(*item); });
     // Of the window too: the shortcuts of a hidden menu bar are dead.
     window_.addAction(action);
     if (IsQuit(*item)) {
@@ -87,23 +95,46 @@ void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
     rows_.push_back({item, action});
 }
 
-void MenuBinding::PassEnabling() {
+void MenuBinding::SetVisible(bool on) {
+    isVisible_ = on;
+    const bool isOpen =
+        std::ranges::any_of(widget_->actions(), [](QAction* menu) { return menu->menu()->isVisible(); });
+    widget_->setVisible(on || isOpen);
+    for (QShortcut* key : accessKeys_)
+        key->setEnabled(widget_->isHidden());  // the bar has its own, which are dead while it is hidden
+}
+
+// With the pointer on the bar it stays until SetVisible is called, as if the pointer had called it.
+void MenuBinding::MenuHasClosed() {
+    const bool isPointedAt = widget_->rect().contains(widget_->mapFromGlobal(QCursor::pos()));
+    if (!isPointedAt) SetVisible(isVisible_);
+}
+
+// As the bar's own keys do: the first command is chosen.
+void MenuBinding::Open(QAction& menu) {
+    widget_->show();
+    widget_->setActiveAction(&menu);
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QCoreApplication::sendEvent(menu.menu(), &down);
+}
+
+void MenuBinding::UpdateEnabled() {
     for (const Row& row : rows_) {
         row.item->Disable();
-        if (row.item->AutoEnable() && IsTaken(*row.item)) row.item->Enable();
+        if (row.item->AutoEnable() && HasReceiver(*row.item)) row.item->Enable();
     }
     Deliver(enableItems_);
     Sync();
 }
 
-bool MenuBinding::IsTaken(const MenuItem& item) const {
+bool MenuBinding::HasReceiver(const MenuItem& item) const {
     return handlers_.contains(item.Name()) || IsQuit(item) ||
            (item.EditCommand() != EditCommands::None && FocusedField());
 }
 
 // From a screen reader a command may come at any time, also under a dialog, which only quitting gets past.
-void MenuBinding::Choose(const MenuItem& item) {
-    PassEnabling();
+void MenuBinding::Trigger(const MenuItem& item) {
+    UpdateEnabled();
     const bool isUnderDialog = !window_.isEnabled() || QApplication::activeModalWidget();
     if (!item.Enabled() || (isUnderDialog && !IsQuit(item))) return;
     if (const auto handler = handlers_.find(item.Name()); handler != handlers_.end()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtGui/QAction>
+#include <QtGui/QShortcut>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <functional>
@@ -25,15 +26,19 @@ class MenuBinding {
     /// The command that quits, for the dialogs over the window to take as well; nil if the bar has none.
     QAction* Quit() const { return quit_; }
 
+    /// Where the bar is hidden, F10 and Alt with a menu's letter show it for as long as a menu is open.
+    void SetVisible(bool on);
     /// Settles anew which items are enabled and how they read. To be called before a shortcut is looked up.
-    void PassEnabling();
+    void UpdateEnabled();
 
   private:
     void AddMenu(const MenuItem& menu);
     void AddItem(QMenu& menu, const Ref<MenuItem>& item);
-    bool IsTaken(const MenuItem& item) const;
-    void Choose(const MenuItem& item);
+    bool HasReceiver(const MenuItem& item) const;
+    void Trigger(const MenuItem& item);
     void Sync();
+    void MenuHasClosed();
+    void Open(QAction& menu);
 
     struct Row {
         Ref<MenuItem> item;
@@ -47,4 +52,6 @@ class MenuBinding {
     std::function<void()> enableItems_;
     std::vector<Row> rows_;
     QAction* quit_ = nullptr;
+    bool isVisible_ = true;
+    std::vector<QShortcut*> accessKeys_;
 };

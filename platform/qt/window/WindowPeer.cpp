@@ -31,7 +31,7 @@ void WindowPeer::Build() {
     for (RectControl* control : controls_.RectControls())
         Deliver([control] { control->Event_Open(); });
     Deliver([this] { owner_.Event_Open(); });
-    if (menu_) menu_->PassEnabling();  // a screen reader may list the commands before anybody opens a menu
+    if (menu_) menu_->UpdateEnabled();  // a screen reader may list the commands before anybody opens a menu
 }
 
 QRect WindowPeer::Inside() const {
@@ -189,7 +189,7 @@ void WindowPeer::Arrange() {
     const int top = IsFullScreen() ? 0 : barHeight;
     if (menu_) {
         menu_->Widget().setGeometry(0, 0, width(), barHeight);
-        menu_->Widget().setVisible(!IsFullScreen() || menuBarVisible_);
+        menu_->SetVisible(!IsFullScreen() || menuBarVisible_);
         menu_->Widget().raise();
     }
     const QSize before = content_.size();
@@ -223,7 +223,7 @@ bool WindowPeer::event(QEvent* event) {
             event->accept();  // a held key is no new command
             return true;
         }
-        if (menu_) menu_->PassEnabling();
+        if (menu_) menu_->UpdateEnabled();
     }
     return QWidget::event(event);
 }
