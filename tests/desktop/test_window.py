@@ -1,8 +1,25 @@
-"""Fullscreen, there and back."""
+"""The window's icon; fullscreen, there and back."""
 
-from timer import COLOURS, DesktopTest, SetTimer
+import contextlib
+import signal
+
+from Xlib import error
+
+from desktop import start
+from timer import COLOURS, PROGRAM, DesktopTest, SetTimer
 
 BACKGROUND = COLOURS["Color_Window_Background"]
+
+
+class IconTest(DesktopTest):
+    def test_it_comes_before_the_window_shows(self):
+        self.desktop.manager.send_signal(signal.SIGSTOP)  # which would show the window
+        start(self.stack, [PROGRAM], env=self.desktop.environment(self.desktop.home))
+        self.wait_until(self.is_there, "the window has its icon")
+
+    def is_there(self):
+        with contextlib.suppress(error.XError):  # some windows are soon gone
+            return any(self.desktop.property("_NET_WM_ICON", w) for w in self.desktop.root.query_tree().children)
 
 
 class FullscreenTest(DesktopTest):

@@ -37,11 +37,12 @@ std::vector<WindowPeer*> Windows() {
     return windows;
 }
 
-/// Gives all windows the icon of that name in the desktop's theme, else among the program's own. That takes long, so it
-/// comes after the first paint, but right after: some window managers put one of their own on a window without.
-class IconAfterFirstPaint final : public QObject {
+/// Gives all windows an icon: at once a small one of the program's own, so that no window is ever seen without, and
+/// after the first paint the one of that name in the desktop's theme, since looking for that takes long.
+class WindowIcon final : public QObject {
   public:
-    explicit IconAfterFirstPaint(const std::string& name) : QObject(qApp), name_(QString::fromStdString(name)) {
+    explicit WindowIcon(const std::string& name) : QObject(qApp), name_(QString::fromStdString(name)) {
+        QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/hicolor/32x32/apps/%1.png").arg(name_)));
         qApp->installEventFilter(this);
     }
 
@@ -90,7 +91,7 @@ void RuntimeInit(char* program, const std::string& name, const std::string& desk
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setDesktopFileName(QString::fromStdString(desktopId));
     QApplication::setQuitOnLastWindowClosed(false);
-    new IconAfterFirstPaint(desktopId);
+    new WindowIcon(desktopId);
     InstallAccessibility();
     InstallReturnForWindows();
     // A write beyond the largest size of a file shall just fail. What is launched from here would inherit SIG_IGN.
