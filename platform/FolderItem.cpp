@@ -1,7 +1,9 @@
 #include "platform/FolderItem.h"
 
 #include <limits.h>
+#include <sys/stat.h>
 
+#include <cerrno>
 #include <sstream>
 #include <system_error>
 
@@ -18,6 +20,29 @@ namespace {
 bool IsPlainFile(const fs::path& path) {
     std::error_code ignored;
     return fs::is_regular_file(path, ignored);
+}
+
+std::string InWords(int error) { return std::generic_category().message(error); }
+
+/// Nil for a file that couldn't be opened; errno says why, unless it isn't a plain file.
+template <class Stream>
+Ref<Stream> Unopened(const fs::path& path, const char* failure) {
+    const std::string reason = InWords(errno);
+    const bool isOdd = fs::exists(path) && !IsPlainFile(path);
+    return Ref<Stream>::Nil("The file " + path.string() + failure + (isOdd ? "it isn't a plain file" : reason) + ".");
+}
+
+/// Makes a folder, and those above it that are missing, for the user alone. 0, or the error for which it isn't there.
+int MakeFolder(const fs::path& folder) {
+    int error = EEXIST;
+    fs::path made;
+    for (const fs::path& part : folder) {
+        made /= part;
+        const bool isMade = mkdir(made.c_str(), S_IRWXU) == 0;
+        if (!isMade && error == EEXIST) error = errno;
+    }
+    std::error_code ignored;
+    return fs::is_directory(folder, ignored) ? 0 : error;
 }
 
 /// Where the latest movie could be made; empty before the first.
@@ -69,14 +94,14 @@ void FolderItem::Delete() {
 Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
     std::ifstream file;
     if (IsPlainFile(path_)) file.open(path_, std::ios::binary);
-    if (!file.is_open()) return Ref<TextInputStream>::Nil("the file " + path_.string() + " can't be read");
+    if (!file.is_open()) return Unopened<TextInputStream>(path_, " can't be read: ");
     return MakeRef<TextInputStream>(std::move(file));
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() {
     std::ofstream file;
     if (!Exists() || IsPlainFile(path_)) file.open(path_, std::ios::binary | std::ios::trunc);
-    if (!file.is_open()) return Ref<TextOutputStream>::Nil("the file " + path_.string() + " can't be written");
+    if (!file.is_open()) return Unopened<TextOutputStream>(path_, " can't be written: ");
     return MakeRef<TextOutputStream>(std::move(file));
 }
 
@@ -97,6 +122,9 @@ Ref<FolderItem> GetSaveFolderItem(const std::string& filter, const std::string& 
 
 Ref<FolderItem> SpecialFolder::Preferences() {
     fs::path folder = Host::Current().PreferencesFolder();
-    if (folder.empty()) return Ref<FolderItem>::Nil("the folder for settings can't be made");
+    if (folder.empty()) return Ref<FolderItem>::Nil("There is no folder for settings, since the user has no home.");
+    const int error = MakeFolder(folder);
+    if (error != 0)
+        return Ref<FolderItem>::Nil("The folder " + folder.string() + " can't be made: " + InWords(error) + ".");
     return MakeRef<FolderItem>(std::move(folder));
 }

@@ -46,7 +46,7 @@ class Host {
     /// Counts as activity of the user; may be called at any rate.
     virtual void DelayScreenSaver() = 0;
 
-    /// The user's folder for settings, made when it is missing; empty when it can't be made.
+    /// The user's folder for settings, which need not exist; empty when the user has no home.
     virtual std::filesystem::path PreferencesFolder() = 0;
 
     /// Shows the dialog in which the user chooses how a movie is encoded, with `testImage` as the preview, and waits.

@@ -18,6 +18,7 @@ std::string Text(const std::string& wanted) { return "NilObjectException: no " +
 }  // namespace
 
 NilObjectException::NilObjectException(const std::type_info& type, const std::string& why)
-    : std::runtime_error(why.empty() ? Text(ReadableName(type)) : why + " (" + Text(ReadableName(type)) + ")") {}
+    : std::runtime_error(why.empty() ? Text(ReadableName(type)) : why + " (" + Text(ReadableName(type)) + ")"),
+      why_(why) {}
 
 NilObjectException::NilObjectException(const std::string& wanted) : std::runtime_error(Text(wanted)) {}

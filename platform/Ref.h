@@ -13,6 +13,12 @@ class NilObjectException : public std::runtime_error {
     /// `type` is that of the object that was wanted; its name stands in what(), behind the reason if there is one.
     explicit NilObjectException(const std::type_info& type, const std::string& why = "");
     explicit NilObjectException(const std::string& wanted);
+
+    /// The reason alone, in words for the user; empty if none is known.
+    const std::string& Why() const { return why_; }
+
+  private:
+    std::string why_;
 };
 
 /// A shared reference to an object of the toolkit; the object lives until its last reference goes. A reference may be
@@ -27,12 +33,14 @@ class Ref {
     template <class U>
     requires std::is_convertible_v<U*, T*> Ref(const Ref<U>& other) : object_(other.Shared()) {}
 
-    /// Nil, and why, in plain words, for the exception of whoever uses it all the same.
+    /// Nil, and why, in a sentence for the user: the exception of whoever uses the reference all the same says it.
     static Ref Nil(std::string why) {
         Ref nil;
         nil.why_ = std::make_shared<const std::string>(std::move(why));
         return nil;
     }
+    /// The same reference. If it is nil for a known reason, another sentence follows: what that means for the user.
+    Ref IfNil(const std::string& consequence) const { return why_ ? Nil(*why_ + " " + consequence) : *this; }
 
     T* operator->() const { return &**this; }
     T& operator*() const {

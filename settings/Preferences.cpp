@@ -32,6 +32,10 @@ constexpr std::string_view kFooter =
 constexpr const char* kNoNameToRead = "Can't read preferences because no filename has been set";
 constexpr const char* kNoFileCode = "????";
 
+// What it means for the user if the folder or the file can't be used.
+constexpr const char* kNotKept = "The colours will not be kept.";
+constexpr const char* kReplaced = "The clock has its default colours, and at the end the file will be replaced.";
+
 /// The places of a tag in a text. Found once for all searches, since those of an odd file go back again and again.
 class Places {
   public:
@@ -55,22 +59,24 @@ std::string_view Between(std::string_view text, std::size_t start, std::size_t e
     return end > start ? text.substr(start - 1, end - start) : std::string_view();
 }
 
+Ref<FolderItem> FileNamed(const std::string& name) { return SpecialFolder::Preferences().IfNil(kNotKept)->Child(name); }
+
 std::optional<std::string> ReadWhole(const std::string& name) {
-    const Ref<FolderItem> file = SpecialFolder::Preferences()->Child(name);
+    const Ref<FolderItem> file = FileNamed(name);
     if (!file->Exists()) return std::nullopt;
 
-    const Ref<TextInputStream> stream = file->OpenAsTextFile();
+    const Ref<TextInputStream> stream = file->OpenAsTextFile().IfNil(kReplaced);
     std::string text = stream->ReadAll();
     stream->Close();
     return text;
 }
 
 void WriteWhole(const std::string& name, const std::string& text, const char* failure) {
-    const Ref<FolderItem> file = SpecialFolder::Preferences()->Child(name);
+    const Ref<FolderItem> file = FileNamed(name);
     if (!file) return MsgBox(failure);
     if (file->Exists()) file->Delete();
 
-    const Ref<TextOutputStream> stream = file->CreateTextFile();
+    const Ref<TextOutputStream> stream = file->CreateTextFile().IfNil(kNotKept);
     stream->WriteLine(text);
     stream->Close();
     if constexpr (targets::kFileCodes) {

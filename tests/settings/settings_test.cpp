@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 
 #include <QtCore/QTimer>
+#include <cerrno>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -140,12 +142,21 @@ TEST_F(TimerSettingsTest, TheColoursAreKeptFromTheFirstRunOn) {
 }
 
 TEST_F(TimerSettingsTest, WhereNothingCanBeStoredItRunsOnTheDefaults) {
-    host.preferencesFolder /= "missing";
-    EXPECT_EQ(Shown(), defaults);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(StatusAfterClose(), 1);
-    const std::string missing = host.preferencesFolder / "DwindledialPrefs.plist";
-    EXPECT_THAT(host.messages, ElementsAre(testing::HasSubstr("the file " + missing + " can't be written")));
+    std::filesystem::create_directories(file / "not empty");
+    const std::filesystem::path inTheWay = host.preferencesFolder / "file";
+    SaveText(inTheWay, "");
+    for (const auto& folder : {file.parent_path(), inTheWay / "new"}) {
+        host.preferencesFolder = folder;
+        EXPECT_EQ(Shown(), defaults);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(StatusAfterClose(), 1);
+    }
+    EXPECT_THAT(host.messages,
+                ElementsAre("The file " + file.string() +
+                                " can't be read: it isn't a plain file. The clock has its default colours, and at the "
+                                "end the file will be replaced.\n\nDwindledial goes on.",
+                            "The folder " + inTheWay.string() + "/new can't be made: " + std::strerror(ENOTDIR) +
+                                ". The colours will not be kept.\n\nDwindledial goes on."));
 }
 
 }  // namespace

@@ -70,8 +70,9 @@ Ref<Picture> NewPicture(Int32 width, Int32 height, Int32, double scale) {
     if (width <= 0 || height <= 0) return nullptr;
     try {
         return MakeRef<Picture>(std::make_unique<Picture::Pixels>(QSize(width, height), scale));
-    } catch (const std::exception&) {  // a size that no memory holds
-        return nullptr;
+    } catch (const std::exception&) {
+        return Ref<Picture>::Nil("There isn't enough memory for a picture of " + std::to_string(width) + " x " +
+                                 std::to_string(height) + " pixels.");
     }
 }
 
@@ -110,5 +111,6 @@ Ref<Picture> FolderItem::OpenAsPicture() const {
         const std::string name = Path().stem().string() + "@2x" + Path().extension().string();
         if (Ref<Picture> dense = PictureOf(ReadImage(Path().parent_path() / name), 2)) return dense;
     }
-    return PictureOf(ReadImage(Path()), 1);
+    const Ref<Picture> picture = PictureOf(ReadImage(Path()), 1);
+    return picture ? picture : Ref<Picture>::Nil("The picture " + Path().string() + " can't be read.");
 }

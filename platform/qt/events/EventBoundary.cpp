@@ -11,20 +11,33 @@
 
 #include "platform/Application.h"
 #include "platform/Host.h"
+#include "platform/Ref.h"
 
 namespace {
 
-std::string Describe() {
+/// What is said of an exception.
+struct Report {
+    std::string line;
+    /// For the user, without names that mean nothing outside of the code.
+    std::string message;
+};
+
+Report Describe() {
+    const std::string unexpected = "Unexpected error";
     try {
         throw;
+    } catch (const NilObjectException& exception) {
+        const std::string& why = exception.Why();
+        return {unexpected + ": " + exception.what(), why.empty() ? unexpected + "." : why};
     } catch (const std::exception& exception) {
-        return std::string("Unexpected error: ") + exception.what();
+        const std::string line = unexpected + ": " + exception.what();
+        return {line, line + "."};
     } catch (...) {
-        return "Unexpected error";
+        return {unexpected, unexpected + "."};
     }
 }
 
-void Print(const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); }
+void Print(const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); }
 
 bool IsNew(const std::string& text) {
     static std::mutex mutex;
@@ -54,19 +67,19 @@ void AfterHandlers(std::function<void()> action) {
 
 // The box waits for the event to be over: a paint event can't have an event loop within it.
 void ReportUncaught() {
-    const std::string text = Describe();
-    if (!IsNew(text)) return;
-    Print(text);
+    const Report report = Describe();
+    if (!IsNew(report.line)) return;
+    Print(report.line);
     QMetaObject::invokeMethod(
         qApp,
-        [text] {
+        [message = report.message] {
             const std::string name = QCoreApplication::applicationName().toStdString();
-            Deliver([&] { MsgBox(text + ".\n\n" + name + " goes on."); });
+            Deliver([&] { MsgBox(message + "\n\n" + name + " goes on."); });
         },
         Qt::QueuedConnection);
 }
 
 void QuitOnUncaught() {
-    Print(Describe());
+    Print(Describe().line);
     Quit(1);
 }

@@ -6,10 +6,10 @@
 // Each delivery of an event to the program is a boundary for exceptions: what comes out of a handler is reported, that
 // one event is abandoned, and the program goes on, so that a fault in one window doesn't end a running count-down.
 
-/// Reports the exception being handled: one line on standard error and, once this event is over, one message box, for
-/// each different text once. May be called on any thread.
+/// Reports the exception being handled: one line on standard error and, once this event is over, one message box. A
+/// line that has been printed before is not reported again. May be called on any thread.
 void ReportUncaught();
-/// Reports it on standard error and ends the program with status 1, where there is no going on.
+/// Reports it on standard error alone and ends the program with status 1: at start-up and while closing.
 void QuitOnUncaught();
 
 /// Runs something once no handler is under way any more: at once when there is none. Main thread.
