@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <pwd.h>
 #include <stdlib.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -33,7 +34,8 @@ namespace {
 
 class StorageTest : public testing::Test {
   protected:
-    const fs::path folder = RecordingHost::InstallNew().preferencesFolder;
+    RecordingHost& host = RecordingHost::InstallNew();
+    const fs::path folder = host.preferencesFolder;
     FolderItem item{folder};
 };
 
@@ -44,15 +46,21 @@ TEST_F(StorageTest, WhatIsNoPlainFileIsNil) {
 }
 
 TEST_F(StorageTest, ThePreferencesFolderFollowsTheEnvironmentAndIsTheUsersAlone) {
-    SaveText(folder / "file", "in the way");
-    setenv("HOME", folder.c_str(), 1);
-    for (const auto& [config, expected] : {std::pair<fs::path, fs::path>{folder / "new/config", folder / "new/config"},
-                                           {folder / "file/config", ""},
-                                           {"relative/path", folder / ".config"}}) {
+    const fs::path ofAccount = getpwuid(getuid())->pw_dir;
+    const struct {
+        fs::path config, home, expected;
+    } rows[] = {{"", "", ofAccount / ".config"},
+                {"", "relative", ofAccount / ".config"},
+                {"relative/path", folder, folder / ".config"},
+                {folder / "new/config", folder, folder / "new/config"}};
+    for (const auto& [config, home, expected] : rows) {
         setenv("XDG_CONFIG_HOME", config.c_str(), 1);
+        setenv("HOME", home.c_str(), 1);
         EXPECT_EQ(DesktopHost("", "", "").PreferencesFolder(), expected);
     }
-    for (const char* made : {"new", "new/config", ".config"})
+    host.preferencesFolder /= "new/config";
+    EXPECT_TRUE(SpecialFolder::Preferences()->Exists());
+    for (const char* made : {"new", "new/config"})
         EXPECT_EQ(fs::status(folder / made).permissions(), fs::perms::owner_all) << made;
 }
 

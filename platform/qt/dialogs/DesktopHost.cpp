@@ -1,7 +1,7 @@
 #include "platform/qt/dialogs/DesktopHost.h"
 
 #include <pwd.h>
-#include <sys/stat.h>
+#include <stdlib.h>
 #include <time.h>
 #include <unistd.h>
 
@@ -37,6 +37,18 @@ QString Readable(const QString& filter) {
     const QString name = filter.section(QStringLiteral(" ("), 0, 0);
     const QMimeType type = QMimeDatabase().mimeTypeForName(name);
     return type.isValid() ? type.comment() + filter.mid(name.size()) : filter;
+}
+
+/// The folder of that path; empty for nil and for a relative path, which counts as none.
+std::filesystem::path FolderIn(const char* value) {
+    const std::filesystem::path folder = value ? value : "";
+    return folder.is_absolute() ? folder : std::filesystem::path();
+}
+
+std::filesystem::path HomeFolder() {
+    const std::filesystem::path home = FolderIn(getenv("HOME"));
+    const passwd* const user = home.empty() ? getpwuid(getuid()) : nullptr;
+    return user ? FolderIn(user->pw_dir) : home;
 }
 
 void RingBell() { QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::QueuedConnection); }
@@ -143,18 +155,12 @@ void DesktopHost::ReleaseScreenSaver() {
 
 void DesktopHost::DelayScreenSaver() { serverSaver_.Delay(); }
 
+// Not from Qt: without HOME, it would take the root folder for the user's; and Qt 6.4 takes relative paths.
 std::filesystem::path DesktopHost::PreferencesFolder() {
-    // Without HOME, Qt would take the root folder for it; and Qt 6.4 takes a relative path, which counts as none.
-    const passwd* const user = qEnvironmentVariableIsEmpty("HOME") ? getpwuid(getuid()) : nullptr;
-    if (user) qputenv("HOME", user->pw_dir);
-    if (QFileInfo(qEnvironmentVariable("XDG_CONFIG_HOME")).isRelative()) qunsetenv("XDG_CONFIG_HOME");
-    const std::filesystem::path folder =
-        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toStdString();
-    std::filesystem::path made;
-    for (const auto& part : folder)
-        mkdir((made /= part).c_str(), S_IRWXU);
-    std::error_code ignored;
-    return std::filesystem::is_directory(folder, ignored) ? folder : std::filesystem::path();
+    const std::filesystem::path config = FolderIn(getenv("XDG_CONFIG_HOME"));
+    if (!config.empty()) return config;
+    const std::filesystem::path home = HomeFolder();
+    return home.empty() ? home : home / ".config";
 }
 
 bool DesktopHost::SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan,
