@@ -9,25 +9,60 @@
 namespace {
 
 /// One of the four colours: its well, the label beside it, and where the colour is kept.
-struct Role {
+struct ColourRow {
     const char* well;
-    Int32 left, top, tabIndex, labelTabIndex;
+    Int32 left, top, tabIndex;
     const char* label;
     const char* text;
+    Int32 labelTabIndex;
     void (winPrefs::*changed)(Color);
     Color winPrefs::*before;
     Color ClockColours::*onClock;
 };
 
-constexpr Role kRoles[] = {
-    {"cBackground", 20, 14, 0, 5, "StaticText1", "Background", &winPrefs::cBackground_ColorChange,
-     &winPrefs::mBackground, &ClockColours::Color_Window_Background},
-    {"cWedge", 187, 52, 2, 7, "StaticText3", "Wedge", &winPrefs::cWedge_ColorChange, &winPrefs::mWedge,
-     &ClockColours::Color_Clock_Wedge},
-    {"cFace", 20, 52, 1, 6, "StaticText2", "Face", &winPrefs::cFace_ColorChange, &winPrefs::mFace,
-     &ClockColours::Color_Clock_Face},
-    {"cFrame", 187, 14, 11, 10, "StaticText6", "Frame", &winPrefs::cFrame_ColorChange, &winPrefs::mFrame,
-     &ClockColours::Color_Clock_Frame},
+enum { kBackground, kWedge, kFace, kFrame };
+
+constexpr ColourRow kColours[] = {
+    {.well = "cBackground",
+     .left = 20,
+     .top = 14,
+     .tabIndex = 0,
+     .label = "StaticText1",
+     .text = "Background",
+     .labelTabIndex = 5,
+     .changed = &winPrefs::cBackground_ColorChange,
+     .before = &winPrefs::mBackground,
+     .onClock = &ClockColours::Color_Window_Background},
+    {.well = "cWedge",
+     .left = 187,
+     .top = 52,
+     .tabIndex = 2,
+     .label = "StaticText3",
+     .text = "Wedge",
+     .labelTabIndex = 7,
+     .changed = &winPrefs::cWedge_ColorChange,
+     .before = &winPrefs::mWedge,
+     .onClock = &ClockColours::Color_Clock_Wedge},
+    {.well = "cFace",
+     .left = 20,
+     .top = 52,
+     .tabIndex = 1,
+     .label = "StaticText2",
+     .text = "Face",
+     .labelTabIndex = 6,
+     .changed = &winPrefs::cFace_ColorChange,
+     .before = &winPrefs::mFace,
+     .onClock = &ClockColours::Color_Clock_Face},
+    {.well = "cFrame",
+     .left = 187,
+     .top = 14,
+     .tabIndex = 11,
+     .label = "StaticText6",
+     .text = "Frame",
+     .labelTabIndex = 10,
+     .changed = &winPrefs::cFrame_ColorChange,
+     .before = &winPrefs::mFrame,
+     .onClock = &ClockColours::Color_Clock_Frame},
 };
 
 void ShowOnClock() {
@@ -48,11 +83,20 @@ void winPrefs::Layout() {
 }
 
 void winPrefs::_CreateControls0() {
-    for (const Role& role : kRoles) {
-        auto& well = AddControl<SmartColorWell>(role.well, role.left, role.top, 32, 32, role.tabIndex);
-        well.ColorChange = [this, changed = role.changed](Color c) { (this->*changed)(c); };
-        AddLabel(role.label, role.text, role.left + 66, role.top + 3, 95, 20, role.labelTabIndex).LabelFor(well);
+    const auto addWell = [this](const ColourRow& colour) {
+        auto& well = AddControl<SmartColorWell>(colour.well, colour.left, colour.top, 32, 32, colour.tabIndex);
+        well.ColorChange = [this, changed = colour.changed](Color c) { (this->*changed)(c); };
+    };
+    // Screen readers list the controls as they were added, which is the order of the tab indexes.
+    for (const int colour : {kBackground, kFace, kWedge})
+        addWell(kColours[colour]);
+    for (const int i : {kBackground, kFace, kWedge, kFrame}) {
+        const ColourRow& colour = kColours[i];
+        AddLabel(colour.label, colour.text, colour.left + 66, colour.top + 3, 95, 20, colour.labelTabIndex);
     }
+    addWell(kColours[kFrame]);
+    for (const ColourRow& colour : kColours)
+        Find<StaticText>(colour.label).LabelFor(Find<SmartColorWell>(colour.well));
     auto& ok = AddButton("bOK", "OK", 268, 101, 80, 22, 12, [this] { bOK_Action(); });
     ok.Default(true);
     auto& cancel = AddButton("bCancel", "Cancel", 176, 101, 80, 22, 13, [this] { bCancel_Action(); });
@@ -63,25 +107,26 @@ void winPrefs::_CreateControls0() {
 }
 
 void winPrefs::Event_Open() {
-    for (const Role& role : kRoles)
-        this->*role.before = winMain::Instance().*role.onClock;
+    for (const ColourRow& colour : kColours)
+        this->*colour.before = winMain::Instance().*colour.onClock;
     SetButtons();
 }
 
 // A well that changes here writes the same colour back, which does no harm.
 void winPrefs::SetButtons() {
-    for (const Role& role : kRoles)
-        Find<SmartColorWell>(role.well).setColor(winMain::Instance().*role.onClock);
+    for (const ColourRow& colour : kColours)
+        Find<SmartColorWell>(colour.well).setColor(winMain::Instance().*colour.onClock);
 }
 
 void winPrefs::TakeFrom(const std::string& well) {
-    winMain::Instance().*std::ranges::find(kRoles, well, &Role::well)->onClock = Find<SmartColorWell>(well).getColor();
+    const auto* colour = std::ranges::find(kColours, well, &ColourRow::well);
+    winMain::Instance().*colour->onClock = Find<SmartColorWell>(well).getColor();
     ShowOnClock();
 }
 
 void winPrefs::bCancel_Action() {
-    for (const Role& role : kRoles)
-        winMain::Instance().*role.onClock = this->*role.before;
+    for (const ColourRow& colour : kColours)
+        winMain::Instance().*colour.onClock = this->*colour.before;
     ShowOnClock();
     Close();
 }
