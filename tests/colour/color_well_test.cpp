@@ -193,6 +193,9 @@ TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsBackWhatWasThere) {
     EXPECT_THAT(Wells(), areDefaults);
     Press(*WidgetNamed("bOK").window(), Qt::Key_Escape, "");
     EXPECT_EQ(Clock(), before);
+    Dialog().ShowWithin(Timer(), -1);
+    Press(*WidgetNamed("bOK").window(), Qt::Key_Return, "");
+    EXPECT_THROW(WidgetNamed("bOK"), std::out_of_range) << "Return presses OK";
 }
 
 }  // namespace
