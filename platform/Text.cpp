@@ -23,6 +23,16 @@ double ParseNumber(const std::string& text) {
     return strtod_l(text.c_str(), nullptr, plain);
 }
 
+/// `text` with a point in place of the locale's decimal separator, if a digit follows that.
+std::string WithPoint(std::string_view text) {
+    const std::string_view separator = localeconv()->decimal_point;
+    const std::size_t found = text.find(separator);
+    std::string result(text);
+    if (found != npos && !Leading(text.substr(found + separator.size()), "0123456789").empty())
+        result.replace(found, separator.size(), ".");
+    return result;
+}
+
 std::size_t Count(std::string_view text, char character) {
     return static_cast<std::size_t>(std::ranges::count(text, character));
 }
@@ -59,7 +69,7 @@ double Val(std::string_view text) {
     if (text.starts_with("&h") || text.starts_with("&H"))
         return ParseNumber("0x" + Leading(text.substr(2), "0123456789abcdefABCDEF"));
     // Only these characters, so that the library finds neither "inf" nor "0x" here.
-    return ParseNumber(Leading(text, "+-.0123456789eE"));
+    return ParseNumber(Leading(WithPoint(text), "+-.0123456789eE"));
 }
 
 std::string Str(double number) {

@@ -8,8 +8,9 @@
 // Text is UTF-8.
 
 /// The number with which `text` begins, 0 if there is none. Leading blanks, a sign, a fraction and an exponent are
-/// read, "&h" begins a hexadecimal number, what follows the number is ignored. The decimal sign is always the point.
-/// A number too large for a Double is infinite; nothing throws.
+/// read, "&h" begins a hexadecimal number, what follows the number is ignored. A fraction begins with a point or with
+/// the decimal separator of the user's locale; groups of digits have no separators. A number too large for a Double is
+/// infinite; nothing throws.
 double Val(std::string_view text);
 
 /// A number as decimal text, with a point whatever the locale; Val gives exactly the same number back.
