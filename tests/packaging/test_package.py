@@ -3,6 +3,7 @@
 import configparser
 import os
 import pathlib
+import re
 import subprocess
 import tempfile
 
@@ -25,7 +26,7 @@ class PackageTest(DesktopTest):
     def test_it_installs_passes_the_validators_starts_with_its_icon_and_leaves_nothing(self):
         folder = pathlib.Path(self.stack.enter_context(tempfile.TemporaryDirectory(prefix="package-")))
         run(os.environ["CPACK"], "--config", pathlib.Path(os.environ["BUILD"], "CPackConfig.cmake"), "-B", folder / "made")
-        (package,) = (folder / "made").glob("*.deb")
+        symbols, package = sorted((folder / "made").glob("*.deb"))
         for library in ("libqt6widgets6", "libavformat", "libcanberra0", "libxcb-screensaver0"):
             self.assertIn(library, run("dpkg-deb", "--field", package, "Depends"))
 
@@ -35,13 +36,21 @@ class PackageTest(DesktopTest):
         for name in ("status", "available"):
             (root / "var/lib/dpkg" / name).touch()
         dpkg = "dpkg", f"--root={root}", f"--log={os.devnull}", "--force-not-root,depends"
-        run(*dpkg, "--install", package)
-        self.assertEqual(run(*dpkg, "--verify", "dwindledial"), "", "files differ from their checksums")
+        run(*dpkg, "--install", package, symbols)
+        self.assertEqual(run(*dpkg, "--verify"), "", "files differ from their checksums")
         for path in usr.rglob("*"):
             runs = path.is_dir() or path.name == "dwindledial"
             self.assertEqual(path.stat().st_mode & 0o777, 0o755 if runs else 0o644, path)
 
-        self.assertEqual(run("desktop-file-validate", usr / f"share/applications/{ID}.desktop"), "")
+        for program in (usr / "libexec/dwindledial/bin").iterdir():
+            told = run("readelf", "--wide", "--sections", "--notes", program)
+            self.assertNotIn(".comment", told)
+            build_id = re.search("Build ID: (..)(.*)", told)
+            self.assertIn(".debug_info", run("readelf", "--wide", "--sections",
+                                             usr / f"lib/debug/.build-id/{build_id[1]}/{build_id[2]}.debug"))
+
+        # Not the hint that a menu may show it twice, in Education and in Utilities.
+        self.assertEqual(run("desktop-file-validate", "--no-hints", usr / f"share/applications/{ID}.desktop"), "")
         run("appstreamcli", "validate-tree", "--no-net", root)
         (folder / "dwindledial.1").write_text(run("gzip", "-dc", usr / "share/man/man1/dwindledial.1.gz"))
         self.assertEqual(run("mandoc", "-T", "lint", "-W", "style", folder / "dwindledial.1"), "")
@@ -55,5 +64,5 @@ class PackageTest(DesktopTest):
         self.wait_until(lambda: len(icon()) > 128 * 128 + 64 * 64, "the window has its icon")
         self.desktop.key("ctrl+q")
         self.assertEqual(timer.end(), (0, ""))
-        run(*dpkg, "--purge", "dwindledial")
+        run(*dpkg, "--purge", "dwindledial", "dwindledial-dbgsym")
         self.assertEqual([path.name for path in root.iterdir()], ["var"])
