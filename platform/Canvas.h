@@ -75,7 +75,8 @@ class Canvas : public RectControl {
     Accessible Accessibility;
     /// Tells a screen reader, which may keep what it was told, that the description has changed; it says nothing then.
     void DescriptionChanged();
-    /// Has a screen reader say a text unasked, where there is one; of several in one event the last.
+    /// Has a screen reader say a text unasked, where there is one; of several in one event the last. Host::Beep
+    /// tells it as well.
     void Announce(const std::string& text);
 
     /// The canvas's surface at any moment. While Paint runs it is the window's own; otherwise what is drawn is kept

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -20,8 +21,13 @@ class Host {
 
     /// Microseconds on a clock that only rises, and goes on while the machine sleeps.
     virtual double Microseconds() = 0;
-    /// Plays the alert sound once and has the windows ask for attention, which takes no focus; doesn't wait.
+    /// Plays the alert sound once; doesn't wait. Where no window of the program is in front, it asks for attention
+    /// as well, which takes no focus: by its windows where the desktop has a request for that, elsewhere by one
+    /// notification of the latest announcement.
     virtual void Beep() = 0;
+    /// Keeps what a window announces, and takes a notification of the announcement before back. `bringForward`
+    /// activates that window; it is called when the user chooses the notification.
+    virtual void Announce(const std::string& text, const std::function<void()>& bringForward) = 0;
     /// Shows a text with an OK button and waits for it.
     virtual void MsgBox(const std::string& text) = 0;
     /// Lets the user pick a colour and waits; `color` is the proposal and the result. False, and no change, on Cancel.
@@ -39,8 +45,8 @@ class Host {
     /// Opens a file with the desktop's program for its type; doesn't wait. May be called on any thread.
     virtual void Launch(const std::filesystem::path& file) = 0;
 
-    /// Keeps the screen saver away until ReleaseScreenSaver. Each is harmless when repeated. `reason` says what is going
-    /// on, to a user who asks the desktop why the screen stays on.
+    /// Keeps the screen saver away until ReleaseScreenSaver. Each is harmless when repeated. `reason` says what
+    /// is going on, to a user who asks the desktop why the screen stays on.
     virtual void InhibitScreenSaver(const std::string& reason) = 0;
     virtual void ReleaseScreenSaver() = 0;
     /// Counts as activity of the user; may be called at any rate.

@@ -21,10 +21,11 @@ class TimerTest : public TimerWindowTest {
     static QWidget& Clock() { return WidgetNamed("cvTime"); }
     static QAccessibleInterface& Accessible() { return *QAccessible::queryAccessibleInterface(&Clock()); }
 
-    static void ExpectState(bool isRunning, bool isDone, const std::string& words) {
+    void ExpectState(bool isRunning, bool isDone, const std::string& words) {
         EXPECT_EQ(Timer().IsRunning, isRunning);
         EXPECT_EQ(Timer().IsDone, isDone);
         EXPECT_EQ(Accessible().text(QAccessible::Description).toStdString(), words);
+        EXPECT_EQ(host.announcement, words);
     }
     /// Whether an act starts or stops the count.
     template <class Act>

@@ -92,6 +92,8 @@ TEST(ClockTest, CountsMicroseconds) {
 
 using Calls = std::vector<std::string>;
 
+const char* const kNotifications = "/org/freedesktop/Notifications";
+
 /// Services that own names of the session bus, and write down what they are told. GNOME's grants nothing.
 class Services : public QDBusVirtualObject {
   public:
@@ -111,6 +113,10 @@ class Services : public QDBusVirtualObject {
             bus_.send(isRefused ? call.createErrorReply(QDBusError::Failed, "no") : call.createReply(grant));
         }
     }
+    void Tell(const char* signal, uint number, const QString& text) {
+        auto message = QDBusMessage::createSignal(kNotifications, "org.freedesktop.Notifications", signal);
+        bus_.send(message << number << text);
+    }
     /// What has come since the last time, and nothing but that.
     void Expect(const Calls& expected) {
         // For our answers to arrive, for what they lead to, and for a busy machine.
@@ -127,7 +133,7 @@ class Services : public QDBusVirtualObject {
         for (const QVariant& argument : call.arguments())
             words += ' ' + argument.toString();
         calls_.push_back(words.toStdString());
-        if (call.member() == "Inhibit") waiting_.push_back(call);
+        if (call.member() == "Inhibit" || call.member() == "Notify") waiting_.push_back(call);
         return true;
     }
 
@@ -185,6 +191,51 @@ TEST(DBusInhibitorTest, ReleasesLateGrants) {
     services->Answer();
     inhibitor.Release();
     services->Expect({"/org/freedesktop/ScreenSaver UnInhibit 281"});
+}
+
+TEST(NotificationTest, ShowsOneAndWithdrawsIt) {
+    const QStringList kService{"org.freedesktop.Notifications"};
+    auto services = std::make_unique<Services>(kService);
+    setenv("PULSE_SERVER", "unix:/nowhere", 1);
+    DesktopHost host("timer", "Timer", "");
+    int chosen = 0;
+    const auto alert = [&] {
+        host.Announce("Time is Up!", [&chosen] { ++chosen; });
+        host.Beep();
+        host.Beep();
+    };
+    const std::string path = kNotifications, shown = path + " Notify Timer 0 timer Time is Up!    0";
+    alert();
+    services->Expect({shown});
+    services->Answer();
+    services->Tell("ActivationToken", 301, "token");
+    services->Tell("ActivationToken", 302, "another's");
+    services->Tell("ActionInvoked", 301, "default");
+    services->Tell("ActionInvoked", 302, "default");
+    services->Expect({});
+    EXPECT_EQ(chosen, 1);
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token");
+    {
+        QWidget window;
+        window.show();
+        EXPECT_TRUE(Eventually([] { return QApplication::activeWindow() != nullptr; }));
+        host.Beep();
+        services->Expect({path + " CloseNotification 301"});
+    }
+    alert();
+    services->Expect({shown});
+    host.Announce("Stopped", {});
+    services->Answer();
+    services->Expect({path + " CloseNotification 302"});
+    alert();
+    services->Expect({shown});
+    services->Answer();
+    services->Expect({});
+    services.reset();
+    services = std::make_unique<Services>(kService);
+    services->Expect({});
+    host.Announce("Stopped", {});
+    services->Expect({});  // this service knows nothing of it
 }
 
 }  // namespace

@@ -43,12 +43,15 @@ class RecordingHost final : public Host {
     /// Runs while the user picks.
     std::function<void()> picking;
 
+    /// The latest announcement.
+    std::string announcement;
     std::vector<std::string> messages;
     /// All other operations in their order: the name, for a text followed by a blank and the text.
     std::vector<std::string> calls;
 
     double Microseconds() override { return microseconds; }
     void Beep() override { calls.emplace_back("Beep"); }
+    void Announce(const std::string& text, const std::function<void()>&) override { announcement = text; }
     void MsgBox(const std::string& text) override { messages.push_back(text); }
     bool SelectColor(Color& color, const std::string& prompt) override {
         calls.push_back("SelectColor " + prompt);

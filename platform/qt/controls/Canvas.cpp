@@ -1,6 +1,7 @@
 #include "platform/Canvas.h"
 
 #include <QtCore/QMimeData>
+#include <QtCore/QPointer>
 #include <QtGui/QCursor>
 #include <QtGui/QDropEvent>
 #include <QtGui/QMouseEvent>
@@ -150,6 +151,9 @@ void Canvas::DescriptionChanged() {
 }
 
 void Canvas::Announce(const std::string& text) {
+    Host::Current().Announce(text, [canvas = QPointer(peer().widget)] {
+        if (canvas) canvas->activateWindow();
+    });
     if (!QAccessible::isActive()) return;
     static_cast<CanvasAccessible&>(*QAccessible::queryAccessibleInterface(peer().widget)).Announce(text);
 }

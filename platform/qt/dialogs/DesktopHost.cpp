@@ -57,13 +57,16 @@ void RingBell() { QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::Queue
 
 DesktopHost::DesktopHost(const std::string& applicationId, const std::string& name,
                          const std::filesystem::path& alertSound)
-    : desktopSaver_(applicationId), alertSound_(applicationId, name, alertSound, RingBell) {
-    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &listener_, [this] { RememberActiveWindow(); });
+    : desktopSaver_(applicationId),
+      alertSound_(applicationId, name, alertSound, RingBell),
+      notification_(applicationId, name) {
+    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &listener_, [this] { FocusChanged(); });
 }
 
-void DesktopHost::RememberActiveWindow() {
+void DesktopHost::FocusChanged() {
     QWidget* const active = QApplication::activeWindow();
     if (!active) return;
+    notification_.Withdraw();
     windows_.removeAll(active);
     windows_.removeAll(nullptr);  // those that have gone
     windows_.prepend(active);
@@ -84,7 +87,16 @@ double DesktopHost::Microseconds() {
 
 void DesktopHost::Beep() {
     alertSound_.Play();
-    if (!QApplication::activeWindow()) QApplication::alert(nullptr);
+    if (QApplication::activeWindow()) return;
+    // Not both: of the request that X11 has, some desktops make a notification of their own.
+    if (QGuiApplication::platformName() == u"xcb") return QApplication::alert(nullptr);
+    notification_.Show(announcement_, bringForward_);
+}
+
+void DesktopHost::Announce(const std::string& text, const std::function<void()>& bringForward) {
+    notification_.Withdraw();
+    announcement_ = text;
+    bringForward_ = bringForward;
 }
 
 void DesktopHost::MsgBox(const std::string& text) {

@@ -7,6 +7,7 @@
 #include "platform/Host.h"
 #include "platform/linux/AlertSound.h"
 #include "platform/linux/DBusInhibitor.h"
+#include "platform/linux/Notification.h"
 #include "platform/linux/XServerSaver.h"
 
 /// The real host: the desktop that the program runs on.
@@ -17,6 +18,7 @@ class DesktopHost final : public Host {
 
     double Microseconds() override;
     void Beep() override;
+    void Announce(const std::string& text, const std::function<void()>& bringForward) override;
     void MsgBox(const std::string& text) override;
     bool SelectColor(Color& color, const std::string& prompt) override;
     void DragText(const std::string& text, const Ref<Picture>& picture, int x, int y) override;
@@ -31,7 +33,7 @@ class DesktopHost final : public Host {
                                    CompressionSettings& settings) override;
 
   private:
-    void RememberActiveWindow();
+    void FocusChanged();
     /// What a dialog belongs to: the window over which the user acts or, while none of ours is active, acted last. Nil
     /// when there is none. A modal dialog that belonged to no window could vanish behind the one that it blocks.
     QWidget* Owner() const;
@@ -42,5 +44,8 @@ class DesktopHost final : public Host {
     DBusInhibitor desktopSaver_;
     XServerSaver serverSaver_;
     AlertSound alertSound_;
+    Notification notification_;
+    std::string announcement_;
+    std::function<void()> bringForward_;
     QObject listener_;
 };

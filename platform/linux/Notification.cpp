@@ -1,0 +1,101 @@
+#include "platform/linux/Notification.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QVariantMap>
+#include <utility>
+
+#include "platform/linux/DBusCall.h"
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Also the name of its interface.
+constexpr auto kService = "org.freedesktop.Notifications"_L1;
+constexpr auto kPath = "/org/freedesktop/Notifications"_L1;
+
+QDBusMessage CallTo(const QString& method) { return QDBusMessage::createMethodCall(kService, kPath, kService, method); }
+
+QDBusMessage NotifyCall(const QString& applicationId, const QString& name, const QString& text) {
+    constexpr uint kReplacesNone = 0;
+    constexpr uchar kCritical = 2;  // it stays, also over another program's full screen
+    constexpr int kNeverExpires = 0;
+    const QStringList actions{u"default"_s, u"Show"_s};
+    const QVariantMap hints{{u"desktop-entry"_s, applicationId},
+                            {u"suppress-sound"_s, true},
+                            {u"urgency"_s, QVariant::fromValue(kCritical)}};
+    auto call = CallTo(u"Notify"_s);
+    call << name << kReplacesNone << applicationId << text << QString() << actions << hints << kNeverExpires;
+    return call;
+}
+
+}  // namespace
+
+/// From Show to Withdraw. Lives until the service has answered.
+class ShownNotification final : public QObject, public std::enable_shared_from_this<ShownNotification> {
+    Q_OBJECT
+
+  public:
+    explicit ShownNotification(std::function<void()> chosen) : chosen_(std::move(chosen)) {
+        auto bus = QDBusConnection::sessionBus();
+        // From any sender: for a service's name, the bus would be asked for its owner and waited for.
+        bus.connect({}, kPath, kService, u"ActivationToken"_s, this, SLOT(KeepToken(uint, QString)));
+        bus.connect({}, kPath, kService, u"ActionInvoked"_s, this, SLOT(Choose(uint)));
+        // To a service that comes after it, the number would mean something else.
+        connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] { id_ = kNone; });
+    }
+
+    void Begin(const QDBusMessage& notify) {
+        CallOverDBus(notify, [self = shared_from_this()](const QDBusMessage& answer) {
+            if (answer.signature() != "u"_L1) return;
+            self->id_ = answer.arguments().constFirst().toUInt();
+            if (self->hasEnded_) self->End();
+        });
+    }
+
+    void End() {
+        hasEnded_ = true;
+        if (id_ == kNone) return;
+        auto call = CallTo(u"CloseNotification"_s);
+        call << id_;
+        call.setAutoStartService(false);
+        QDBusConnection::sessionBus().send(call);
+    }
+
+  private:
+    /// Comes before Choose, from services that have one. Qt hands it to Wayland with the next activation of a window.
+    Q_SLOT void KeepToken(uint id, const QString& token) {
+        if (id == id_) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    }
+    Q_SLOT void Choose(uint id) {
+        if (id == id_ && !hasEnded_) chosen_();
+    }
+
+    static constexpr uint kNone = 0;
+    const std::function<void()> chosen_;
+    QDBusServiceWatcher watcher_{kService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForUnregistration};
+    uint id_ = kNone;
+    bool hasEnded_ = false;
+};
+
+Notification::Notification(std::string applicationId, std::string name)
+    : applicationId_(std::move(applicationId)), name_(std::move(name)) {}
+
+Notification::~Notification() { Withdraw(); }
+
+void Notification::Show(const std::string& text, const std::function<void()>& chosen) {
+    if (shown_ || !QDBusConnection::sessionBus().isConnected()) return;
+    shown_ = std::make_shared<ShownNotification>(chosen);
+    const auto qString = [](const std::string& utf8) { return QString::fromStdString(utf8); };
+    shown_->Begin(NotifyCall(qString(applicationId_), qString(name_), qString(text)));
+}
+
+void Notification::Withdraw() {
+    if (shown_) shown_->End();
+    shown_.reset();
+}
+
+#include "Notification.moc"
