@@ -123,7 +123,7 @@ void winMain::DrawTimeUp(Graphics& g, double diameter) {
     const Int32 height = g.StringHeight(kTimeUp, width + 10);
     const double x = (g.Width() - width) / 2.0;
     const double y = (g.Height() - height) / 2.0 + g.TextAscent();
-    g.DrawString(kTimeUp, ToInt32(x), ToInt32(y));
+    g.DrawString(kTimeUp, ToInt32(x), ToInt32(y), 0, false);
 }
 
 // Doubles while the text fits and bisects while it doesn't, so the size it settles on may be one off the largest fit.

@@ -98,8 +98,9 @@ class Graphics {
     Int32 StringHeight(const std::string& text, Int32 wrapWidth);
     Int32 TextAscent();
 
-    /// Draws a text on one line with its baseline at y.
-    void DrawString(const std::string& text, Int32 x, Int32 y);
+    /// Draws a text with its first baseline at y, wrapped at a width of `wrapWidth` pixels or, if `condense`, cut to
+    /// one line of that width that ends in an ellipsis. With a `wrapWidth` of 0 it is one line of any width.
+    void DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth = 0, bool condense = false);
 
     /// For the toolkit's own use.
     Peer& peer() { return *peer_; }

@@ -12,6 +12,16 @@ namespace {
 const Color kBackground = RGB(0x20, 0x40, 0x60), kFace = RGB(0xFF, 0xF0, 0xE0), kWedge = RGB(0xE0, 0x10, 0x90),
             kFrame = RGB(0x10, 0x70, 0x30);
 
+/// Where two pictures of the same size differ.
+QRect Difference(const QImage& one, const QImage& other) {
+    QRect difference;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x)
+            if (one.pixel(x, y) != other.pixel(x, y)) difference |= QRect(x, y, 1, 1);
+    }
+    return difference;
+}
+
 struct Surface {
     Int32 width, height;
     double ratio;
@@ -104,12 +114,7 @@ TEST_P(ClockPictureTest, RingAndMarksLieOverTheWedgeAndTheBackgroundReachesEachC
 TEST_P(ClockPictureTest, TheAlertTextIsCentredWithinTheFace) {
     const QImage without = Draw(0);
     const auto frame = Count(kFrame);
-    const QImage with = Draw(0, true);
-    QRect changed;
-    for (int y = 0; y < with.height(); ++y) {
-        for (int x = 0; x < with.width(); ++x)
-            if (with.pixel(x, y) != without.pixel(x, y)) changed |= QRect(x, y, 1, 1);
-    }
+    const QRect changed = Difference(Draw(0, true), without);
     EXPECT_NEAR(changed.center().x() / surface.ratio, surface.width / 2.0, 0.02 * Radius() + 2);
     EXPECT_NEAR(changed.center().y() / surface.ratio, surface.height / 2.0, 0.1 * Radius() + 2);
     EXPECT_NEAR(changed.width() / surface.ratio, 1.6 * Radius(), 0.12 * Radius() + 2);
@@ -118,5 +123,29 @@ TEST_P(ClockPictureTest, TheAlertTextIsCentredWithinTheFace) {
 
 constexpr Surface kSurfaces[] = {{441, 229, 1}, {400, 150, 2}, {201, 201, 1.5}, {1280, 1024, 1}};
 INSTANTIATE_TEST_SUITE_P(Sizes, ClockPictureTest, testing::ValuesIn(kSurfaces));
+
+TEST(GraphicsTest, LinesAreSharpAndTextsKeepToTheirWidth) {
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+        SCOPED_TRACE(ratio);
+        const Ref<Picture> picture = NewPicture(80, 60, 32, ratio);
+        const Ref<Graphics> g = picture->Graphics();
+        const QImage view = picture->pixels().View(), blank = view.copy();
+        g->DrawLine(3, 3, 3, 3);
+        EXPECT_NE(view, blank);
+        g->ClearRect(3, 3, 1, 1);
+        EXPECT_EQ(view, blank) << "it isn't where that pixel is";
+        g->DrawLine(1, 1, 70, 1);
+        EXPECT_GT(Difference(view, blank).width(), 69 * ratio);
+        for (const QRgb pixel : picture->Bits())
+            ASSERT_TRUE(pixel == qRgb(0, 0, 0) || pixel == qRgb(255, 255, 255));
+        for (const bool isCondensed : {false, true}) {
+            g->ClearRect(0, 0, 80, 60);
+            g->DrawString("Time is Up!", 5, 20, 50, isCondensed);
+            const QRect text = Difference(view, blank);
+            EXPECT_LE(text.right() / ratio, 55);
+            EXPECT_EQ(text.height() / ratio < 15, isCondensed);
+        }
+    }
+}
 
 }  // namespace

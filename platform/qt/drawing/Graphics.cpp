@@ -8,6 +8,7 @@
 
 namespace {
 
+constexpr double kUnbounded = 1e6;
 constexpr auto kSmooth = QPainter::Antialiasing | QPainter::SmoothPixmapTransform;
 
 // Not antialiased: at a fractional scale the surface's last row and column would be covered in part only.
@@ -71,6 +72,8 @@ void Graphics::DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) {
 }
 
 void Graphics::DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2) {
+    // For a single pixel, a pen with square ends covers the wrong ones.
+    if (x1 == x2 && y1 == y2) return FillRect(x1, y1, 1, 1);
     const QPointF middle(0.5, 0.5);
     peer_->painter.setRenderHint(QPainter::Antialiasing, false);
     peer_->painter.setPen({ToQColor(ForeColor()), 1, Qt::SolidLine, Qt::SquareCap});
@@ -104,7 +107,6 @@ double Graphics::StringWidth(const std::string& text) {
 }
 
 Int32 Graphics::StringHeight(const std::string& text, Int32 wrapWidth) {
-    constexpr double kUnbounded = 1e6;
     const QRectF box(0, 0, wrapWidth, kUnbounded);
     return ToInt32(std::ceil(
         QFontMetricsF(FontOf(*this)).boundingRect(box, Qt::TextWordWrap, QString::fromStdString(text)).height()));
@@ -112,8 +114,14 @@ Int32 Graphics::StringHeight(const std::string& text, Int32 wrapWidth) {
 
 Int32 Graphics::TextAscent() { return ToInt32(std::round(QFontMetricsF(FontOf(*this)).ascent())); }
 
-void Graphics::DrawString(const std::string& text, Int32 x, Int32 y) {
-    peer_->painter.setFont(FontOf(*this));
-    peer_->painter.setPen(ToQColor(ForeColor()));
-    peer_->painter.drawText(QPointF(x, y), QString::fromStdString(text));
+void Graphics::DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth, bool condense) {
+    QPainter& painter = peer_->painter;
+    const QFont font = FontOf(*this);
+    const QString whole = QString::fromStdString(text);
+    painter.setFont(font);
+    painter.setPen(ToQColor(ForeColor()));
+    if (wrapWidth <= 0) return painter.drawText(QPointF(x, y), whole);
+    const QFontMetricsF metrics(font);
+    if (condense) return painter.drawText(QPointF(x, y), metrics.elidedText(whole, Qt::ElideRight, wrapWidth));
+    painter.drawText(QRectF(x, y - metrics.ascent(), wrapWidth, kUnbounded), Qt::TextWordWrap, whole);
 }
