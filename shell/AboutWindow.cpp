@@ -12,8 +12,6 @@ namespace {
 constexpr Int32 kIconSize = 64;
 constexpr Int32 kBadgeWidth = 216;
 constexpr Int32 kBadgeHeight = 30;
-/// The credits and their margin, by which the compact form is shorter.
-constexpr Int32 kCreditsExtent = 148;
 
 // Carriage returns separate lines.
 constexpr const char* kRights = "Copyright © 2026 The Dwindledial maintainers\rReleased under the MIT License";
@@ -108,12 +106,18 @@ void AboutWindow::SetupWindow() {
     Find<StaticText>("StatAppName").Text("Dwindledial");
     Find<StaticText>("StatAppVersion").Text("Version " + VersionString());
     Find<StaticText>("StatAppCopyright").Text(kRights);
-    if (UseCredits) SetCreditsFieldText(Credits(), true);
-    const Int32 extent = UseCredits ? kCreditsExtent : 0;
-    Find<StaticText>("StatAppCopyright").Top(132 + extent);
-    Find<StyledTextField>("EditAppCredits").Visible(UseCredits);
-    Height(218 + extent);
-    Find<Canvas>("RBIconCanvas").Top(176 + extent);
+    if (UseCredits) {
+        SetCreditsFieldText(Credits(), true);
+        Find<StaticText>("StatAppCopyright").Top(280);
+        Find<StyledTextField>("EditAppCredits").Visible(true);
+        Height(366);
+        Find<Canvas>("RBIconCanvas").Top(324);
+    } else {
+        Find<StyledTextField>("EditAppCredits").Visible(false);
+        Find<StaticText>("StatAppCopyright").Top(132);
+        Height(218);
+        Find<Canvas>("RBIconCanvas").Top(176);
+    }
 }
 
 std::string AboutWindow::VersionString() {
