@@ -19,6 +19,15 @@ using testing::ElementsAre;
 const Color kColor = RGB(60, 150, 200);
 const std::string kPicked = "SelectColor Pick a color:";
 
+TEST(ColorTest, ComesBackFromItsHueSaturationAndValue) {
+    const std::pair<Color, double> rows[] = {{RGB(200, 10, 10), 0},   {RGB(190, 200, 0), 1.05}, {RGB(0, 200, 20), 2.1},
+                                             {RGB(10, 30, 210), 3.9}, {RGB(200, 0, 190), 5.05}, {RGB(7, 7, 7), 0}};
+    for (const auto& [color, sixths] : rows) {
+        EXPECT_NEAR(readColorHue(color) * 6, sixths, 1e-9);
+        EXPECT_EQ(HSV(readColorHue(color), readColorSaturation(color), readColorValue(color)), color);
+    }
+}
+
 struct WellProbe final : Window {
     static WellProbe& Instance() { return ImplicitInstance<WellProbe>("WellProbe.WellProbe"); }
     void CreateControls() override {
