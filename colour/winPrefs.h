@@ -3,8 +3,8 @@
 #include "platform/Color.h"
 #include "shell/Dialog.h"
 
-/// The Preferences dialog: a well for each of the timer window's four colours. A change goes to the clock at once;
-/// Cancel puts back what was there when the dialog opened. What stays is saved when the timer window closes, not here.
+/// The Preferences dialog: a well for each of the timer window's four colours. A change shows on the clock at
+/// once; Cancel undoes it. The colours are saved when the timer window closes, not here.
 class winPrefs final : public Dialog {
   public:
     static winPrefs& Instance() { return ImplicitInstance<winPrefs>("winPrefs.winPrefs"); }

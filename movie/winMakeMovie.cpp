@@ -33,7 +33,7 @@ void winMakeMovie::_CreateControls0() {
     const auto field = [&](const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
                            Int32 tabIndex, void (winMakeMovie::*textChange)()) -> EditField& {
         auto& added = inGroup(AddField(name, text, left, top, width, tabIndex));
-        added.TextChange = std::bind_front(textChange, this);
+        added.TextChange = [this, textChange] { (this->*textChange)(); };
         return added;
     };
     const auto box = [&](const std::string& name, const std::string& caption, Int32 top, Int32 tabIndex, bool on) {
@@ -43,8 +43,9 @@ void winMakeMovie::_CreateControls0() {
     };
 
     label("StaticText1", "Start Time:", 34, 46, 79, 0);
-    field("eStart", "3600", 125, 45, 44, 2, &winMakeMovie::eStart_TextChange).KeyDown =
-        std::bind_front(&winMakeMovie::eStart_KeyDown, this);
+    field("eStart", "3600", 125, 45, 44, 2, &winMakeMovie::eStart_TextChange).KeyDown = [this](const std::string& key) {
+        return eStart_KeyDown(key);
+    };
     label("StaticText2", "Seconds (1 - 3600)", 176, 46, 128, 3);
     label("StaticText3", "Frame Size:", 34, 78, 79, 4);
     field("eSizeX", "320", 125, 77, 44, 5, &winMakeMovie::eSizeX_TextChange);

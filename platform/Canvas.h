@@ -11,17 +11,17 @@
 class Graphics;
 class Picture;
 
-/// What a canvas tells a screen reader, which may ask at any moment on the main thread; nil for what it hasn't.
+/// What a canvas tells a screen reader, on the main thread at any moment. Either function may be empty.
 struct Accessible {
     enum class Roles { Picture = 1, Button };
     Roles Role = Roles::Picture;
     /// The present state in words.
     std::function<std::string()> Description;
-    /// Does what a click does.
+    /// Does what a click does; empty where a click does nothing.
     std::function<void()> Press;
 };
 
-/// A text that is dragged with the pointer: made by the canvas where the drag begins, handed to the one where it ends.
+/// A text that is dragged with the pointer, from the canvas that makes it to the one that is given it.
 class DragItem {
   public:
     /// `drag` carries out Drag().
@@ -32,10 +32,10 @@ class DragItem {
     std::string Text() const { return text_.value_or(""); }
     void Text(std::string text) { text_ = std::move(text); }
 
-    /// What the pointer carries, in the place of the item's rectangle; nil for the desktop's own look.
+    /// The picture that moves with the pointer instead of the rectangle; nil for the desktop's usual one.
     Property<Ref<Picture>> DragPicture;
 
-    /// Runs the drag, and returns when the user has let go. The press that began it is over then.
+    /// Runs the drag. It returns when the button was let go, which also ends the press that began the drag.
     void Drag() const { drag_(*this); }
 
   private:
@@ -43,8 +43,8 @@ class DragItem {
     std::function<void(const DragItem&)> drag_;
 };
 
-/// A control that its owner paints. It never takes the keyboard focus. Positions in its events are its own coordinates,
-/// and may lie outside of it while the button is held.
+/// A control that its owner paints. It never takes the keyboard focus. Positions in its events are its own
+/// coordinates, and may lie outside of it while the button is held.
 class Canvas : public RectControl {
   public:
     Canvas();
@@ -57,31 +57,31 @@ class Canvas : public RectControl {
     /// The pointer moved over the canvas, with no button held.
     std::function<void(Int32 x, Int32 y)> MouseMove;
 
-    // The same for a canvas of a class of its own, which raises the events of its owner itself.
+    // For subclasses to override; an override must call the owner's function itself.
     virtual void Event_Paint(const Ref<::Graphics>& g);
     /// True claims the press: drag events follow while the button is held, and one up event.
     virtual bool Event_MouseDown(Int32 x, Int32 y);
     virtual void Event_MouseDrag(Int32, Int32) {}
     virtual void Event_MouseUp(Int32, Int32) {}
-    /// A text was dropped here. The action tells nothing: all drops are copies.
+    /// A text was dropped here. The action is always 0, because all drops are copies.
     virtual void Event_DropObject(const Ref<DragItem>&, Int32) {}
 
     /// From now on texts can be dropped on the canvas.
     void AcceptTextDrop();
-    /// An item to be dragged, without text and picture yet. The rectangle that moves is in the window's coordinates.
+    /// An item to be dragged, without text and picture so far. The rectangle is in the window's coordinates.
     Ref<DragItem> NewDragItem(Int32 left, Int32 top, Int32 width, Int32 height);
 
-    /// What a screen reader is told when it asks.
+    /// How screen readers see the canvas.
     Accessible Accessibility;
-    /// Tells a screen reader, which may keep what it was told, that the description has changed; it says nothing then.
+    /// Invalidates the description that a screen reader may have cached. Nothing is spoken.
     void DescriptionChanged();
-    /// Has a screen reader say a text unasked, where there is one; of several in one event the last. Host::Beep
-    /// tells it as well.
+    /// Has a screen reader, if one is active, speak a text; the last one, if there are several in one event.
+    /// Host::Beep tells it as well.
     void Announce(const std::string& text);
 
-    /// The canvas's surface at any moment. While Paint runs it is the window's own; otherwise what is drawn is kept
-    /// aside and shown beneath the next paint, which this call asks for.
+    /// The canvas's surface. While Paint runs, it is the window's own. At any other moment it is a picture
+    /// that is kept and shown beneath all later paints; the call asks for a repaint.
     Ref<::Graphics> Graphics();
-    /// How many pixels of the screen a logical one is, either way.
+    /// The width, and height, of a logical pixel in pixels of the screen.
     double ScaleFactor() const;
 };

@@ -12,14 +12,14 @@ class Control {
     virtual ~Control() = default;
 };
 
-/// A control that is seen: a rectangle of its window. Positions are logical pixels in the window, below its menu bar.
+/// A control that is seen: a rectangle in its window. Positions are logical pixels below the menu bar.
 class RectControl : public Control {
   public:
     struct Peer;
 
     ~RectControl() override;
 
-    /// The control's window is being opened; comes before the window's own event.
+    /// Called when the control's window is being opened, before the window's own event.
     std::function<void()> Open;
 
     Int32 Left() const;
@@ -54,16 +54,16 @@ class RectControl : public Control {
     /// What a screen reader calls the control, where neither its own text nor a label does.
     virtual void AccessibleName(const std::string& name);
 
-    /// The same for a control of a class of its own, which raises its owner's event itself.
+    /// For subclasses to override; an override must call the owner's function itself.
     virtual void Event_Open();
 
     void SetFocus();
 
-    /// Asks for a repaint, on any thread; several requests make one, with the next turn of the event loop. An erased
-    /// background never shows, so both values of `eraseBackground` look the same.
+    /// Asks for a repaint, on any thread; several requests make one, with the next turn of the event loop. An
+    /// erased background never shows, so both values of `eraseBackground` look the same.
     void Refresh(bool eraseBackground);
 
-    /// For the toolkit's own use.
+    /// For platform/ alone.
     Peer& peer() const { return *peer_; }
 
   protected:

@@ -7,7 +7,7 @@
 #include "platform/Color.h"
 #include "platform/Control.h"
 
-// Texts are set narrower, then smaller, where they would not fit their control.
+// A text that doesn't fit its control is set narrower, and smaller if need be.
 
 enum class TextAlignment { Left = 1, Centre = 2, Right = 3 };
 
@@ -23,7 +23,7 @@ class StaticText : public RectControl {
     void TextSize(Int32 size);
     void Bold(bool on);
     void TextAlign(TextAlignment alignment);
-    /// The control, already added to the same window, whose name for screen readers this label is.
+    /// Makes this the name that screen readers use for `control`, which is already in the same window.
     void LabelFor(const RectControl& control);
 };
 
@@ -35,10 +35,10 @@ class PushButton : public RectControl {
 
     void Caption(const std::string& caption);
 
-    /// The button that Return and Enter press wherever the focus is, unless it is on another button.
+    /// Whether Return and Enter press this button, wherever the focus is, unless it is on another button.
     bool Default() const;
     void Default(bool on);
-    /// The button that Escape presses.
+    /// Whether Escape presses this button.
     Property<bool> Cancel = false;
 };
 
@@ -47,12 +47,11 @@ class EditField : public RectControl {
   public:
     EditField();
 
-    /// A key, as one character, before the field sees it: True consumes it. Also called for each character that an
-    /// on-screen keyboard or another input method enters, but not for commands (keys held with Ctrl, Alt or Meta), nor
-    /// for pasted text.
+    /// A key as one character, also one that an on-screen keyboard enters, before the field sees it: True
+    /// consumes it. Not called for commands (keys held with Ctrl, Alt or Meta) nor for pasted text.
     std::function<bool(const std::string& key)> KeyDown;
     std::function<void()> LostFocus;
-    /// The text has changed, by whomever.
+    /// The text has changed, whoever changed it.
     std::function<void()> TextChange;
 
     std::string Text() const;
@@ -61,12 +60,12 @@ class EditField : public RectControl {
     /// Replaces the selection; with nothing selected, inserts at the caret.
     void SelText(const std::string& text);
     void Alignment(TextAlignment alignment);
-    /// The desktop's own, unless they are set and the field is enabled.
+    /// Colours of the enabled field. They are the desktop's until set, and while the field is disabled.
     void TextColor(Color color);
     void BackColor(Color color);
 };
 
-/// A pair of small arrows. Each event comes at the press and again and again while the button is held.
+/// A pair of small arrows. Each event comes at the press and is repeated while the button is held.
 class UpDownArrows : public RectControl {
   public:
     UpDownArrows();
@@ -74,7 +73,7 @@ class UpDownArrows : public RectControl {
     std::function<void()> Up;
     std::function<void()> Down;
 
-    /// Of the pair; each arrow's own name says its direction as well.
+    /// The name of the pair. To it each arrow adds its direction.
     void AccessibleName(const std::string& name) override;
 };
 
@@ -95,7 +94,7 @@ class GroupBox : public RectControl {
     void Caption(const std::string& caption);
 };
 
-/// A bar that shows how far a job has come. Its properties may be set on any thread.
+/// A bar that shows the progress of a job. Its properties may be set on any thread.
 class ProgressBar : public RectControl {
   public:
     ProgressBar();
@@ -123,8 +122,8 @@ struct StyleRun {
 
 using StyledText = std::vector<StyleRun>;
 
-/// A field of wrapped text that the user can scroll, select and copy, but not change. Carriage returns separate its
-/// lines. Only where a screen reader is, it has a caret; else the keys that would move one scroll.
+/// A field of wrapped text that the user can scroll, select and copy, but not change. Carriage returns
+/// separate its lines. It has a caret only while a screen reader is active; otherwise the arrow keys scroll.
 class StyledTextField : public RectControl {
   public:
     StyledTextField();
@@ -139,7 +138,7 @@ class StyledTextField : public RectControl {
     void TextSize(Int32 size);
     /// "System", or a family of the desktop.
     void TextFont(const std::string& name);
-    /// As those of EditField.
+    /// See EditField.
     void TextColor(Color color);
     void BackColor(Color color);
 };

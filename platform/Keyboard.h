@@ -4,7 +4,7 @@
 
 namespace Keyboard {
 
-// The characters that KeyDown handlers get for the keys without one of their own, and the space.
+// What KeyDown handlers get for the keys that type no character, and the space.
 constexpr Int32 kEnter = 3;  // on the keypad
 constexpr Int32 kBackspace = 8;
 constexpr Int32 kTab = 9;
@@ -17,9 +17,9 @@ constexpr Int32 kDown = 31;
 constexpr Int32 kSpace = 32;
 constexpr Int32 kDelete = 127;
 
-/// Whether Ctrl is held now, whatever event is being handled.
+/// Whether Ctrl is held at this moment, whatever event is being handled.
 bool AsyncCommandKey();
-/// The same of Alt; of Shift as well, since many window managers keep Alt with the pointer for themselves.
+/// Whether Alt or Shift is held. Shift too, because many window managers reserve Alt with the pointer.
 bool AsyncOptionKey();
 
 }  // namespace Keyboard

@@ -62,7 +62,7 @@ void AboutWindow::_CreateControls0() {
     name.Open = [this] { StatAppName_Open(); };
     label("StatAppVersion", "kAppVersion", 112, 12, 2, 10).Open = [this] { StatAppVersion_Open(); };
 
-    auto& credits = AddReader("EditAppCredits", 0, 132, 284, 140, 3);
+    auto& credits = AddTextView("EditAppCredits", 0, 132, 284, 140, 3);
     credits.Text("Plain Text: kAppCredits\rHTML Text: kAppCreditsHTML");
     credits.Open = [this] { EditAppCredits_Open(); };
 

@@ -35,15 +35,15 @@ bool InformationWindow::Event_KeyDown(const std::string& key) {
     return true;
 }
 
-StyledTextField& InformationWindow::AddReader(const std::string& name, Int32 left, Int32 top, Int32 width, Int32 height,
-                                              Int32 tabIndex) {
-    auto& reader = AddControl<StyledTextField>(name, left, top, width, height, tabIndex);
-    reader.LockLeft(true);
-    reader.LockTop(true);
-    reader.LockRight(true);
-    reader.LockBottom(true);
-    reader.TextSize(12);
-    return reader;
+StyledTextField& InformationWindow::AddTextView(const std::string& name, Int32 left, Int32 top, Int32 width,
+                                                Int32 height, Int32 tabIndex) {
+    auto& textView = AddControl<StyledTextField>(name, left, top, width, height, tabIndex);
+    textView.LockLeft(true);
+    textView.LockTop(true);
+    textView.LockRight(true);
+    textView.LockBottom(true);
+    textView.TextSize(12);
+    return textView;
 }
 
 StyledText ParseMarkup(std::string_view markup, Int32 baseSize) {

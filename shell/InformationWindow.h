@@ -14,8 +14,8 @@ class InformationWindow : public Window {
 
   protected:
     /// A field for text, which follows all edges of the window.
-    StyledTextField& AddReader(const std::string& name, Int32 left, Int32 top, Int32 width, Int32 height,
-                               Int32 tabIndex);
+    StyledTextField& AddTextView(const std::string& name, Int32 left, Int32 top, Int32 width, Int32 height,
+                                 Int32 tabIndex);
 
     /// Gives a control another font on a platform that has it.
     template <class C>

@@ -12,7 +12,7 @@ void winHelp::Layout() {
 
 // The field is one pixel larger than the window on each side, so that its border lies outside the window.
 void winHelp::_CreateControls0() {
-    auto& guide = AddReader("EditField1", -1, -1, 402, 402, 0);
+    auto& guide = AddTextView("EditField1", -1, -1, 402, 402, 0);
     guide.TextColor(RGB(0, 0, 0));
     guide.BackColor(RGB(255, 255, 255));
     guide.Text(kHelpText);

@@ -25,7 +25,10 @@ struct FieldWindow final : Window {
 
 class MenuTest : public TimerWindowTest {
   protected:
-    static QWidget& Widget() { return *(Timer(), WidgetNamed("cvTime").window()); }
+    static QWidget& Widget() {
+        Timer();
+        return *WidgetNamed("cvTime").window();
+    }
 
     static std::map<QString, QAction*> Items() {
         std::map<QString, QAction*> items;
@@ -40,7 +43,7 @@ class MenuTest : public TimerWindowTest {
         QKeyEvent event(QEvent::ShortcutOverride, Qt::Key_R, Qt::ControlModifier);
         QCoreApplication::sendEvent(&Widget(), &event);
     }
-    static void Choose(const char* name) {
+    static void Trigger(const char* name) {
         PassBeforeShortcut();
         Items().at(name)->trigger();
     }
@@ -69,17 +72,17 @@ TEST_F(MenuTest, EachPassFollowsTheState) {
 
 TEST_F(MenuTest, CommandsGoToTheirHandlers) {
     Timer().IsDone = true;
-    Choose("Ctrl+R");
+    Trigger("Ctrl+R");
     EXPECT_FALSE(Timer().IsDone);
-    Choose("Help...");
+    Trigger("Help...");
     EXPECT_EQ(WidgetNamed("EditField1").window()->windowTitle(), "Help");
     End(winHelp::Instance());
-    Choose("About Dwindledial...");
+    Trigger("About Dwindledial...");
     EXPECT_TRUE(WidgetNamed("EditAppCredits").isVisible());
     End(AboutWindow::Instance());
     host.calls.clear();
-    Choose("Visit Website...");
-    Choose("Donate...");
+    Trigger("Visit Website...");
+    Trigger("Donate...");
     EXPECT_THAT(host.calls, testing::ElementsAre(
                                 "ShowURL http://www.example.org",
                                 "ShowURL https://www.example.org/cgi-bin/webscr?cmd=_donations&business=EXAMPLE&lc=US"
@@ -94,7 +97,7 @@ TEST_F(MenuTest, EditItemsActOnTheFocusedField) {
                                                         {"Ctrl+V", "text"}, {"Ctrl+A", "text"}, {"Ctrl+X", ""},
                                                         {"Ctrl+Z", "text"}};
     for (const auto& [command, text] : rows) {
-        Choose(command);
+        Trigger(command);
         EXPECT_EQ(field.Text(), text) << command;
     }
     End(FieldWindow::Instance());

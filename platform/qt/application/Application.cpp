@@ -20,9 +20,9 @@
 
 namespace {
 
-/// What lives from RuntimeInit to RuntimeExit.
+/// What exists from RuntimeInit to RuntimeExit.
 struct Runtime {
-    std::unique_ptr<QApplication> toolkit;
+    std::unique_ptr<QApplication> qtApplication;
     std::unique_ptr<Application> application;
     bool hasFailed = false;
     int status = 0;
@@ -37,8 +37,8 @@ std::vector<WindowPeer*> Windows() {
     return windows;
 }
 
-/// Gives all windows an icon: at once a small one of the program's own, so that no window is ever seen without, and
-/// after the first paint the one of that name in the desktop's theme, since looking for that takes long.
+/// Gives all windows an icon: a small one of the program's own at once, so that no window shows without, and
+/// after the first paint the one of that name in the desktop's theme, since looking for it takes long.
 class WindowIcon final : public QObject {
   public:
     explicit WindowIcon(const std::string& name) : QObject(qApp), name_(QString::fromStdString(name)) {
@@ -77,12 +77,12 @@ Application* Application::Registered() { return runtime.application.get(); }
 
 void RuntimeInit(char* program, const std::string& name, const std::string& desktopId,
                  const Ref<FolderItem>& alertSound) {
-    // To look for a menu bar outside of the window takes questions over D-Bus.
+    // Looking for a menu bar outside of the window would cost calls over D-Bus.
     QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
-    runtime.toolkit = MakeToolkit(program, name);
+    runtime.qtApplication = MakeToolkit(program, name);
     OnLostDisplay([] {
         Quit(1);
-        // They are told only: to hide them takes the display, and at the second failure the toolkit would exit at once.
+        // Closing a window would also hide it, which needs the display, and at its second failure Qt exits.
         for (WindowPeer* window : Windows()) {
             QCloseEvent close;
             QCoreApplication::sendEvent(window, &close);
@@ -94,7 +94,7 @@ void RuntimeInit(char* program, const std::string& name, const std::string& desk
     new WindowIcon(desktopId);
     InstallAccessibility();
     InstallReturnForWindows();
-    // A write beyond the largest size of a file shall just fail. What is launched from here would inherit SIG_IGN.
+    // A write beyond the limit of a file's size must only fail. What we launch would inherit SIG_IGN.
     std::signal(SIGXFSZ, [](int) {});
     OnEndSignals(open_windows::CloseAll);
     Host::Install(
@@ -124,12 +124,12 @@ int RuntimeExit() {
     open_windows::Clear();
     runtime.application.reset();
     Host::Install(nullptr);
-    runtime.toolkit.reset();
+    runtime.qtApplication.reset();
     return runtime.status;
 }
 
 void Quit(int status) {
-    // While every window that they look for is still there.
+    // The workers use their windows, so they end while every window still exists.
     for (WindowPeer* window : Windows())
         window->Controls().EndWorkers();
     runtime.status = status;

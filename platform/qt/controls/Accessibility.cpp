@@ -8,14 +8,14 @@
 #include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/events/EventBoundary.h"
 
-/// A text that is said when it appears.
+/// A text that is spoken when it appears. Needed before Qt 6.8, which has QAccessibleAnnouncementEvent.
 class Announcement final : public QAccessibleInterface {
   public:
     explicit Announcement(QWidget& canvas) : canvas_(&canvas) {}
 
     void Text(const std::string& text) { text_ = QString::fromStdString(text); }
 
-    // A reader may hold it longer than there is a canvas.
+    // A screen reader may hold it longer than the canvas lives.
     bool isValid() const override { return canvas_ != nullptr; }
     QObject* object() const override { return nullptr; }
     QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(canvas_); }
@@ -60,7 +60,7 @@ int CanvasAccessible::indexOfChild(const QAccessibleInterface* wanted) const {
     return wanted && wanted == child(0) ? 0 : -1;
 }
 
-// Not behind a dialog, be it one of ours or of the toolkit's.
+// A dialog over the window, one of ours or of Qt's, blocks its canvases too.
 bool CanvasAccessible::CanBePressed() const {
     const QWidget* const dialog = QApplication::activeModalWidget();
     return canvas_.Accessibility.Press && widget()->isEnabled() && (!dialog || dialog == widget()->window());
@@ -70,7 +70,7 @@ QStringList CanvasAccessible::actionNames() const {
     return CanBePressed() ? QStringList(pressAction()) : QStringList();
 }
 
-// Once the reader has its answer: a press may open a dialog and wait for it.
+// Queued, so that the screen reader has its answer first: a press may open a dialog and wait for it.
 void CanvasAccessible::doAction(const QString& name) {
     if (name != pressAction() || !CanBePressed()) return;
     QMetaObject::invokeMethod(
@@ -87,7 +87,7 @@ void CanvasAccessible::Say(const std::string& text) {
     canvas_.DescriptionChanged();
     Announcement& latest = LatestAnnouncement();
     latest.Text(text);
-    // A notification that shows is what screen readers say unasked.
+    // Screen readers speak a notification, unasked, when it begins to show.
     for (const auto happened : {QAccessible::NameChanged, QAccessible::ObjectShow}) {
         QAccessibleEvent event(&latest, happened);
         QAccessible::updateAccessibility(&event);
@@ -96,7 +96,7 @@ void CanvasAccessible::Say(const std::string& text) {
 
 namespace {
 
-/// Of a class of ours. It is asked for before the window knows whether it is a sheet.
+/// One of our windows. Its role is computed on request, since the window's type is set after this is made.
 class WindowAccessible final : public QAccessibleWidget {
   public:
     using QAccessibleWidget::QAccessibleWidget;
@@ -109,7 +109,8 @@ class WindowAccessible final : public QAccessibleWidget {
 
 void InstallAccessibility() {
     QAccessible::installFactory([](const QString& className, QObject* object) -> QAccessibleInterface* {
-        if (className != u"QWidget") return nullptr;  // as the toolkit calls whatever is derived from it here
+        // Our subclasses have no Q_OBJECT, so Qt names them QWidget.
+        if (className != u"QWidget") return nullptr;
         auto& widget = static_cast<QWidget&>(*object);
         if (auto* canvas = dynamic_cast<Canvas*>(ControlOf(widget))) return new CanvasAccessible(widget, *canvas);
         return widget.isWindow() ? new WindowAccessible(&widget) : nullptr;

@@ -5,13 +5,13 @@
 
 #include "platform/Canvas.h"
 
-/// A canvas as screen readers see it. Its one child, once there is one, is the latest announcement.
+/// A canvas as screen readers see it. Its only child is the latest announcement, if there was one.
 class CanvasAccessible final : public QAccessibleWidget {
   public:
     CanvasAccessible(QWidget& widget, Canvas& canvas) : QAccessibleWidget(&widget), canvas_(canvas) {}
     ~CanvasAccessible() override;
 
-    /// Has a text said once the event under way is over; of several the last.
+    /// Has a text spoken after the present event; the last one, if there are several.
     void Announce(const std::string& text);
 
     QAccessible::Role role() const override;
@@ -25,16 +25,16 @@ class CanvasAccessible final : public QAccessibleWidget {
   private:
     bool CanBePressed() const;
     void Say(const std::string& text);
-    /// Makes the announcement when there is none yet.
+    /// Makes the announcement if there is none yet.
     class Announcement& LatestAnnouncement();
 
     Canvas& canvas_;
     static constexpr QAccessible::Id kNone = 0;
-    /// The toolkit's registry holds what this names.
+    /// The announcement's id in Qt's registry, which owns it.
     QAccessible::Id announcement_ = kNone;
-    /// What is to be said; empty for nothing.
+    /// What is still to be spoken; empty for nothing.
     std::string unsaid_;
 };
 
-/// Tells the toolkit how screen readers see what it doesn't know by itself: windows and canvases.
+/// Tells Qt how screen readers see our windows and canvases.
 void InstallAccessibility();

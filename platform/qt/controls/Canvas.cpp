@@ -17,7 +17,7 @@
 
 namespace {
 
-// The toolkit also makes a text of what is only a link to a file.
+// hasText() would be true for a mere link to a file as well.
 bool IsText(const QMimeData& data) { return data.hasFormat(QStringLiteral("text/plain")); }
 
 class CanvasWidget final : public QWidget {
@@ -27,7 +27,7 @@ class CanvasWidget final : public QWidget {
         setMouseTracking(true);
     }
 
-    /// The surface of the paint event under way, or the one that keeps what is drawn in between.
+    /// The surface of the present paint event; outside of one, the picture that keeps what is drawn.
     Ref<Graphics> CurrentGraphics() {
         if (painting_) return painting_;
         if (!kept_ || kept_->pixels().LogicalSize() != size() || kept_->pixels().Ratio() != devicePixelRatioF())
@@ -36,13 +36,13 @@ class CanvasWidget final : public QWidget {
         return kept_->Graphics();
     }
 
-    /// Runs a drag of `item` from here, the pointer holding it at `hold`.
+    /// Runs a drag of `item`, whose picture the pointer holds at `hold`.
     void Drag(const DragItem& item, QPoint hold) {
         wasDragged_ = true;
         Host::Current().DragText(item.Text(), item.DragPicture(), hold.x(), hold.y());
     }
 
-    /// Where the pointer was last.
+    /// Where the last event had the pointer.
     QPoint Pointer() const { return pointer_; }
 
   protected:
@@ -51,11 +51,11 @@ class CanvasWidget final : public QWidget {
         if (kept_) graphics->peer().Fill(kept_->pixels().View());
         painting_ = graphics;
         Deliver([this] { owner_.Event_Paint(painting_); });
-        graphics->peer().painter.end();  // whoever still holds it
+        graphics->peer().painter.end();  // the handler may have kept the surface
         painting_ = nullptr;
     }
 
-    // Whether its window is the active one may show in a canvas's look.
+    // A canvas may look different when its window isn't the active one.
     bool event(QEvent* event) override {
         if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) update();
         return QWidget::event(event);
@@ -73,12 +73,13 @@ class CanvasWidget final : public QWidget {
         const bool isHeld = event->buttons().testFlag(Qt::LeftButton);
         if (isPressed_ && isHeld) {
             Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
-            if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // the drag has taken the button's release
+            if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // no release comes after a drag
         } else if (event->buttons() == Qt::NoButton) {
-            Release({-1, -1});  // outside; the real one is lost when the window was blocked by then
+            // The release is lost if a dialog blocked the window by then. It counts as one outside of the canvas.
+            Release({-1, -1});
             pointer_ = PixelAt(event->position());
             Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
-            event->ignore();  // so that the window hears of it as well
+            event->ignore();  // so that the window gets the event too
         }
     }
 
@@ -86,7 +87,7 @@ class CanvasWidget final : public QWidget {
         if (event->button() == Qt::LeftButton) Release(event->position());
     }
 
-    // A source that offers to move its text would lose it.
+    // Always a copy: a source that offers to move its text would delete it.
     void dragEnterEvent(QDragEnterEvent* event) override {
         if (!IsText(*event->mimeData())) return;
         event->setDropAction(Qt::CopyAction);
@@ -110,12 +111,12 @@ class CanvasWidget final : public QWidget {
     }
 
     Canvas& owner_;
-    /// The surface of the paint event under way; nil outside of one.
+    /// The surface of the present paint event; nil outside of one.
     Ref<Graphics> painting_;
     /// What was drawn outside of paint events; nil until something is.
     Ref<Picture> kept_;
     QPoint pointer_;
-    /// A press is under way that the owner has claimed, and whether something was dragged away in it.
+    /// Whether the owner has claimed the present press, and whether a drag was run in it.
     bool isPressed_ = false;
     bool wasDragged_ = false;
 };
@@ -124,7 +125,7 @@ class CanvasWidget final : public QWidget {
 
 Canvas::Canvas() : RectControl(std::make_unique<Peer>(new CanvasWidget(*this))) {}
 
-// A screen reader may ask until the widget is gone.
+// Until the widget is gone, a screen reader may ask what the members answer.
 Canvas::~Canvas() { delete peer().widget; }
 
 void Canvas::Event_Paint(const Ref<::Graphics>& g) {

@@ -20,7 +20,7 @@ namespace {
 class ButtonWidget final : public QPushButton {
   public:
     ButtonWidget() {
-        setFocusPolicy(Qt::TabFocus);  // a click leaves the keys where they are
+        setFocusPolicy(Qt::TabFocus);  // a click doesn't move the focus
         connect(qApp, &QApplication::focusChanged, this, [this] { update(); });
     }
 
@@ -30,7 +30,7 @@ class ButtonWidget final : public QPushButton {
     }
 
   protected:
-    // One button looks like the default one: that which Return presses.
+    // Only the button that Return presses looks like the default one.
     void initStyleOption(QStyleOptionButton* option) const override {
         QPushButton::initStyleOption(option);
         const bool isOtherFocused = !hasFocus() && qobject_cast<QPushButton*>(window()->focusWidget());
@@ -47,7 +47,7 @@ class ButtonWidget final : public QPushButton {
     }
 };
 
-/// One of a pair.
+/// One arrow of a pair.
 class ArrowButton final : public QToolButton {
   public:
     ArrowButton(QWidget& pair, Qt::ArrowType arrow, const std::function<void()>& event) : QToolButton(&pair) {
@@ -82,8 +82,8 @@ class ArrowsWidget final : public QWidget {
     ArrowButton down_;
 };
 
-/// While the group is disabled, its window has the focus. Otherwise whatever control comes next would get it, so that a
-/// Return too many presses a button that nobody has chosen.
+/// A group that leaves the focus to its window while it is disabled. Qt would give it to the next control,
+/// and a Return too many would press a button that nobody has chosen.
 class GroupWidget final : public QGroupBox {
   public:
     GroupWidget() {

@@ -3,7 +3,7 @@
 
 namespace {
 
-// Positions are the window's, also in a group.
+// Positions are relative to the window even for a control in a group.
 QPoint OriginInWindow(const RectControl& control) {
     const RectControl* group = control.Parent();
     return group ? QPoint(group->Left(), group->Top()) : QPoint();

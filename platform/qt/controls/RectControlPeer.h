@@ -7,7 +7,7 @@
 
 #include "platform/Control.h"
 
-/// The widget of a control. The control owns it, unless the window's widget went first.
+/// The widget of a control, which owns it, unless the window's widget was destroyed first.
 struct RectControl::Peer {
     explicit Peer(QWidget* control) : widget(control), place(control->geometry()) {}
     ~Peer() { delete widget.data(); }
@@ -21,22 +21,22 @@ struct RectControl::Peer {
     static constexpr char kControl[] = "control";
 
     QPointer<QWidget> widget;
-    /// Where the control should be: in a very small window with a negative size, which a widget's can't be.
+    /// Where the control should be. In a very small window its size may be negative, unlike a widget's.
     QRect place;
 };
 
-/// The control whose widget this is; nil if it is none's.
+/// The control whose widget this is; nil if it isn't a control's.
 inline RectControl* ControlOf(const QWidget& widget) {
     return static_cast<RectControl*>(widget.property(RectControl::Peer::kControl).value<void*>());
 }
 
-/// The widget of a control whose class is known.
+/// The widget of a control. The caller must know its class.
 template <class Widget>
 Widget& WidgetOf(const RectControl& control) {
     return static_cast<Widget&>(*control.peer().widget);
 }
 
-/// The pixel that the pointer is in; rounding would move the right half of each to the next.
+/// The pixel that the pointer is in. Rounding would count the right half of a pixel to the next one.
 inline QPoint PixelAt(QPointF position) {
     return {ToInt32(std::floor(position.x())), ToInt32(std::floor(position.y()))};
 }

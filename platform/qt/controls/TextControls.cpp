@@ -57,7 +57,7 @@ class LabelWidget final : public QLabel {
 class FieldWidget final : public QLineEdit {
   public:
     explicit FieldWidget(EditField& owner) : owner_(owner) {
-        // The layouts leave a field just the room that its text needs.
+        // The layouts give a field only as much room as its text needs.
         setTextMargins(-kOwnMargin, 0, -kOwnMargin, 0);
         connect(this, &QLineEdit::textChanged, this, [this] {
             Fit();
@@ -66,7 +66,7 @@ class FieldWidget final : public QLineEdit {
         connect(this, &QLineEdit::cursorPositionChanged, this, [this] { showsHead_ = false; });
     }
 
-    /// Shows a text from its beginning. The caret stands at its end, and comes into sight when it is moved.
+    /// Shows a text from its beginning until the caret, which stands at its end, is moved.
     void Show(const QString& newText) {
         const bool isNew = newText != text();
         setText(newText);
@@ -74,7 +74,7 @@ class FieldWidget final : public QLineEdit {
     }
 
   protected:
-    // Here rather than in keyPressEvent, which never sees the Tab key.
+    // Keys are judged here, because keyPressEvent never gets the Tab key.
     bool event(QEvent* event) override {
         if (event->type() == QEvent::KeyPress && Consumes(*static_cast<QKeyEvent*>(event))) return true;
         return QLineEdit::event(event);
@@ -87,20 +87,21 @@ class FieldWidget final : public QLineEdit {
         event->setCommitString(QString(), event->replacementStart(), event->replacementLength());
         QLineEdit::inputMethodEvent(event);
         for (const char32_t character : typed) {
-            QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString::fromUcs4(&character, 1));
+            const QString text = QString::fromUcs4(&character, 1);
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text);
             FieldWidget::event(&press);
         }
     }
 
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_End) showsHead_ = false;  // the caret is there already
+        if (event->key() == Qt::Key_End) showsHead_ = false;  // the caret doesn't move, being there already
         QLineEdit::keyPressEvent(event);
     }
 
     void mousePressEvent(QMouseEvent* event) override {
         if (showsHead_ && event->button() != Qt::RightButton) {
             home(false);
-            repaint();  // in which QLineEdit scrolls, and learns what is under the pointer
+            repaint();  // QLineEdit scrolls when it paints, and must know what is under the pointer
         }
         QLineEdit::mousePressEvent(event);
     }
@@ -114,8 +115,8 @@ class FieldWidget final : public QLineEdit {
         QStyleOptionFrame frame;
         initStyleOption(&frame);
         painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
-        const QRect line =
-            QStyle::alignedRect(Qt::LeftToRight, Qt::AlignVCenter, {inside.width(), fontMetrics().height()}, inside);
+        QRect line(0, 0, inside.width(), fontMetrics().height());
+        line.moveCenter(inside.center());
         const bool isSelected = hasSelectedText();  // all of it, since the caret is at its end
         if (isSelected) painter.fillRect(line, palette().highlight());
         painter.setPen(palette().color(isSelected ? QPalette::HighlightedText : QPalette::Text));
@@ -130,12 +131,12 @@ class FieldWidget final : public QLineEdit {
 
     void focusOutEvent(QFocusEvent* event) override {
         QLineEdit::focusOutEvent(event);
-        // The field's own menu takes the focus only for the moment.
+        // The field's context menu takes the focus only for a moment.
         if (event->reason() != Qt::PopupFocusReason) Deliver(owner_.LostFocus);
     }
 
   private:
-    // What QLineEdit leaves free beside its text, besides the text margins.
+    // What QLineEdit leaves free on both sides of its text in addition to the text margins.
     static constexpr int kOwnMargin = 2;
 
     QRect Inside() const {
@@ -151,7 +152,7 @@ class FieldWidget final : public QLineEdit {
     }
 
     bool Consumes(const QKeyEvent& event) {
-        // Commands to somebody else; QLineEdit would take the key as typed.
+        // A command is for somebody else; QLineEdit would insert the key's character.
         if (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) return true;
         const std::optional<std::string> key = KeyText(event);
         return key && Deliver(owner_.KeyDown, *key);
@@ -162,7 +163,7 @@ class FieldWidget final : public QLineEdit {
     bool showsHead_ = false;
 };
 
-// Without the family, which is the field's throughout.
+// The format has no family, so that the field's applies.
 QTextCharFormat FormatOf(const TextStyle& style) {
     QTextCharFormat format;
     format.setProperty(QTextFormat::FontPixelSize, FontNamed("System", style.size).pixelSize());
@@ -171,9 +172,9 @@ QTextCharFormat FormatOf(const TextStyle& style) {
     return format;
 }
 
-class ReaderWidget final : public QTextEdit {
+class TextViewWidget final : public QTextEdit {
   public:
-    ReaderWidget() {
+    TextViewWidget() {
         setReadOnly(true);
         setTabChangesFocus(true);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -189,7 +190,7 @@ class ReaderWidget final : public QTextEdit {
     }
 
   protected:
-    // The keys that would move a caret scroll, unless it is a screen reader that follows the caret.
+    // Without a caret the arrow keys scroll. A screen reader needs the caret, because it reads what is there.
     void focusInEvent(QFocusEvent* event) override {
         setTextInteractionFlags(QAccessible::isActive() ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
                                                         : Qt::TextSelectableByMouse);
@@ -197,7 +198,7 @@ class ReaderWidget final : public QTextEdit {
     }
 };
 
-ReaderWidget& Reader(const StyledTextField& field) { return WidgetOf<ReaderWidget>(field); }
+TextViewWidget& TextView(const StyledTextField& field) { return WidgetOf<TextViewWidget>(field); }
 
 void SetColor(RectControl& field, QPalette::ColorRole role, Color color) {
     QPalette colors = field.peer().widget->palette();
@@ -236,15 +237,15 @@ void EditField::Alignment(TextAlignment alignment) {
 void EditField::TextColor(Color color) { SetColor(*this, QPalette::Text, color); }
 void EditField::BackColor(Color color) { SetColor(*this, QPalette::Base, color); }
 
-StyledTextField::StyledTextField() : RectControl(std::make_unique<Peer>(new ReaderWidget)) {}
-std::string StyledTextField::Text() const { return Reader(*this).toPlainText().replace(u'\n', u'\r').toStdString(); }
+StyledTextField::StyledTextField() : RectControl(std::make_unique<Peer>(new TextViewWidget)) {}
+std::string StyledTextField::Text() const { return TextView(*this).toPlainText().replace(u'\n', u'\r').toStdString(); }
 void StyledTextField::Text(const std::string& text) { StyledText({{text, {false, false, TextSize()}}}); }
-void StyledTextField::StyledText(const ::StyledText& text) { Reader(*this).Show(text); }
-Int32 StyledTextField::TextSize() const { return Reader(*this).font().pixelSize(); }
+void StyledTextField::StyledText(const ::StyledText& text) { TextView(*this).Show(text); }
+Int32 StyledTextField::TextSize() const { return TextView(*this).font().pixelSize(); }
 void StyledTextField::TextSize(Int32 size) {
-    Reader(*this).setFont(FontNamed(Reader(*this).font().family().toStdString(), size));
+    TextView(*this).setFont(FontNamed(TextView(*this).font().family().toStdString(), size));
 }
 
-void StyledTextField::TextFont(const std::string& name) { Reader(*this).setFont(FontNamed(name, TextSize())); }
+void StyledTextField::TextFont(const std::string& name) { TextView(*this).setFont(FontNamed(name, TextSize())); }
 void StyledTextField::TextColor(Color color) { SetColor(*this, QPalette::Text, color); }
 void StyledTextField::BackColor(Color color) { SetColor(*this, QPalette::Base, color); }

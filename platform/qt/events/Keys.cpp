@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The keys that have a character of the toolkit's own.
+/// The keys for which KeyDown handlers get one of Keyboard's characters.
 constexpr std::pair<int, Int32> kControlCodes[] = {
     {Qt::Key_Return, Keyboard::kReturn}, {Qt::Key_Enter, Keyboard::kEnter},
     {Qt::Key_Escape, Keyboard::kEscape}, {Qt::Key_Backspace, Keyboard::kBackspace},
@@ -28,7 +28,7 @@ bool IsModifier(int key) {
 
 struct Release {
     int key = 0;
-    quint64 timestamp = 0;  // 0 for events that come from no device
+    quint64 timestamp = 0;  // milliseconds; 0 for an event that no device has sent
 };
 Release lastRelease;
 

@@ -4,15 +4,15 @@
 #include <optional>
 #include <string>
 
-/// A pressed key as KeyDown handlers get it: one of the characters named in Keyboard, else the one typed, else an empty
-/// text. Nothing for a command, a key held with Ctrl, Alt or Meta, and for those keys alone.
+/// A pressed key as KeyDown handlers get it: one of Keyboard's characters, else the one typed, else an empty
+/// text. Nothing for a modifier key alone, nor for a command, a key pressed with Ctrl, Alt or Meta.
 std::optional<std::string> KeyText(const QKeyEvent& event);
 
-/// Whether a press comes from a key that is being held. Qt's own mark isn't enough: on X11 a repeat is a release and a
-/// press at the same moment, and a busy Qt may not see the two together. So the windows tell of each release.
+/// Whether a press is the repeat of a held key. Qt's own flag isn't enough: on X11 a repeat is a release and
+/// a press with the same timestamp, which a busy Qt may not see together. So windows report each release.
 bool IsRepeat(const QKeyEvent& press);
 void RememberRelease(const QKeyEvent& release);
 
-/// Has Return and Enter go past buttons, boxes and groups to their window, which knows what they press. The themes of
-/// some desktops would have each of them take these keys for itself.
+/// Makes buttons, check boxes, combo boxes and groups pass Return and Enter on to their window, which knows
+/// what these keys press. With the themes of some desktops each of them would handle the keys itself.
 void InstallReturnForWindows();

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Escape closes it for good. Qt would leave the keys with the bar, where Return opens a menu again.
+/// Gives the keyboard back to the window on Escape. Qt leaves it with the bar, where Return opens a menu.
 class Menu final : public QMenu {
   public:
     using QMenu::QMenu;
@@ -39,7 +39,7 @@ void Edit(QLineEdit& field, EditCommands command) {
         case EditCommands::Paste:
             return field.paste();
         case EditCommands::Clear:
-            if (field.hasSelectedText()) field.del();  // with nothing selected it would take the next character
+            if (field.hasSelectedText()) field.del();  // without a selection del() deletes the next character
             return;
         case EditCommands::SelectAll:
             return field.selectAll();
@@ -56,7 +56,7 @@ MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, const Handlers& hand
       widget_(std::make_unique<QMenuBar>(&window)),
       handlers_(handlers),
       enableItems_(std::move(enableItems)) {
-    widget_->setAutoFillBackground(true);  // in fullscreen it lies over the controls
+    widget_->setAutoFillBackground(true);  // in fullscreen the bar lies over the controls
     widget_->setCursor(Qt::ArrowCursor);
     for (const Ref<MenuItem>& menu : bar_->Children())
         AddMenu(*menu);
@@ -68,7 +68,7 @@ void MenuBinding::AddMenu(const MenuItem& menu) {
     auto* widget = new Menu(QString::fromStdString(menu.Text()), widget_.get());
     QAction* action = widget_->addMenu(widget);
     QObject::connect(widget, &QMenu::aboutToShow, widget, [this] { UpdateEnabled(); });
-    // Once it is over: the next menu may be about to open.
+    // Queued, because the arrow keys close a menu and then open the next one.
     QObject::connect(
         widget, &QMenu::aboutToHide, widget, [this] { MenuHasClosed(); }, Qt::QueuedConnection);
     accessKeys_.push_back(
@@ -86,10 +86,10 @@ void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
     action->setMenuRole(QAction::NoRole);
     action->setShortcut(QKeySequence(QString::fromStdString(Replace(item->KeyboardShortcut(), "Cmd+", "Ctrl+"))));
     QObject::connect(action, &QAction::triggered, action, [this, item] { Trigger(*item); });
-    // Of the window too: the shortcuts of a hidden menu bar are dead.
+    // The window gets the action too, because the shortcuts of a hidden menu bar are dead.
     window_.addAction(action);
     if (IsQuit(*item)) {
-        action->setShortcutContext(Qt::ApplicationShortcut);  // also from windows without a menu bar
+        action->setShortcutContext(Qt::ApplicationShortcut);  // windows without a menu bar have it too
         quit_ = action;
     }
     rows_.push_back({item, action});
@@ -101,16 +101,16 @@ void MenuBinding::SetVisible(bool on) {
         std::ranges::any_of(widget_->actions(), [](QAction* menu) { return menu->menu()->isVisible(); });
     widget_->setVisible(on || isOpen);
     for (QShortcut* key : accessKeys_)
-        key->setEnabled(widget_->isHidden());  // the bar has its own, which are dead while it is hidden
+        key->setEnabled(widget_->isHidden());  // a bar that shows handles these keys itself
 }
 
-// With the pointer on the bar it stays until SetVisible is called, as if the pointer had called it.
+// If the pointer is on the bar by now, the bar stays until the next call of SetVisible.
 void MenuBinding::MenuHasClosed() {
     const bool isPointedAt = widget_->rect().contains(widget_->mapFromGlobal(QCursor::pos()));
     if (!isPointedAt) SetVisible(isVisible_);
 }
 
-// As the bar's own keys do: the first command is chosen.
+// Selects the first command too, as the bar does when it handles the key itself.
 void MenuBinding::Open(QAction& menu) {
     widget_->show();
     widget_->setActiveAction(&menu);
@@ -132,7 +132,7 @@ bool MenuBinding::HasReceiver(const MenuItem& item) const {
            (item.EditCommand() != EditCommands::None && FocusedField());
 }
 
-// From a screen reader a command may come at any time, also under a dialog, which only quitting gets past.
+// A screen reader can trigger a command even while a dialog blocks the window. Then only quitting works.
 void MenuBinding::Trigger(const MenuItem& item) {
     UpdateEnabled();
     const bool isUnderDialog = !window_.isEnabled() || QApplication::activeModalWidget();

@@ -13,22 +13,23 @@
 #include "platform/Menu.h"
 #include "platform/Window.h"
 
-/// Shows a MenuBar in a window. Its commands go to the handlers of the items' names, or to the toolkit's own.
+/// Shows a MenuBar in a window. A command goes to the handler that is registered under the item's name; a
+/// command to edit or to quit that has none is carried out here.
 class MenuBinding {
   public:
     using Handlers = std::map<std::string, Window::MenuHandler>;
 
-    /// `handlers` are the window's, by item name; `enableItems` is its part in each enabling pass.
+    /// `handlers` are the window's, by item name; more may come. `enableItems` runs in each enabling pass.
     MenuBinding(Ref<MenuBar> bar, QWidget& window, const Handlers& handlers, std::function<void()> enableItems);
 
     const Ref<MenuBar>& Bar() const { return bar_; }
     QMenuBar& Widget() { return *widget_; }
-    /// The command that quits, for the dialogs over the window to take as well; nil if the bar has none.
+    /// The command that quits, for dialogs over the window to offer as well; nil if the bar has none.
     QAction* Quit() const { return quit_; }
 
-    /// Where the bar is hidden, F10 and Alt with a menu's letter show it for as long as a menu is open.
+    /// A hidden bar still shows while a menu is open: by F10 the first, by Alt and a menu's letter that one.
     void SetVisible(bool on);
-    /// Settles anew which items are enabled and how they read. To be called before a shortcut is looked up.
+    /// Updates which items are enabled, and their captions. Must be called before a shortcut is looked up.
     void UpdateEnabled();
 
   private:
