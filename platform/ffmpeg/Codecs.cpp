@@ -15,6 +15,9 @@ constexpr ColourCoding kVideo{AVCOL_RANGE_MPEG, AVCOL_SPC_BT709};
 // Of JPEG itself; its readers look at no tag.
 constexpr ColourCoding kJpeg{AVCOL_RANGE_JPEG, AVCOL_SPC_BT470BG};
 
+// Halved colours need even sides.
+constexpr OtherSizes kWhereOdd{2, 2, AV_PIX_FMT_YUV444P, SizeSupport::RarelyPlayed};
+
 constexpr std::uint32_t Tag(const char (&type)[5]) { return MKTAG(type[0], type[1], type[2], type[3]); }
 
 constexpr Codec kCodecs[] = {
@@ -26,7 +29,7 @@ constexpr Codec kCodecs[] = {
      .name = "H.264",
      .encoder = "libx264",
      .format = AV_PIX_FMT_YUV420P,
-     .oddFormat = AV_PIX_FMT_YUV444P,
+     .otherSizes = kWhereOdd,
      .colours = kVideo,
      .quality = {RateFactor, 40, 8},
      .options = "preset=veryfast,rc-lookahead=5,x264-params=subme=0:me=dia:weightp=0:bframes=0",
@@ -36,7 +39,7 @@ constexpr Codec kCodecs[] = {
      .name = "H.265",
      .encoder = "libx265",
      .format = AV_PIX_FMT_YUV420P,
-     .oddFormat = AV_PIX_FMT_YUV444P,
+     .otherSizes = kWhereOdd,
      .colours = kVideo,
      .quality = {RateFactor, 42, 10},
      // Without "cutree=0" libx265 writes beyond its memory when a picture is as small as 33 pixels.
@@ -80,12 +83,14 @@ constexpr Codec kCodecs[] = {
      .format = AV_PIX_FMT_RGB24,
      .colours = kRgb,
      .keyFrameDistance = 12},
-    // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing.
+    // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing. Rows of three bytes a pixel
+    // would be padded to two bytes; FFmpeg and GStreamer can't read all such rows unless they end on four bytes anyway.
     {.id = MovieCodec::Uncompressed,
      .tag = Tag("raw "),
      .name = "None",
      .encoder = "rawvideo",
      .format = AV_PIX_FMT_RGB24,
+     .otherSizes = {4, 1, AV_PIX_FMT_ARGB},
      .colours = kRgb,
      .options = "threads=1"},
 };

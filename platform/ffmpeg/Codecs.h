@@ -24,6 +24,14 @@ struct ColourCoding {
 };
 inline constexpr ColourCoding kRgb{AVCOL_RANGE_JPEG, AVCOL_SPC_RGB};
 
+/// How frames are stored whose width and height aren't both multiples of these steps.
+struct OtherSizes {
+    int widthStep = 1;
+    int heightStep = 1;
+    AVPixelFormat format = AV_PIX_FMT_NONE;
+    SizeSupport support = SizeSupport::Full;
+};
+
 /// All that is particular to a codec.
 struct Codec {
     MovieCodec id;
@@ -33,8 +41,7 @@ struct Codec {
     const char* name;
     const char* encoder;
     AVPixelFormat format;
-    /// Where a side is odd, if that takes another.
-    AVPixelFormat oddFormat = AV_PIX_FMT_NONE;
+    OtherSizes otherSizes = {};
     ColourCoding colours;
     QualityScale quality = {};
     /// The encoder's own options: "name=value,name=value".
@@ -46,10 +53,12 @@ struct Codec {
 
     /// Whether every packet is a whole picture, so that it may be written more than once.
     bool IsIntraOnly() const { return keyFrameDistance == 1; }
+    bool IsOtherSize(int width, int height) const {
+        return width % otherSizes.widthStep != 0 || height % otherSizes.heightStep != 0;
+    }
     /// The pixel format in which frames of that size are encoded.
     AVPixelFormat FormatFor(int width, int height) const {
-        const bool isOdd = width % 2 != 0 || height % 2 != 0;
-        return isOdd && oddFormat != AV_PIX_FMT_NONE ? oddFormat : format;
+        return IsOtherSize(width, height) ? otherSizes.format : format;
     }
 };
 

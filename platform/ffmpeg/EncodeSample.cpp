@@ -113,8 +113,8 @@ double BytesOf(double frames, double rate, int keyFrameDistance, const Piece& pi
 
 SizeSupport SupportOf(MovieCodec codec, int width, int height) {
     const Encoder opened({.codec = codec}, width, height, [](const AVPacket&) {});
-    const bool isUsual = FindCodec(codec).FormatFor(width, height) == FindCodec(codec).format;
-    return isUsual ? SizeSupport::Full : SizeSupport::RarelyPlayed;
+    const Codec& row = FindCodec(codec);
+    return row.IsOtherSize(width, height) ? row.otherSizes.support : SizeSupport::Full;
 }
 
 std::optional<RgbImage> EncodePreview(const CompressionSettings& settings, const PixelView& image,

@@ -162,7 +162,5 @@ std::int64_t MovieFile::RoomFor(const AVPacket& packet) const {
     constexpr int kInIndex = 11;
     constexpr int kInFragment = 20;
     constexpr int kBytesPerByteOfFragment = kFragmentSize / 256;  // that is, of all that is there once in a fragment
-    const AVCodecParameters& codec = *stream_->codecpar;
-    const int padding = codec.codec_id == AV_CODEC_ID_RAWVIDEO ? codec.height : 0;
-    return packet.size + padding + kInIndex + (isFragmented_ ? kInFragment : 0) + packet.size / kBytesPerByteOfFragment;
+    return packet.size + kInIndex + (isFragmented_ ? kInFragment : 0) + packet.size / kBytesPerByteOfFragment;
 }
