@@ -153,8 +153,8 @@ TEST_F(TimerSettingsTest, WhereNothingCanBeStoredItRunsOnTheDefaults) {
     }
     EXPECT_THAT(host.messages,
                 ElementsAre("The file " + file.string() +
-                                " can't be read: it isn't a plain file. The clock has its default colours, and at the "
-                                "end the file will be replaced.\n\nDwindledial goes on.",
+                                " can't be read: it isn't a plain file. The clock has its default colours. At its end "
+                                "the program will try to replace the file.\n\nDwindledial goes on.",
                             "The folder " + inTheWay.string() + "/new can't be made: " + std::strerror(ENOTDIR) +
                                 ". The colours will not be kept.\n\nDwindledial goes on."));
 }
