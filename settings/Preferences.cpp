@@ -34,7 +34,8 @@ constexpr const char* kNoFileCode = "????";
 
 // What it means for the user if the folder or the file can't be used.
 constexpr const char* kNotKept = "The colours will not be kept.";
-constexpr const char* kReplaced = "The clock has its default colours. At its end the program will try to replace the file.";
+constexpr const char* kReplaced =
+    "The clock has its default colours. At its end the program will try to replace the file.";
 
 /// The places of a tag in a text. Found once for all searches, since those of an odd file go back again and again.
 class Places {
