@@ -5,7 +5,7 @@
 #include <string>
 
 #include "benchmarks/movie/jobs.h"
-#include "benchmarks/support/Stage.h"
+#include "benchmarks/support/ProgramOffscreen.h"
 #include "platform/Text.h"
 
 // Makes one movie in one way and prints the seconds that it took.
@@ -38,12 +38,12 @@ double Run(const std::string& contender, const MovieJob& job, RecordingHost& hos
 
 int main(int argc, char** argv) {
     if (argc != 8 || !kCodecs.contains(argv[2])) return Usage();
-    Stage stage(argv[0]);
+    ProgramOffscreen program(argv[0]);
     const MovieJob job{.settings = {.codec = kCodecs.at(argv[2]), .frameRate = Val(argv[6])},
                        .width = ToInt32(Val(argv[3])),
                        .height = ToInt32(Val(argv[4])),
                        .startTime = ToInt32(Val(argv[5])),
                        .file = argv[7]};
-    std::printf("%.6f\n", Run(argv[1], job, stage.host));
+    std::printf("%.6f\n", Run(argv[1], job, program.host));
     return std::filesystem::exists(job.file) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

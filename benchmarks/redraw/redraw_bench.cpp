@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "benchmarks/support/Stage.h"
+#include "benchmarks/support/ProgramOffscreen.h"
 #include "core/winMain.h"
 #include "platform/Graphics.h"
 #include "platform/Picture.h"
@@ -98,7 +98,7 @@ BENCHMARK(Fill)->Apply(Sizes);
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    const Stage stage(argv[0]);
+    const ProgramOffscreen program(argv[0]);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -20,7 +20,7 @@ class Run:
     output: str
 
     @property
-    def told(self):
+    def self_timed(self):
         """The seconds that the program has measured itself, without its own start and end."""
         return float(self.output.split()[-1])
 

@@ -10,16 +10,16 @@
 #include "tests/support/RecordingHost.h"
 
 /// The program brought up without a desktop, for a benchmark to drive: file types, application object, timer window.
-class Stage {
+class ProgramOffscreen {
   public:
-    explicit Stage(char* program) : host(BringUp(program)) {
+    explicit ProgramOffscreen(char* program) : host(BringUp(program)) {
         FileTypes::_Initialize();
         RuntimeRegisterAppObject(std::make_unique<App>());
         winMain::Instance();
     }
-    ~Stage() { RuntimeExit(); }
-    Stage(const Stage&) = delete;
-    Stage& operator=(const Stage&) = delete;
+    ~ProgramOffscreen() { RuntimeExit(); }
+    ProgramOffscreen(const ProgramOffscreen&) = delete;
+    ProgramOffscreen& operator=(const ProgramOffscreen&) = delete;
 
     RecordingHost& host;
 
