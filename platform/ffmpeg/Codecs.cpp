@@ -1,6 +1,7 @@
 #include "platform/ffmpeg/Codecs.h"
 
 #include <algorithm>
+#include <cmath>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -20,6 +21,7 @@ constexpr OtherSizes kWhereOdd{2, 2, AV_PIX_FMT_YUV444P, SizeSupport::RarelyPlay
 
 constexpr std::uint32_t Tag(const char (&type)[5]) { return MKTAG(type[0], type[1], type[2], type[3]); }
 
+// The limits of key frames keep exact seeking short; of MPEG-4 also the errors that add up until the next one.
 constexpr Codec kCodecs[] = {
     // H.264 and H.265 can't halve the colours of an odd side, and no side is ever changed. To look far ahead would take
     // a lot of memory and make the movies of a clock no smaller, nor would a finer search for what moves: nothing does.
@@ -33,7 +35,7 @@ constexpr Codec kCodecs[] = {
      .colours = kVideo,
      .quality = {RateFactor, 40, 8},
      .options = "preset=veryfast,rc-lookahead=5,x264-params=subme=0:me=dia:weightp=0:bframes=0",
-     .keyFrameDistance = 250},
+     .keyFrameLimit = 300},
     {.id = MovieCodec::H265,
      .tag = Tag("hvc1"),  // the one form that Apple's players take
      .name = "H.265",
@@ -44,7 +46,7 @@ constexpr Codec kCodecs[] = {
      .quality = {RateFactor, 42, 10},
      // Without "cutree=0" libx265 writes beyond its memory when a picture is as small as 33 pixels.
      .options = "preset=superfast,x265-params=log-level=none:frame-threads=1:rc-lookahead=5:bframes=0:cutree=0",
-     .keyFrameDistance = 250},
+     .keyFrameLimit = 300},
     {.id = MovieCodec::Mpeg4,
      .tag = Tag("mp4v"),
      .name = "MPEG-4",
@@ -53,7 +55,7 @@ constexpr Codec kCodecs[] = {
      .colours = kVideo,
      .quality = {Quantiser, 31, 1},
      .rateLimit = 65535,
-     .keyFrameDistance = 12},
+     .keyFrameLimit = 120},
     // Halved colours come out wrong at odd widths. The usual search for a quantiser takes five times as long.
     {.id = MovieCodec::ProRes4444,
      .tag = Tag("ap4h"),
@@ -82,7 +84,7 @@ constexpr Codec kCodecs[] = {
      .encoder = "qtrle",
      .format = AV_PIX_FMT_RGB24,
      .colours = kRgb,
-     .keyFrameDistance = 12},
+     .keyFrameLimit = 300},
     // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing. Rows of three bytes a pixel
     // would be padded to two bytes; FFmpeg and GStreamer can't read all such rows unless they end on four bytes anyway.
     {.id = MovieCodec::Uncompressed,
@@ -98,6 +100,13 @@ constexpr Codec kCodecs[] = {
 }  // namespace
 
 const Codec& FindCodec(MovieCodec id) { return *std::ranges::find(kCodecs, id, &Codec::id); }
+
+int Codec::KeyFrameDistance(double framesPerSecond) const {
+    constexpr double kSeconds = 60;  // players seek to key frames, so to each minute at least
+    constexpr double kFewest = 30;   // a key frame takes as much as about so many others
+    const double wanted = std::max(kFewest, std::round(kSeconds * framesPerSecond));
+    return static_cast<int>(std::min<double>(wanted, keyFrameLimit));
+}
 
 std::vector<CodecChoice> InstalledCodecs() {
     std::vector<CodecChoice> choices;

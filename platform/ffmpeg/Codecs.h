@@ -48,11 +48,13 @@ struct Codec {
     const char* options = "";
     /// The largest term of a frame rate that the encoder takes.
     int rateLimit = 1001000;
-    /// Frames from one key frame to the next.
-    int keyFrameDistance = 1;
+    /// At most so many frames from one key frame to the next.
+    int keyFrameLimit = 1;
 
     /// Whether every packet is a whole picture, so that it may be written more than once.
-    bool IsIntraOnly() const { return keyFrameDistance == 1; }
+    bool IsIntraOnly() const { return keyFrameLimit == 1; }
+    /// Frames from one key frame to the next.
+    int KeyFrameDistance(double framesPerSecond) const;
     bool IsOtherSize(int width, int height) const {
         return width % otherSizes.widthStep != 0 || height % otherSizes.heightStep != 0;
     }

@@ -149,6 +149,6 @@ std::optional<double> EstimateBytesPerSecond(const CompressionSettings& settings
     constexpr int kHeader = 800;
     constexpr int kIndexEntry = 4;
     const double bytes = kHeader + sample->Context().extradata_size + kIndexEntry * frames +
-                         BytesOf(frames, rate, codec.keyFrameDistance, piece, sample->FramePackets());
+                         BytesOf(frames, rate, codec.KeyFrameDistance(rate), piece, sample->FramePackets());
     return bytes / (frames / rate);
 }

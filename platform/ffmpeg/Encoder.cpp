@@ -55,7 +55,7 @@ Encoder::Encoder(const CompressionSettings& settings, int width, int height, Sin
     context_->pix_fmt = codec_.FormatFor(width, height);
     context_->framerate = ExactRate(settings.frameRate, codec_.rateLimit);
     context_->time_base = av_inv_q(context_->framerate);
-    context_->gop_size = codec_.keyFrameDistance;
+    context_->gop_size = codec_.KeyFrameDistance(settings.frameRate);
     context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // the container keeps the codec's headers, not each key frame
     context_->thread_count = Threads(width, height);
     SetColours(*context_, codec_.colours);
