@@ -194,6 +194,8 @@ TEST_F(MovieFileTest, WhatCannotBeAMovieIsNil) {
         EXPECT_FALSE(FolderItem(where).CreateMovie()) << where;
         EXPECT_THAT(TakeStandardError(), StartsWith(where.string() + ": making the file: "));
     }
+    FolderItem(path).CreateMovie()->SaveOnClose(true);
+    EXPECT_TRUE(fs::is_empty(path)) << "without a track there is nothing to save";
     Ref<EditableMovie> movie = FolderItem(path).CreateMovie();
     EXPECT_TRUE(fs::is_empty(path)) << "it exists from the start";
     for (const auto& [width, height, rate] :
