@@ -39,8 +39,9 @@ class Host {
     virtual void ShowURL(const std::string& url) = 0;
 
     /// Asks for the file to save to and waits: `filter` says which files are shown, as FileType's text form. `proposal`
-    /// is the name that is offered, in the folder where the search begins; without one, that is the user's for movies.
-    /// A name without an ending gets the proposal's. Asks about an existing file itself. Empty when the user cancels.
+    /// is the name that is offered, in the folder where the search begins; without one, that is the user's for movies
+    /// or the home folder. A name without an ending gets the proposal's. Asks about an existing file itself, and says
+    /// of one that can't be written why not, as far as that is known before. Empty when the user cancels.
     virtual std::filesystem::path SaveFile(const std::string& filter, const std::filesystem::path& proposal) = 0;
     /// Opens a file with the desktop's program for its type; doesn't wait. May be called on any thread.
     virtual void Launch(const std::filesystem::path& file) = 0;

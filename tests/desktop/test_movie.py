@@ -26,26 +26,32 @@ class MovieDialog(Dialog):
     def __init__(self, timer):
         timer.desktop.key("ctrl+m")
         super().__init__(timer, "Create Movie")
-        self.movies = timer.file.parent.parent / "Videos"  # where the save dialog begins
-        self.movies.mkdir()
+        self.home = timer.file.parent.parent
 
     def enter(self, *fields):
         """From the first field on; afterwards the keyboard is with the first box, to show the compression dialog."""
         for text in fields:
             self.desktop.key("ctrl+a", *text, "Tab")
 
+    def over(self, title):
+        """Another dialog, once it has opened over this one."""
+        dialog = Dialog(self.timer, title)
+        assert self.desktop.property("WM_TRANSIENT_FOR", dialog.window) == [self.window.id], f"whose is {title}?"
+        return dialog
+
+    def answer(self, title, *keys):
+        dialog = self.over(title)
+        self.desktop.key(*keys)
+        dialog.wait_gone()
+
     def save(self, name, compression=()):
-        """The dialogs after Start, by keys; `compression` are those for the second. Gives the file."""
-        Dialog(self.timer, "Save As")
-        self.desktop.key(*name, "Return")
+        """The dialogs after Start, by keys; `compression` are those for the second."""
+        self.answer("Save As", *name, "Return")
         if compression:
-            settings = Dialog(self.timer, "Compression Settings")
-            assert self.desktop.property("WM_TRANSIENT_FOR", settings.window) == [self.window.id], "it belongs to no window"
-            left, top, *_ = self.desktop.place(settings.window)
+            left, top, *_ = self.desktop.place(self.over("Compression Settings").window)
             blue = lambda x: self.desktop.pixel(left + x, top + 137) & 0xFF
             self.wait_until(lambda: blue(152) < 0xB0 and blue(172) > 0xF4, "the preview has the clock in its middle")
             self.desktop.key(*compression)
-        return self.movies / name
 
     def wait_finished(self, movie):
         found = self.wait_until(lambda: probe(movie), "the movie can be read")
@@ -68,17 +74,21 @@ class MovieTest(DesktopTest):
         dialog = MovieDialog(timer)
         dialog.enter("3", "48", "33", "90", "10")
         self.desktop.key("space", "Tab", "space", "Return")  # no compression dialog; open the movie; Start
-        movie = dialog.save("first.mov")
+        dialog.save("first.mov")
+        movie = dialog.home / "first.mov"  # without a folder for movies
         self.assertEqual(dialog.wait_finished(movie), "rawvideo,48,33,31")
         self.wait_until(lambda: opened.read_text() == f"http://www.example.org\n{movie.as_uri()}\n", "it is opened")
 
         self.desktop.key("alt+F4", "space", "shift+Tab", "space", "Return")  # it stays open; the other way round
         dialog.save("first")
-        question = Dialog(timer, "Replace File")
+        Dialog(timer, "Replace File")
         self.assertEqual(probe(movie), "rawvideo,48,33,31", "it is overwritten before the answer")
-        self.desktop.key("Return")  # no
-        question.wait_gone()
-        movie = dialog.save("second.mov", compression=["alt+t", "Down", "alt+f", "2", "0", "Return"])
+        dialog.answer("Replace File", "Return")  # no
+        (dialog.home / "Videos").mkdir()
+        dialog.answer("Save As", *"/nowhere/second", "Return")
+        dialog.answer("Can't Save File", "Return")
+        dialog.save("", compression=["alt+t", "Down", "alt+f", "2", "0", "Return"])
+        movie = dialog.home / "Videos/second.mov"
         self.assertEqual(dialog.wait_finished(movie), "hevc,48,33,61")
         self.assertNotIn("second", opened.read_text())
         self.desktop.key("Escape")

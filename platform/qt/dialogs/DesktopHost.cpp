@@ -5,39 +5,22 @@
 #include <time.h>
 #include <unistd.h>
 
-#include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
-#include <QtCore/QMimeDatabase>
-#include <QtCore/QStandardPaths>
 #include <QtCore/QUrl>
 #include <QtGui/QDesktopServices>
 #include <QtGui/QDrag>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QColorDialog>
-#include <QtWidgets/QFileDialog>
-#include <QtWidgets/QMessageBox>
 #include <algorithm>
 
 #include "platform/qt/dialogs/CompressionDialog.h"
+#include "platform/qt/dialogs/Question.h"
+#include "platform/qt/dialogs/SaveDialog.h"
 #include "platform/qt/drawing/Styles.h"
 #include "platform/qt/drawing/Surfaces.h"
 
 namespace {
-
-int Ask(QWidget* parent, const QString& title, const QString& text, QMessageBox::StandardButtons answers) {
-    QMessageBox box(QMessageBox::NoIcon, title, text, answers, parent);
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::No);
-    return box.exec();
-}
-
-/// The text form of a file type whose name is a MIME type, with the words for it that desktops show.
-QString Readable(const QString& filter) {
-    const QString name = filter.section(QStringLiteral(" ("), 0, 0);
-    const QMimeType type = QMimeDatabase().mimeTypeForName(name);
-    return type.isValid() ? type.comment() + filter.mid(name.size()) : filter;
-}
 
 /// The folder of that path; empty for nil and for a relative path, which counts as none.
 std::filesystem::path FolderIn(const char* value) {
@@ -65,7 +48,7 @@ DesktopHost::DesktopHost(const std::string& applicationId, const std::string& na
 
 void DesktopHost::FocusChanged() {
     QWidget* const active = QApplication::activeWindow();
-    if (!active) return;
+    if (!active || active->windowType() == Qt::Popup) return;
     notification_.Withdraw();
     windows_.removeAll(active);
     windows_.removeAll(nullptr);  // those that have gone
@@ -125,28 +108,8 @@ void DesktopHost::ShowURL(const std::string& url) {
     QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(url)));
 }
 
-// Whether to replace a file is asked here: some desktops' dialogs ask before the ending is added, which is too early.
 std::filesystem::path DesktopHost::SaveFile(const std::string& filter, const std::filesystem::path& proposal) {
-    const QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
-    QFileDialog dialog(Owner(), QStringLiteral("Save As"));  // a title that not every desktop's has by itself
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    dialog.setNameFilter(Readable(QString::fromStdString(filter)));
-    std::filesystem::path file = proposal;
-    int answer = QMessageBox::No;
-    while (answer == QMessageBox::No) {
-        dialog.setDirectory(file.has_parent_path() ? QString::fromStdString(file.parent_path()) : movies);
-        dialog.selectFile(QString::fromStdString(file.filename()));
-        if (dialog.exec() != QDialog::Accepted) return {};
-        file = dialog.selectedFiles().constFirst().toStdString();
-        if (file.filename().string().find('.') == std::string::npos) file += proposal.extension();
-        const QFileInfo chosen(QString::fromStdString(file));
-        if (!chosen.exists()) return file;
-        answer = Ask(Owner(), QStringLiteral("Replace File"),
-                     QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(chosen.fileName()),
-                     QMessageBox::No | QMessageBox::Yes);
-    }
-    return answer == QMessageBox::Yes ? file : std::filesystem::path();
+    return AskWhereToSave(Owner(), filter, proposal);
 }
 
 void DesktopHost::Launch(const std::filesystem::path& file) {

@@ -1,0 +1,101 @@
+#include "platform/qt/dialogs/SaveDialog.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QMimeDatabase>
+#include <QtCore/QStandardPaths>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QFileDialog>
+#include <cerrno>
+#include <system_error>
+
+#include "platform/qt/dialogs/Question.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The text form of a file type whose name is a MIME type, with the words for it that desktops show.
+QString Readable(const QString& filter) {
+    const QString name = filter.section(QStringLiteral(" ("), 0, 0);
+    const QMimeType type = QMimeDatabase().mimeTypeForName(name);
+    return type.isValid() ? type.comment() + filter.mid(name.size()) : filter;
+}
+
+/// Where the search for a file begins: in `wanted` if it is there, else in the user's folder for movies or at home.
+QString FirstFolder(const fs::path& wanted) {
+    const QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
+    for (const QString& folder : {QString::fromStdString(wanted), movies}) {
+        if (QFileInfo(folder).isDir()) return folder;
+    }
+    return QDir::homePath();
+}
+
+/// The file's name as a message has it: a long one would make the message wider than the screen.
+QString ShortName(const fs::path& file) {
+    constexpr int kWidest = 300;
+    const QString name = QString::fromStdString(file.filename());
+    return QFontMetrics(QApplication::font()).elidedText(name, Qt::ElideMiddle, kWidest);
+}
+
+int AccessError(const fs::path& path, int access) {
+    return faccessat(AT_FDCWD, path.c_str(), access, AT_EACCESS) == 0 ? 0 : errno;
+}
+
+/// Why a file can't be written; empty if it can, as far as that is known. To find out, nothing is made or changed.
+std::string Obstacle(const fs::path& file) {
+    std::error_code ignored;
+    if (fs::is_directory(file, ignored)) return "it is a folder";
+    int error = AccessError(file, R_OK | W_OK);
+    if (error == ENOENT) error = AccessError(file.parent_path(), W_OK | X_OK);
+    return error == 0 ? "" : std::generic_category().message(error);
+}
+
+int SayCantBeWritten(QWidget* owner, const fs::path& file, const std::string& why) {
+    const QString path = QString::fromStdString(file.parent_path() / ShortName(file).toStdString());
+    return Ask(owner, QStringLiteral("Can't Save File"),
+               QStringLiteral("The file %1 can't be written: %2.\nPlease choose another name or folder.")
+                   .arg(path, QString::fromStdString(why)),
+               QMessageBox::Ok);
+}
+
+int AskWhetherToReplace(QWidget* owner, const fs::path& file) {
+    return Ask(owner, QStringLiteral("Replace File"),
+               QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(ShortName(file)),
+               QMessageBox::No | QMessageBox::Yes);
+}
+
+/// Yes if the file may be saved to, No if the user is to choose another, NoButton if the program ends meanwhile.
+int MaySaveTo(QWidget* owner, const fs::path& file) {
+    const std::string obstacle = Obstacle(file);
+    if (!obstacle.empty()) {
+        const bool goesOn = SayCantBeWritten(owner, file, obstacle) == QMessageBox::Ok;
+        return goesOn ? QMessageBox::No : QMessageBox::NoButton;
+    }
+    std::error_code ignored;
+    return fs::exists(file, ignored) ? AskWhetherToReplace(owner, file) : QMessageBox::Yes;
+}
+
+}  // namespace
+
+// The questions are asked here: some desktops' dialogs ask before the ending is added, which is too early.
+fs::path AskWhereToSave(QWidget* owner, const std::string& filter, const fs::path& proposal) {
+    QFileDialog dialog(owner, QStringLiteral("Save As"));  // a title that not every desktop's has by itself
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setNameFilter(Readable(QString::fromStdString(filter)));
+    fs::path file = proposal;
+    int answer = QMessageBox::No;
+    while (answer == QMessageBox::No) {
+        dialog.setDirectory(FirstFolder(file.parent_path()));
+        dialog.selectFile(QString::fromStdString(file.filename()));
+        if (dialog.exec() != QDialog::Accepted) return {};
+        file = dialog.selectedFiles().constFirst().toStdString();
+        if (file.filename().string().find('.') == std::string::npos) file += proposal.extension();
+        answer = MaySaveTo(owner, file);
+    }
+    return answer == QMessageBox::Yes ? file : fs::path();
+}
