@@ -11,10 +11,9 @@ namespace {
 /// One of the four colours: its well, the label beside it, and where the colour is kept.
 struct ColourRow {
     const char* well;
-    Int32 left, top, tabIndex;
+    Int32 left, top, tabIndex, labelTabIndex;
     const char* label;
     const char* text;
-    Int32 labelTabIndex;
     void (winPrefs::*changed)(Color);
     Color winPrefs::*before;
     Color ClockColours::*onClock;
@@ -27,9 +26,9 @@ constexpr ColourRow kColours[] = {
      .left = 20,
      .top = 14,
      .tabIndex = 0,
+     .labelTabIndex = 5,
      .label = "StaticText1",
      .text = "Background",
-     .labelTabIndex = 5,
      .changed = &winPrefs::cBackground_ColorChange,
      .before = &winPrefs::mBackground,
      .onClock = &ClockColours::Color_Window_Background},
@@ -37,9 +36,9 @@ constexpr ColourRow kColours[] = {
      .left = 187,
      .top = 52,
      .tabIndex = 2,
+     .labelTabIndex = 7,
      .label = "StaticText3",
      .text = "Wedge",
-     .labelTabIndex = 7,
      .changed = &winPrefs::cWedge_ColorChange,
      .before = &winPrefs::mWedge,
      .onClock = &ClockColours::Color_Clock_Wedge},
@@ -47,9 +46,9 @@ constexpr ColourRow kColours[] = {
      .left = 20,
      .top = 52,
      .tabIndex = 1,
+     .labelTabIndex = 6,
      .label = "StaticText2",
      .text = "Face",
-     .labelTabIndex = 6,
      .changed = &winPrefs::cFace_ColorChange,
      .before = &winPrefs::mFace,
      .onClock = &ClockColours::Color_Clock_Face},
@@ -57,9 +56,9 @@ constexpr ColourRow kColours[] = {
      .left = 187,
      .top = 14,
      .tabIndex = 11,
+     .labelTabIndex = 10,
      .label = "StaticText6",
      .text = "Frame",
-     .labelTabIndex = 10,
      .changed = &winPrefs::cFrame_ColorChange,
      .before = &winPrefs::mFrame,
      .onClock = &ClockColours::Color_Clock_Frame},
