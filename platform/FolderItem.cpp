@@ -28,7 +28,8 @@ std::string InWords(int error) { return std::generic_category().message(error); 
 template <class Stream>
 Ref<Stream> Unopened(const fs::path& path, const char* failure) {
     const std::string reason = InWords(errno);
-    const bool isOdd = fs::exists(path) && !IsPlainFile(path);
+    std::error_code ignored;
+    const bool isOdd = fs::exists(path, ignored) && !IsPlainFile(path);
     return Ref<Stream>::Nil("The file " + path.string() + failure + (isOdd ? "it isn't a plain file" : reason) + ".");
 }
 

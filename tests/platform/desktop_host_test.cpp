@@ -42,7 +42,9 @@ class StorageTest : public testing::Test {
 TEST_F(StorageTest, WhatIsNoPlainFileIsNil) {
     EXPECT_FALSE(item.Child("..") || item.Child(std::string("a\0", 2)) || item.Child(std::string(256, 'x')));
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), S_IRWXU), 0);
-    EXPECT_FALSE(item.Child("pipe")->OpenAsTextFile() || item.Child("pipe")->CreateTextFile());
+    fs::create_symlink("loop", folder / "loop");
+    for (const char* name : {"pipe", "loop"})
+        EXPECT_FALSE(item.Child(name)->OpenAsTextFile() || item.Child(name)->CreateTextFile()) << name;
 }
 
 TEST_F(StorageTest, ThePreferencesFolderFollowsTheEnvironmentAndIsTheUsersAlone) {
