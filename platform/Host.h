@@ -13,8 +13,8 @@ struct Color;
 struct CompressionSettings;
 struct MoviePlan;
 
-/// Everything that reaches outside the process and blocks or can't be undone. The program goes through the functions
-/// below (Microseconds, Beep, ...); they go through the host that is installed: the desktop's, or one that records.
+/// Everything that reaches outside the process and blocks or can't be undone. There is one host at a time: the
+/// desktop's, or one that records.
 class Host {
   public:
     virtual ~Host() = default;

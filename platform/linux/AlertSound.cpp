@@ -30,7 +30,7 @@ bool Begin(const SoundService& service, const char* property, const std::string&
 
 }  // namespace
 
-/// What the object has in common with the thread that asks the service, of which there is one at a time.
+/// What the object shares with the thread that calls the service. There is one such thread at a time.
 struct AlertSound::Shared {
     const std::string applicationId;
     const std::string name;
@@ -64,7 +64,7 @@ AlertSound::~AlertSound() {
 void AlertSound::Play() {
     const std::lock_guard lock(shared_->mutex);
     if (shared_->isUnderWay) return shared_->bell();
-    // A sound service that hangs holds up whoever asks it. Detached: when it never answers, the program still ends.
+    // A sound service that hangs blocks its caller. Even if it never answers, the program can end.
     std::thread([shared = shared_] { shared->PlayOrRing(); }).detach();
     shared_->isUnderWay = true;
 }

@@ -14,10 +14,10 @@ class AlertSound {
     /// called on any thread, but not once the object has gone.
     AlertSound(const std::string& applicationId, const std::string& name, const std::filesystem::path& file,
                const Bell& bell);
-    /// Doesn't wait for a sound under way.
+    /// Doesn't wait for a sound that is still playing.
     ~AlertSound();
 
-    /// Plays the sound once, and doesn't wait for it. The bell also rings when the sound before has not begun yet.
+    /// Plays the sound once; doesn't wait. If the sound before hasn't begun yet, the bell rings instead.
     void Play();
 
   private:

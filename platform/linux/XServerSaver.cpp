@@ -17,7 +17,7 @@ xcb_connection_t* Connection() {
     return x11 ? x11->connection() : nullptr;
 }
 
-/// Whether it may be asked to suspend its saver: a request to a missing extension ends the whole connection.
+/// Whether the server has the screen saver extension. A request to a missing one would end the connection.
 bool HasSaver(xcb_connection_t* connection) {
     const auto* extension = xcb_get_extension_data(connection, &xcb_screensaver_id);
     return extension && extension->present;
@@ -31,7 +31,7 @@ void Suspend(xcb_connection_t* connection, bool on) {
 }  // namespace
 
 XServerSaver::XServerSaver() {
-    // Asked for now, the answer is there when the first run begins, and needn't be waited for.
+    // By the first inhibition the answer has come, and needn't be waited for.
     if (auto* connection = Connection()) xcb_prefetch_extension_data(connection, &xcb_screensaver_id);
 }
 

@@ -3,8 +3,8 @@
 #include <chrono>
 #include <optional>
 
-/// The saver of the X server itself, with its display power management. Does nothing where there is none; no operation
-/// waits for the server. Wants an application object that exists already and outlives it.
+/// The saver of the X server itself, with its display power management. Does nothing where there is none; no
+/// operation waits for the server. The application object must exist already and outlive this one.
 class XServerSaver {
   public:
     XServerSaver();
@@ -13,7 +13,7 @@ class XServerSaver {
     /// Keeps the saver away until Release. Harmless when repeated, as is Release.
     void Inhibit();
     void Release();
-    /// Counts as activity of the user. May be called at any rate, and reaches the server at most once in ten seconds.
+    /// Counts as activity of the user. May be called at any rate; the server hears of it once in ten seconds.
     void Delay();
 
   private:

@@ -126,7 +126,7 @@ const CodecChoice& CompressionDialog::Codec() const {
     return codecs_.at(static_cast<std::size_t>(codec_.currentIndex()));
 }
 
-/// The rate in the field, held within what can be chosen or was proposed; the proposed one where none stands there.
+/// The rate in the field, clamped to what can be chosen or was proposed; without a number there, the proposed rate.
 double CompressionDialog::FrameRate() const {
     const double rate = Val(frameRate_.text().toStdString());
     return rate > 0 ? std::clamp(rate, kLowestFrameRate, std::max(kHighestRate, proposedRate_)) : proposedRate_;
@@ -143,7 +143,7 @@ void CompressionDialog::ShowCodec() {
     Encode();
 }
 
-// What is encoded for the choice before is given up, by a worker that nobody but its successor waits for.
+// Cancels the previous encoding. Only the next worker waits for it, never the dialog.
 void CompressionDialog::Encode() {
     size_.setEnabled(false);  // until it is known again
     worker_.request_stop();
@@ -196,7 +196,7 @@ void CompressionDialog::ShowPreview() {
     preview_.setPixmap(picture);
 }
 
-// The clock is there; the corners are empty.
+// The clock is in the middle; the corners are empty.
 void CompressionDialog::ShowMiddle() {
     preview_.adjustSize();
     const QSize half = kPreviewSize / 2;

@@ -57,9 +57,9 @@ class CompressionDialog final : public QDialog {
     QLabel note_;
     QDialogButtonBox buttons_{QDialogButtonBox::Ok | QDialogButtonBox::Cancel};
     QScrollArea previewArea_;
-    QLabel preview_;  // behind the area, which would take it along
+    QLabel preview_;  // destroyed before the area, which would delete it
     QCheckBox isActualSize_;
     QImage rendered_;
 
-    std::jthread worker_;  // last, so that it has ended before what it uses goes
+    std::jthread worker_;  // last, so that it ends before what it uses is destroyed
 };

@@ -19,6 +19,7 @@
 #include "platform/qt/dialogs/SaveDialog.h"
 #include "platform/qt/drawing/Styles.h"
 #include "platform/qt/drawing/Surfaces.h"
+#include "platform/qt/events/MainThread.h"
 
 namespace {
 
@@ -34,7 +35,9 @@ std::filesystem::path HomeFolder() {
     return user ? FolderIn(user->pw_dir) : home;
 }
 
-void RingBell() { QMetaObject::invokeMethod(qApp, &QApplication::beep, Qt::QueuedConnection); }
+void RingBell() {
+    OnMainThread(*qApp, [] { QApplication::beep(); });
+}
 
 }  // namespace
 
@@ -97,7 +100,7 @@ bool DesktopHost::SelectColor(Color& color, const std::string& prompt) {
 void DesktopHost::DragText(const std::string& text, const Ref<Picture>& picture, int x, int y) {
     auto* data = new QMimeData;
     data->setText(QString::fromStdString(text));
-    auto* drag = new QDrag(qApp);  // which the toolkit ends by itself, and the data with it
+    auto* drag = new QDrag(qApp);  // Qt deletes it, and the data with it
     drag->setMimeData(data);
     if (picture) drag->setPixmap(QPixmap::fromImage(Composed(*picture)));
     drag->setHotSpot({x, y});
@@ -114,8 +117,7 @@ std::filesystem::path DesktopHost::SaveFile(const std::string& filter, const std
 
 void DesktopHost::Launch(const std::filesystem::path& file) {
     const QUrl url = QUrl::fromLocalFile(QString::fromStdString(file.string()));
-    QMetaObject::invokeMethod(
-        qApp, [url] { QDesktopServices::openUrl(url); }, Qt::QueuedConnection);
+    OnMainThread(*qApp, [url] { QDesktopServices::openUrl(url); });
 }
 
 void DesktopHost::InhibitScreenSaver(const std::string& reason) {

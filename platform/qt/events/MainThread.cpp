@@ -32,7 +32,8 @@ void CarryOutAll() {
     }
 }
 
-/// Told by an event that carries nothing: a queued call's data would lie under a lock that no thread sanitizer sees.
+/// Woken by an empty event: data inside a Qt event would be guarded by Qt's own lock, which the thread sanitizer
+/// can't see.
 class Receiver final : public QObject {
   public:
     Receiver() { moveToThread(qApp->thread()); }

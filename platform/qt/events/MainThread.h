@@ -4,8 +4,10 @@
 #include <functional>
 #include <string_view>
 
-/// Carries an action out on the main thread: at once when that is this one, otherwise soon, in the order of the calls.
-/// It is left out when `context` has been destroyed by then.
-/// `property`, a literal, says that the action only sets that property of `context`. Where the same one waits among the
-/// latest actions, all such and of that object, it is replaced: a fast worker doesn't flood the event loop.
+/// Carries an action out on the main thread: at once when called there, otherwise soon, in the order of the calls;
+/// not at all when `context` has been destroyed by then. This is how other threads reach the main one. What only
+/// has to wait for the end of the event under way goes through QMetaObject::invokeMethod, queued.
+/// `property`, a literal, says that the action only sets that property of `context`. If the queue ends in property
+/// changes of `context` and one sets the same property, the new one replaces it, so that a fast worker doesn't
+/// flood the event loop.
 void OnMainThread(QObject& context, std::function<void()> action, std::string_view property = {});
