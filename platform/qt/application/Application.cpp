@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/Host.h"
-#include "platform/qt/application/Endings.h"
+#include "platform/qt/application/ProcessEnd.h"
 #include "platform/qt/controls/Accessibility.h"
 #include "platform/qt/dialogs/DesktopHost.h"
 #include "platform/qt/events/EventBoundary.h"
@@ -79,7 +79,7 @@ void RuntimeInit(char* program, const std::string& name, const std::string& desk
                  const Ref<FolderItem>& alertSound) {
     // Looking for a menu bar outside of the window would cost calls over D-Bus.
     QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
-    runtime.qtApplication = MakeToolkit(program, name);
+    runtime.qtApplication = MakeQApplication(program, name);
     OnLostDisplay([] {
         Quit(1);
         // Closing a window would also hide it, which needs the display, and at its second failure Qt exits.
@@ -121,7 +121,7 @@ void RuntimeRun() {
 }
 
 int RuntimeExit() {
-    open_windows::Clear();
+    open_windows::DestroyAll();
     runtime.application.reset();
     Host::Install(nullptr);
     runtime.qtApplication.reset();

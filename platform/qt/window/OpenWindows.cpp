@@ -15,11 +15,11 @@ struct Entry {
     std::string key;
     std::shared_ptr<Window> window;
 };
-/// Workers look windows up as well, so every use is guarded.
+/// Guards the entries, since workers look windows up as well.
 std::mutex mutex;
 std::vector<Entry> entries;
 
-/// Holds a closed window until the event loop has taken back control.
+/// Keeps a closed window alive until the event loop has control again.
 struct LastReference final : QObject {
     explicit LastReference(std::shared_ptr<Window> closed) : window(std::move(closed)) {}
     std::shared_ptr<Window> window;
@@ -39,14 +39,14 @@ void Add(const std::string& key, const std::shared_ptr<Window>& window) {
 
 Window* Find(const std::string& key) {
     const std::lock_guard lock(mutex);
-    const auto entry = std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.key == key; });
+    const auto entry = std::ranges::find(entries, key, &Entry::key);
     return entry == entries.end() ? nullptr : entry->window.get();
 }
 
 void Remove(const Window& window) {
     const std::lock_guard lock(mutex);
-    const auto entry =
-        std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.window.get() == &window; });
+    const auto isIts = [&window](const Entry& entry) { return entry.window.get() == &window; };
+    const auto entry = std::ranges::find_if(entries, isIts);
     if (entry == entries.end()) return;
     AfterHandlers([closed = std::move(entry->window)] { (new LastReference(closed))->deleteLater(); });
     entries.erase(entry);
@@ -57,13 +57,13 @@ void CloseAll() {
         entry.window->Close();
 }
 
-void Clear() {
+void DestroyAll() {
     std::vector<Entry> last;
     {
         const std::lock_guard lock(mutex);
         last.swap(entries);
     }
-    // Ending a window may wait for a worker that looks for another one here, so it is done unlocked.
+    // Unlocked, because destroying a window may wait for a worker that looks another window up here.
     for (Entry& entry : last)
         entry.window.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -5,17 +5,17 @@
 
 #include "platform/Window.h"
 
-/// The toolkit's list of open windows, which owns them. Each is found by the key of its class.
+/// The list of open windows, which owns them. A window is found by the key of its class.
 namespace open_windows {
 
 void Add(const std::string& key, const std::shared_ptr<Window>& window);
-/// Nil when no window of that key is open.
+/// The open window of that key; nil if there is none.
 Window* Find(const std::string& key);
-/// The window no longer counts; it is destroyed once the event under way is over.
+/// Takes a window that has closed off the list. It is destroyed once the event under way is over.
 void Remove(const Window& window);
-/// Closes each as its user would.
+/// Closes every window as its user would.
 void CloseAll();
-/// Destroys all windows at once.
-void Clear();
+/// Destroys all windows, without closing them first.
+void DestroyAll();
 
 }  // namespace open_windows

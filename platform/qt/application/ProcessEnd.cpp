@@ -1,0 +1,98 @@
+#include "platform/qt/application/ProcessEnd.h"
+
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <QtCore/QSocketNotifier>
+#include <QtCore/QThread>
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+std::string lineWithoutDisplay;
+std::string messagesSoFar;
+
+// Collects Qt's messages during start-up. If Qt aborts for want of a display, one line of our own is printed instead.
+void MessageWhileStarting(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    messagesSoFar += qFormatLogMessage(type, context, text).toStdString() + '\n';
+    if (type != QtFatalMsg) return;
+    const bool lacksDisplay = messagesSoFar.find("connect to display") != messagesSoFar.npos ||  // X11
+                              messagesSoFar.find("wl_display") != messagesSoFar.npos;            // Wayland
+    std::fputs(lacksDisplay ? lineWithoutDisplay.c_str() : messagesSoFar.c_str(), stderr);
+    std::_Exit(EXIT_FAILURE);
+}
+
+std::function<void()> onLostDisplay;
+QtMessageHandler previousHandler = nullptr;
+
+void SaveAndEnd() {
+    if (!onLostDisplay) return;
+    std::exchange(onLostDisplay, nullptr)();
+    std::_Exit(EXIT_FAILURE);
+}
+
+// On X11 as on Wayland, a warning is the only notice of a lost display that comes while Qt still works. The process
+// ends here, since the event loop, which has called this, can't be left any more.
+void WatchForLostDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    previousHandler(type, context, text);
+    const bool isLost = text.contains(u"connection broke") || text.contains(u"connection experienced");
+    if (!isLost || !qApp) return;  // without an application object the program is ending and has saved already
+    if (QThread::currentThread() == qApp->thread()) return SaveAndEnd();
+    // The thread that reads from Wayland gets the warning as well, and would end the process when this returns.
+    QMetaObject::invokeMethod(qApp, SaveAndEnd, Qt::QueuedConnection);
+    constexpr unsigned long kLongestSave = 10;
+    QThread::sleep(kLongestSave);
+}
+
+/// A signal handler may do next to nothing: it writes to this eventfd, which the event loop reads.
+int eventForHandler = -1;
+
+extern "C" void WakeEventLoop(int) {
+    const int error = errno;
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const auto written = write(eventForHandler, &one, sizeof one);
+    errno = error;
+}
+
+}  // namespace
+
+std::unique_ptr<QApplication> MakeQApplication(char* program, const std::string& name) {
+    static int count = 1;  // the program's name alone, so that Qt's own options aren't taken
+    static char* arguments[] = {program, nullptr};
+    lineWithoutDisplay = name + ": there is no X11 or Wayland display to show a window on\n";
+    const QtMessageHandler before = qInstallMessageHandler(MessageWhileStarting);
+    auto application = std::make_unique<QApplication>(count, arguments);
+    qInstallMessageHandler(before);
+    std::fputs(messagesSoFar.c_str(), stderr);
+    return application;
+}
+
+void OnLostDisplay(std::function<void()> save) {
+    onLostDisplay = std::move(save);
+    previousHandler = qInstallMessageHandler(WatchForLostDisplay);
+}
+
+void OnEndSignals(const std::function<void()>& asked) {
+    eventForHandler = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    auto* const notifier = new QSocketNotifier(eventForHandler, QSocketNotifier::Read, qApp);
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [asked] {
+        std::uint64_t count = 0;
+        if (read(eventForHandler, &count, sizeof count) > 0) asked();
+    });
+    struct sigaction ours = {};
+    ours.sa_handler = WakeEventLoop;
+    ours.sa_flags = SA_RESTART;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction before = {};
+        sigaction(signal, nullptr, &before);
+        if (before.sa_handler == SIG_IGN) continue;
+        sigaction(signal, &ours, nullptr);
+        QObject::connect(qApp, &QObject::destroyed, [signal, before] { sigaction(signal, &before, nullptr); });
+    }
+    QObject::connect(qApp, &QObject::destroyed, [] { close(eventForHandler); });
+}
