@@ -217,7 +217,7 @@ TEST_F(MakeMovieTest, TheEndOfTheProgramEndsTheJobAndKeepsTheMovie) {
     Set("3600", "30", false, false);
     ASSERT_TRUE(IsUnderWay());
     Quit(0);
-    open_windows::Clear();
+    open_windows::DestroyAll();
     EXPECT_GT(FrameCount(), 20);
     EXPECT_LT(FrameCount(), 3600 * 30);
 }

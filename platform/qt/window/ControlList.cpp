@@ -32,8 +32,7 @@ void ControlList::Add(const std::string& name, std::unique_ptr<Control> control)
 }
 
 Control* ControlList::Find(const std::string& name) const {
-    const auto found =
-        std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) { return control.first == name; });
+    const auto found = std::ranges::find(controls_, name, &std::pair<std::string, std::unique_ptr<Control>>::first);
     return found == controls_.end() ? nullptr : found->second.get();
 }
 
@@ -51,14 +50,14 @@ void ControlList::EndWorkers() const {
     }
 }
 
-// Controls of a group come where the group stands, in an order of their own.
+// The controls of a group come in the group's place, in an order of their own.
 void ControlList::SetTabOrder() const {
     const auto place = [](const RectControl* control) {
         const auto* group = dynamic_cast<GroupBox*>(control->Parent());
         return group ? std::pair(group->TabIndex(), control->TabIndex()) : std::pair(control->TabIndex(), -1);
     };
     std::vector<RectControl*> order = RectControls();
-    std::stable_sort(order.begin(), order.end(), [&](auto* a, auto* b) { return place(a) < place(b); });
+    std::ranges::stable_sort(order, {}, place);
     for (std::size_t i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1]->peer().widget, order[i]->peer().widget);
 }

@@ -8,24 +8,25 @@
 
 #include "platform/Control.h"
 
-/// The controls of one window, which it owns, and what they do together: the order of the Tab key, the keys that press
-/// buttons, the edges that follow the window's.
+/// Owns the controls of one window, and does what concerns several of them: the tab order, the keys that press buttons,
+/// the edges that follow those of the window.
 class ControlList {
   public:
     /// `content` is the area of the window that they lie in.
     explicit ControlList(QWidget& content) : content_(content) {}
 
     void Add(const std::string& name, std::unique_ptr<Control> control);
-    /// Nil when there is none of that name.
+    /// The control of that name; nil if there is none.
     Control* Find(const std::string& name) const;
-    /// All that are seen, as they were added.
+    /// The visible kinds of controls (not timers and threads), in the order in which they were added.
     std::vector<RectControl*> RectControls() const;
 
     /// Ends the window's threads, each at its next yield.
     void EndWorkers() const;
     void SetTabOrder() const;
     void FocusFirstField() const;
-    /// Presses the cancel button for Escape, for Return and Enter the focused or the default one. False: there is none.
+    /// Escape presses the cancel button, Return and Enter the focused button or else the default one. False when there is
+    /// no such button, or for another key.
     bool PressButton(const std::string& key) const;
     void FollowEdges(QSize before, QSize after) const;
 
