@@ -25,8 +25,8 @@ class ControlList {
     void EndWorkers() const;
     void SetTabOrder() const;
     void FocusFirstField() const;
-    /// Escape presses the cancel button, Return and Enter the focused button or else the default one. False when there is
-    /// no such button, or for another key.
+    /// Escape presses the cancel button, Return and Enter the focused button or else the default one. False when there
+    /// is no such button, or for another key.
     bool PressButton(const std::string& key) const;
     void FollowEdges(QSize before, QSize after) const;
 
