@@ -13,15 +13,15 @@
 
 namespace {
 
-/// What lastColorAsHexString holds when the colour has not come from a text.
+/// The value of lastColorAsHexString when the colour didn't come from a text.
 constexpr const char* kNoText = "?";
 
-/// How far the pointer may stray in a press before it becomes a drag.
+/// How far the pointer may move during a press before that becomes a drag.
 constexpr Int32 kDragDistance = 3;
 /// The side of the square that is dragged.
 constexpr Int32 kDragSize = 12;
 
-/// The colour itself, in a thin frame that shows on any ground.
+/// The colour in a thin grey frame, which is visible on any background.
 Ref<Picture> PictureToDrag(Color color, double scale) {
     Ref<Picture> picture = NewPicture(kDragSize, kDragSize, 32, scale);
     const Ref<Graphics> g = picture->Graphics();
@@ -34,14 +34,14 @@ Ref<Picture> PictureToDrag(Color color, double scale) {
 
 Color Grey(double value) { return HSV(0, 0, value); }
 
-/// A colour of the same hue and saturation, darker by an amount of value.
+/// The colour with its HSV value lowered by `amount`, but not below 0.
 Color Darker(Color color, double amount) {
     return HSV(readColorHue(color), readColorSaturation(color), std::max(0.0, readColorValue(color) - amount));
 }
 
-/// By how much everything but the outline darkens while the button is pressed.
+/// By how much all HSV values sink while the button is pressed; the outline's sinks by half of it.
 constexpr double kPressed = 0.44;
-/// From one of the swatch's frames to the next.
+/// By how much each frame of the swatch is darker than what it encloses.
 constexpr double kFrameStep = 0.1;
 
 }  // namespace
@@ -94,7 +94,7 @@ void SmartColorWell::dragColor(Int32 x, Int32 y) {
     item->Drag();
 }
 
-// Drawn before the flag falls: what counts is a release inside, which comes to pickColor, where it is drawn again.
+// Draws while mouseDownAndWithin is still set; a release inside goes on to pickColor, which draws again.
 void SmartColorWell::Event_MouseUp(Int32 x, Int32 y) {
     draw();
     mouseDownAndWithin = false;
@@ -162,7 +162,7 @@ bool SmartColorWell::withinColorBox(Int32 x, Int32 y) const {
 
 bool SmartColorWell::withinControl(Int32 x, Int32 y) const { return x >= 0 && x < Width() && y >= 0 && y < Height(); }
 
-// The look, computed from greys: a raised button at any size, darker while it is pressed, faded while it is of no use.
+// The drawing: greys that look like a raised button, darker while pressed, pale while it can't be used.
 
 void SmartColorWell::draw() {
     const Ref<Picture> look = NewPicture(Width(), Height(), 32, ScaleFactor());
@@ -172,10 +172,11 @@ void SmartColorWell::draw() {
     if (isDimmed) dim(*look);
     const Ref<::Graphics> g = Graphics();
     if constexpr (targets::kClearBeforeCopy) g->ClearRect(0, 0, Width(), Height());
-    g->DrawPicture(look, 0, 0, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+    g->DrawPicture(look, 0, 0);
 }
 
-// Five bands, each lower and lighter than the last and half beneath it, then the outline, then the edges.
+// Five bands, each of which starts lower, is lighter and covers the lower half of the one before; then the
+// outline, then the edges.
 void SmartColorWell::drawBevel(::Graphics& g) const {
     const Int32 width = Width() - cShrink;
     const Int32 height = Height() - cShrink;
@@ -211,24 +212,24 @@ void SmartColorWell::drawSwatch(::Graphics& g) const {
     const Color inner = Darker(swatch, kFrameStep);
 
     g.ForeColor(swatch);
-    fillSwatchPlace(g);
-    // A pixel further down than across: its lowest line lies beneath that of the outer frame.
+    fillSwatch(g);
+    // One pixel taller than the outer frame leaves room for: its bottom line is covered by the outer frame's.
     g.ForeColor(inner);
     g.DrawRect(Margin + 1, Margin + 1, width - 2, height - 1);
     g.ForeColor(Darker(inner, kFrameStep));
     g.DrawRect(Margin, Margin, width, height);
 }
 
-void SmartColorWell::fillSwatchPlace(::Graphics& g) const {
+void SmartColorWell::fillSwatch(::Graphics& g) const {
     g.FillRect(Margin, Margin, Width() - cShrink - 2 * Margin, Height() - cShrink - 2 * Margin);
 }
 
-// Everything goes half transparent, but for the swatch of a well that is in front.
+// Makes the picture half transparent, apart from the swatch if the well's window is active.
 void SmartColorWell::dim(Picture& look) const {
     const Ref<::Graphics> mask = look.Mask(true)->Graphics();
     mask->ForeColor(RGB(128, 128, 128));
     mask->FillRect(0, 0, Width(), Height());
     if (!Active() || AlsoDimColor) return;
     mask->ForeColor(RGB(0, 0, 0));
-    fillSwatchPlace(*mask);
+    fillSwatch(*mask);
 }

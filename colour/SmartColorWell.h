@@ -8,20 +8,21 @@
 
 class Picture;
 
-/// A bevelled button whose centre is a swatch of the selected colour. A click opens the desktop's colour picker; a
-/// press on the swatch with Ctrl, Alt or Shift held drags the colour away as the text "#RRGGBB"; such a text dropped on
-/// the well sets the colour. Its owner hears of each change by ColorChange.
+/// A bevelled button whose centre is a swatch of the selected colour. A click opens the desktop's colour
+/// picker; a press on the swatch with Ctrl, Alt or Shift held drags the colour away as the text "#RRGGBB";
+/// such a text dropped on the well sets the colour. ColorChange tells its owner of each change.
 class SmartColorWell : public Canvas {
   public:
-    /// Raised with the new colour when it was changed by whomever, and after each confirmed pick.
+    /// Raised with the new colour after every change, whoever made it, and after every confirmed pick.
     std::function<void(Color)> ColorChange;
-    /// The end of each press.
+    /// Raised at the end of each press, wherever the pointer is then.
     std::function<void(Int32 x, Int32 y)> MouseUp;
 
     Color ColorSelected;
     /// The prompt of the colour picker; set when the control opens.
     std::string PickerPromptText;
-    /// Distance of the swatch from the control's edge. When the control opens, 0 becomes what suits its height.
+    /// Distance of the swatch from the control's edge. When the control opens, 0 is replaced by 2 or 5
+    /// pixels, depending on the height.
     Int32 Margin = 0;
     /// A dimmed well dims its swatch as well.
     bool AlsoDimColor = false;
@@ -35,15 +36,16 @@ class SmartColorWell : public Canvas {
     bool Event_MouseDown(Int32 x, Int32 y) override;
     void Event_Paint(const Ref<::Graphics>& g) override;
 
-    /// Takes a colour that differs from the present one.
+    /// Sets the colour; nothing happens if it is the present one.
     void setColor(Color c);
     Color getColor() const { return ColorSelected; }
     /// Lets the user pick the colour and waits.
     void pickColor();
     /// "#" and six hexadecimal digits: red, green, blue.
     std::string getColorAsHexString() const;
-    /// Takes a colour as getColorAsHexString writes it, with or without the "#", in either case; of any other text what
-    /// its beginning yields. The same text again does nothing, unless the colour has come from elsewhere since.
+    /// Sets the colour from a text as getColorAsHexString writes it, with or without the "#", in either case.
+    /// Any other text gives the colour of the hexadecimal number with which it begins, or black. The text of
+    /// the last call does nothing, unless the colour has been changed in another way since.
     void setColorFromHexString(const std::string& text);
 
   protected:
@@ -51,32 +53,32 @@ class SmartColorWell : public Canvas {
     void draw();
 
     Color integer2Color(Int32 n) const;
-    /// Whether a point is on the swatch, a pixel beyond it at the right and below included.
+    /// Whether a point is on the swatch, or up to a pixel to the right of it or below it.
     bool withinColorBox(Int32 x, Int32 y) const;
     bool withinControl(Int32 x, Int32 y) const;
 
-    /// The button is shown pressed.
+    /// Whether the button is shown pressed.
     bool mouseDownAndWithin = false;
     /// Where the press began.
     Int32 mouseDownX = 0;
     Int32 mouseDownY = 0;
-    /// The press may become a drag of the colour, and has become one.
+    /// Whether the press may become a drag of the colour, and whether it has become one.
     bool mouseDownWithinColorBox = false;
     bool draggedColorBox = false;
-    /// How much smaller than the control its drawing is, at the right and below.
+    /// By how many pixels the drawing is narrower and lower than the control.
     Int32 cShrink = 0;
-    /// The text that setColorFromHexString was given last; "?" when the colour has come from elsewhere since.
+    /// The latest text given to setColorFromHexString; "?" if the colour has changed in another way since.
     std::string lastColorAsHexString;
-    /// The colour picker is open.
+    /// Whether the colour picker is open.
     bool pickingColor = false;
 
   private:
     void drawBevel(::Graphics& g) const;
     void drawSwatch(::Graphics& g) const;
-    void fillSwatchPlace(::Graphics& g) const;
+    void fillSwatch(::Graphics& g) const;
     void dim(Picture& look) const;
     void showPressed(bool on);
     void dragColor(Int32 x, Int32 y);
-    /// To a screen reader and the owner.
+    /// Tells a screen reader and the owner of a change.
     void tellChange();
 };

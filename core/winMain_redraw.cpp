@@ -10,19 +10,23 @@
 
 namespace {
 
-// One turn of this clock and the direction of its 12 o'clock, in radians. Both are multiples of 3.141529, so a turn is
-// 0.000127 short of a full circle; no one can see it, and every angle of the picture agrees on it.
-constexpr double kTurn = 6.283058;
+// One turn of this clock and the direction of its 12 o'clock, in radians. Both are multiples of 3.141529, so
+// a turn is 0.000127 short of a full circle; no one can see it, and every angle of the picture agrees on it.
+constexpr double kClockTurn = 6.283058;
 constexpr double kTop = 4.7122935;
+
+// The ring's width in percent of the drawing diameter, and by how many percent of the nominal diameter the
+// drawing diameter is smaller, to make room for the ring's outer half on both sides.
+constexpr double kRingPercent = 3;
+constexpr double kMarginPercent = targets::kWiderClockMargin ? 6 : kRingPercent;
 
 constexpr Int32 kMarks = 60;
 
-/// Where the clock lies on a surface. The centre keeps its half pixel here; shapes are placed without it.
+/// Where the clock lies on a surface. The centre may have half a pixel; shapes are placed without it.
 struct Face {
     Face(const Graphics& g, double scale) : cx(g.Width() / 2.0), cy(g.Height() / 2.0) {
-        constexpr double kOutside = targets::kWiderClockMargin ? 6 : 3;  // in percent: the outer half of the ring
         const double nominal = std::min(g.Width(), g.Height()) * scale;
-        diameter = nominal - kOutside * nominal / 100;
+        diameter = nominal - kMarginPercent * nominal / 100;
     }
 
     Int32 X() const { return ToInt32(cx); }
@@ -48,11 +52,11 @@ void DrawDisc(Graphics& g, const Face& face, Color color) {
     g.DrawObject(disc, face.X(), face.Y());
 }
 
-// The wedge ends at 12 o'clock and reaches back from there against the clock's direction.
+// The wedge ends at 12 o'clock and reaches back from there, anticlockwise.
 void DrawWedge(Graphics& g, const Face& face, Color color, Int32 seconds) {
     if (seconds <= 0) return;
     ArcShape wedge;
-    wedge.ArcAngle(kTurn * seconds / winMain::kSecondsPerTurn);
+    wedge.ArcAngle(kClockTurn * seconds / winMain::kSecondsPerTurn);
     wedge.StartAngle(kTop - wedge.ArcAngle());
     wedge.FillColor(color);
     wedge.Width(face.FilledDiameter());
@@ -67,7 +71,7 @@ void DrawRing(Graphics& g, const Face& face, Color color) {
     ring.Fill(0);
     ring.Border(100);
     ring.BorderColor(color);
-    ring.BorderWidth(std::max(3 * face.diameter / 100, 1.0));
+    ring.BorderWidth(std::max(kRingPercent * face.diameter / 100, 1.0));
     g.DrawObject(ring, face.X(), face.Y());
 }
 
@@ -75,14 +79,16 @@ void DrawRing(Graphics& g, const Face& face, Color color) {
 void DrawMark(Graphics& g, const Face& face, Color color, Int32 i) {
     const bool isLong = i % 5 == 0;
     const double length = (isLong ? 10 : 5) * face.diameter / 100;
-    const double theta = kTurn * i / kMarks;
+    const double theta = kClockTurn * i / kMarks;
     const double inner = face.diameter / 2 - length;
     CurveShape mark;
     mark.BorderWidth((isLong ? 2 : 1) * face.diameter / 100);
     mark.X2(length);
     mark.Rotation(theta);
     mark.BorderColor(color);
-    g.DrawObject(mark, ToInt32(face.cx + std::cos(theta) * inner), ToInt32(face.cy + std::sin(theta) * inner));
+    const double x = face.cx + std::cos(theta) * inner;
+    const double y = face.cy + std::sin(theta) * inner;
+    g.DrawObject(mark, ToInt32(x), ToInt32(y));
 }
 
 void DrawMarks(Graphics& g, const Face& face, Color color) {
@@ -92,9 +98,13 @@ void DrawMarks(Graphics& g, const Face& face, Color color) {
     }
 }
 
+Ref<Picture> StatusPicture(bool isDone, bool isRunning) {
+    if (isDone) return Alert_Icon();
+    return isRunning ? Run_Icon() : Pause_Icon();
+}
+
 void DrawStatusIcon(Graphics& g, bool isDone, bool isRunning) {
-    const Ref<Picture> icon = isDone ? Alert_Icon() : isRunning ? Run_Icon() : Pause_Icon();
-    g.DrawPicture(icon, StatusIcon::kLeft, StatusIcon::kTop, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+    g.DrawPicture(StatusPicture(isDone, isRunning), StatusIcon::kLeft, StatusIcon::kTop);
 }
 
 }  // namespace
@@ -126,7 +136,7 @@ void winMain::DrawTimeUp(Graphics& g, double diameter) {
     g.DrawString(kTimeUp, ToInt32(x), ToInt32(y), 0, false);
 }
 
-// Doubles while the text fits and bisects while it doesn't, so the size it settles on may be one off the largest fit.
+// Doubles while the text fits and bisects while it doesn't. The result may be one off the largest fit.
 Int32 winMain::GetTextSize(Graphics& g, const std::string& text, Int32 maxWidth) {
     Int32 size = 8;
     Int32 low = 8;

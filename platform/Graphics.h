@@ -9,10 +9,10 @@
 
 class Picture;
 
-// Shapes are plain values: build one, hand it to Graphics::DrawObject, let it go. Lengths are in pixels, angles in
-// radians; angle 0 points along +x and angles grow clockwise as seen on the screen.
+// Shapes are plain values: build one, hand it to Graphics::DrawObject, let it go. Lengths are in pixels,
+// angles in radians; angle 0 points along +x and angles grow clockwise as seen on the screen.
 
-/// What an oval and an arc have in common: the ellipse Width x Height, centred on the shape's origin.
+/// The common part of ovals and arcs: the ellipse Width x Height, centred on the shape's origin.
 class RectShape {
   public:
     Property<double> Width = 0.0;
@@ -32,7 +32,7 @@ class OvalShape : public RectShape {
     Property<double> BorderWidth = 1.0;
 };
 
-/// A pie slice of an ellipse. It begins at StartAngle and sweeps ArcAngle; a turn or more covers the whole ellipse.
+/// A pie slice from StartAngle over ArcAngle. A turn or more covers the whole ellipse.
 class ArcShape : public RectShape {
   public:
     Property<double> StartAngle = 0.0;
@@ -51,10 +51,10 @@ class CurveShape {
     Property<double> BorderWidth = 1.0;
 };
 
-/// As a width or height in DrawPicture: that of the picture.
+/// Stands for the picture's own width or height in DrawPicture.
 constexpr Int32 kOwnSize = -10000;
 
-/// A drawing surface. Coordinates are logical pixels from the top left; what is drawn is as fine as what lies under it.
+/// A drawing surface. Coordinates are logical pixels from the top left; all pixels of the device are used.
 class Graphics {
   public:
     struct Peer;
@@ -64,23 +64,23 @@ class Graphics {
     Int32 Width() const;
     Int32 Height() const;
 
-    /// The colour of later calls that draw rectangles, lines and texts.
+    /// The colour in which later calls draw rectangles, lines and texts.
     Property<Color> ForeColor;
 
-    /// The font of later text calls. "System" is the desktop's interface font, "SmallSystem" the same and smaller.
+    /// The font of later texts: "System", the desktop's interface font, "SmallSystem" or a font family.
     Property<std::string> TextFont = std::string("System");
-    /// In pixels; 0 is the font's own default.
+    /// In pixels; 0 is the default of the font's name.
     Property<Int32> TextSize = 0;
     Property<bool> Bold = false;
     Property<bool> Italic = false;
 
-    // Rectangles and lines have sharp edges. A rectangle without an extent draws nothing.
+    // Rectangles and lines have sharp edges. Nothing is drawn if a width or height isn't above 0.
     void FillRect(Int32 x, Int32 y, Int32 width, Int32 height);
     /// The outline, one pixel wide, inside of the rectangle.
     void DrawRect(Int32 x, Int32 y, Int32 width, Int32 height);
     /// One pixel wide, both ends included.
     void DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2);
-    /// Back to the background of the window, or to the white of a new picture.
+    /// Fills a rectangle with the background of the window or, on a picture, with white.
     void ClearRect(Int32 x, Int32 y, Int32 width, Int32 height);
 
     /// Draws a shape with its own origin at (x, y).
@@ -88,9 +88,10 @@ class Graphics {
     void DrawObject(const ArcShape& arc, Int32 x, Int32 y);
     void DrawObject(const CurveShape& line, Int32 x, Int32 y);
 
-    /// Draws a part of a picture through its mask, if any, scaled to the destination's size. Nil draws nothing.
-    void DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight, Int32 sourceX,
-                     Int32 sourceY, Int32 sourceWidth, Int32 sourceHeight);
+    /// Draws a part of a picture through its mask, scaled to the destination's size. Nil draws nothing.
+    void DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth = kOwnSize,
+                     Int32 destHeight = kOwnSize, Int32 sourceX = 0, Int32 sourceY = 0, Int32 sourceWidth = kOwnSize,
+                     Int32 sourceHeight = kOwnSize);
 
     /// The width of a text on one line.
     double StringWidth(const std::string& text);
@@ -98,8 +99,8 @@ class Graphics {
     Int32 StringHeight(const std::string& text, Int32 wrapWidth);
     Int32 TextAscent();
 
-    /// Draws a text with its first baseline at y, wrapped at a width of `wrapWidth` pixels or, if `condense`, cut to
-    /// one line of that width that ends in an ellipsis. With a `wrapWidth` of 0 it is one line of any width.
+    /// Draws a text with its first baseline at y. It is wrapped at `wrapWidth` pixels or, if `condense`,
+    /// truncated there with an ellipsis. A `wrapWidth` of 0 is no limit.
     void DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth = 0, bool condense = false);
 
     /// For the toolkit's own use.

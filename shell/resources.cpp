@@ -23,7 +23,7 @@ Ref<FolderItem> Resource(const std::string& fileName) {
 }
 
 void ApplyMask(const Ref<Picture>& picture, const Ref<Picture>& mask) {
-    picture->Mask(true)->Graphics()->DrawPicture(mask, 0, 0, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+    picture->Mask(true)->Graphics()->DrawPicture(mask, 0, 0);
 }
 
 Ref<Picture> Run_Icon() { return LoadOnce(run_icon, "Run_Icon.bmp", Run_Mask); }

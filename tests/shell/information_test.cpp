@@ -28,10 +28,10 @@ bool PassesIn(const std::string& command) {
     return std::system((command + " --gtest_filter=*." + test).c_str()) == 0;
 }
 
-// Before any other test, which would load the icons: the very first use is the one to look at.
+// The process for the dense screen runs this test alone, so there no other has loaded the icons before.
 TEST(ImagesTest, IconsAreTransparentFromTheirFirstUseAndFinerOnADenseScreen) {
     for (auto* const icon : {Run_Icon, Pause_Icon, Alert_Icon}) {
-        const QImage seen = Composed(*icon());
+        const QImage seen = WithMask(*icon());
         EXPECT_EQ(seen.deviceIndependentSize(), QSize(17, 17));
         EXPECT_EQ(seen.width(), 17 * qApp->devicePixelRatio());
         for (const QPoint corner : {seen.rect().topLeft(), seen.rect().bottomRight()})
@@ -41,8 +41,8 @@ TEST(ImagesTest, IconsAreTransparentFromTheirFirstUseAndFinerOnADenseScreen) {
     const Ref<Picture> dark = NewPicture(40, 40, 32, 1.25);
     dark->Graphics()->FillRect(0, 0, 40, 40);
     dark->Graphics()->DrawPicture(Run_Icon(), 10, 10, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
-    EXPECT_EQ(Composed(*dark).pixel(12, 22), 0xFF000000);
-    EXPECT_EQ(Composed(*dark).pixel(13, 22), 0xFFFFFFFF) << "it lies on whole pixels";
+    EXPECT_EQ(WithMask(*dark).pixel(12, 22), 0xFF000000);
+    EXPECT_EQ(WithMask(*dark).pixel(13, 22), 0xFFFFFFFF) << "it lies on whole pixels";
     const std::string self = Application::ExecutableFile()->Path();
     EXPECT_TRUE(qApp->devicePixelRatio() > 1 || PassesIn("QT_SCALE_FACTOR=2 " + self));
 }
@@ -58,7 +58,7 @@ TEST(ImagesTest, WithoutImagesNothingIsDrawnAndWithoutTheModuleThereAreNoMovies)
         return;
     }
     EXPECT_FALSE(Run_Icon() || AboutIcon() || MwRbHzMd());
-    NewPicture(40, 40, 32)->Graphics()->DrawPicture(Run_Icon(), 0, 0, kOwnSize, kOwnSize, 0, 0, kOwnSize, kOwnSize);
+    NewPicture(40, 40, 32)->Graphics()->DrawPicture(Run_Icon(), 0, 0);
     EXPECT_TRUE(winMain::Instance()._FileCreateMovie_Action());
     EXPECT_EQ(host.messages, std::vector<std::string>{"QuickTime needs to be installed to create movies."});
 }
