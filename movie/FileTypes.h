@@ -8,7 +8,7 @@ namespace FileTypes {
 
 inline Ref<FileType> pQuicktime;
 
-/// Makes them; called once, before any window exists.
+/// Makes the file types; called once, before any window exists.
 inline void _Initialize() {
     pQuicktime = MakeRef<FileType>();
     pQuicktime->Name("video/quicktime");

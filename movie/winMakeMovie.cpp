@@ -93,11 +93,12 @@ bool winMakeMovie::eStart_KeyDown(const std::string& key) {
     return JudgeKey(Find<EditField>("eStart"), key, winMain::kSecondsPerTurn) != KeyVerdict::ToField;
 }
 
-// As the fields stand, without the bounds that Start applies, and without the one frame more that a movie has.
+double winMakeMovie::Number(const char* field) const { return Val(Find<EditField>(field).Text()); }
+
+// From the fields as they are, without the bounds that Start applies, and without the movie's last frame.
 void winMakeMovie::CalculateSize() {
-    const auto number = [this](const std::string& name) { return Val(Find<EditField>(name).Text()); };
     const double megabytes =
-        3 * number("eStart") * number("eSizeX") * number("eSizeY") * number("eFrameRate") / 1024 / 1024;
+        3 * Number("eStart") * Number("eSizeX") * Number("eSizeY") * Number("eFrameRate") / 1024 / 1024;
     Find<StaticText>("lSize").Text("Uncompressed movie file size: " + Format(megabytes, "###,##0.0") + "MB");
 }
 

@@ -9,15 +9,15 @@
 #include "platform/Values.h"
 #include "shell/Dialog.h"
 
-/// The Create Movie dialog and the job that renders a count-down into a movie. The settings stand in the dialog's
-/// controls and are read when Start is pressed.
-/// The job runs on the worker `thr`. From its start to its end the main thread doesn't touch the fields below but for
-/// Cancel; the movie is closed, and so saved, by dropping the last reference to it, on the worker.
+/// The Create Movie dialog and the job that renders a count-down into a movie. The settings stand in the
+/// dialog's controls and are read when Start is pressed. The job runs on the worker `thr`. While it runs, the
+/// main thread touches none of the fields below except Cancel. The worker drops the last reference to the
+/// movie, which closes and so saves it.
 class winMakeMovie final : public Dialog {
   public:
     static winMakeMovie& Instance() { return ImplicitInstance<winMakeMovie>("winMakeMovie.winMakeMovie"); }
 
-    /// The clock's size as a part of the smaller side of the frame.
+    /// The clock's size relative to the smaller side of the frame.
     double Scale = 0.9;
     bool OpenMovie = false;
     /// The file being written; nil while there is none.
@@ -36,9 +36,10 @@ class winMakeMovie final : public Dialog {
     void CalculateSize();
 
     // The job (movie/winMakeMovie_job.cpp).
-    /// Asks for the file and the compression and starts the worker. What fails or is cancelled ends it without a word.
+    /// Asks for the file and the compression and starts the worker. Does nothing more, silently, if a step
+    /// fails or the user cancels.
     void bStart_Action();
-    /// Stops a job that runs; closes the dialog when none does.
+    /// Stops the job that is running; closes the dialog if none is.
     void bCancel_Action();
     void thr_Run();
     /// Brings the dialog back after a job.
@@ -49,6 +50,8 @@ class winMakeMovie final : public Dialog {
     void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
 
+    /// The number in the edit field of that name.
+    double Number(const char* field) const;
     void ReadSettings();
     bool CreateMovieFile();
     bool ChooseCompression();

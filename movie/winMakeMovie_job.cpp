@@ -10,7 +10,7 @@
 #include "platform/Thread.h"
 #include "platform/Timer.h"
 
-// A press that comes before the worker has disabled the button is one too many.
+// Start may be pressed again before the worker has disabled the button; that press is ignored.
 void winMakeMovie::bStart_Action() {
     if (Find<Thread>("thr").State() == Thread::States::Running) return;
     ReadSettings();
@@ -20,17 +20,16 @@ void winMakeMovie::bStart_Action() {
     Find<Thread>("thr").Run();
 }
 
-// The bounds are not those that the labels speak of; what lies beyond them is raised, and the dialog shows it.
+// The bounds differ from the labels'. A value below its bound is raised to it, and the field shows that.
 void winMakeMovie::ReadSettings() {
     constexpr double kSmallestSide = 32;
-    const auto number = [this](const std::string& name) { return Val(Find<EditField>(name).Text()); };
-    SizeX = ToInt32(std::max(number("eSizeX"), kSmallestSide));
-    SizeY = ToInt32(std::max(number("eSizeY"), kSmallestSide));
-    FrameRate = std::max(number("eFrameRate"), kLowestFrameRate);
-    StartTime = ToInt32(number("eStart"));
+    SizeX = ToInt32(std::max(Number("eSizeX"), kSmallestSide));
+    SizeY = ToInt32(std::max(Number("eSizeY"), kSmallestSide));
+    FrameRate = std::max(Number("eFrameRate"), kLowestFrameRate);
+    StartTime = ToInt32(Number("eStart"));
     Compress = Find<CheckBox>("CheckBox1").Value();
     OpenMovie = Find<CheckBox>("CheckBox2").Value();
-    Scale = std::max(number("eScale"), 1.0) / 100;
+    Scale = std::max(Number("eScale"), 1.0) / 100;
 
     Find<EditField>("eSizeX").Text(Str(SizeX));
     Find<EditField>("eSizeY").Text(Str(SizeY));
@@ -79,7 +78,8 @@ void winMakeMovie::bCancel_Action() {
     }
 }
 
-// With a job only when the program ends, and has ended the worker: what it has made is saved.
+// If a job is under way, the program is quitting and has ended the worker. Dropping the movie saves what was
+// made so far.
 void winMakeMovie::Event_Close() {
     m = nullptr;
     t = nullptr;

@@ -32,20 +32,21 @@ constexpr std::string_view kFooter =
 constexpr const char* kNoNameToRead = "Can't read preferences because no filename has been set";
 constexpr const char* kNoFileCode = "????";
 
-// What it means for the user if the folder or the file can't be used.
+// What it means for the user that the folder or the file can't be used.
 constexpr const char* kNotKept = "The colours will not be kept.";
 constexpr const char* kReplaced =
     "The clock has its default colours. At its end the program will try to replace the file.";
 
-/// The places of a tag in a text. Found once for all searches, since those of an odd file go back again and again.
-class Places {
+/// The positions of a tag in a text. They are found once for all searches, since an odd file is searched from
+/// near its beginning again and again.
+class TagPositions {
   public:
-    Places(std::string_view text, std::string_view tag) {
+    TagPositions(std::string_view text, std::string_view tag) {
         for (auto at = text.find(tag); at != std::string_view::npos; at = text.find(tag, at + 1))
             positions_.push_back(at + 1);
     }
 
-    /// The position, in bytes from 1, of the tag at or after `start`; 0 if it isn't there.
+    /// The position, in bytes from 1, of the first tag at or after `start`; 0 if there is none.
     std::size_t Find(std::size_t start) const {
         const auto found = std::ranges::lower_bound(positions_, start);
         return found == positions_.end() ? 0 : *found;
@@ -55,7 +56,7 @@ class Places {
     std::vector<std::size_t> positions_;
 };
 
-/// The bytes of a text from `start` up to, but not including, `end`, counted from 1.
+/// The bytes of a text from `start` up to, but not including, `end`. Both count from 1.
 std::string_view Between(std::string_view text, std::size_t start, std::size_t end) {
     return end > start ? text.substr(start - 1, end - start) : std::string_view();
 }
@@ -100,14 +101,14 @@ bool Preferences::ReadFile() {
     std::optional<std::string> contents = ReadWhole(Filename);
     if (!contents) return false;
 
-    // The values are parts of this one text: in an odd file each of them may reach to its end.
+    // The values are views into this text, since in an odd file each of them may reach to its end.
     const auto text = std::make_shared<const std::string>(std::move(*contents));
-    const Places keyOpenings(*text, kKey.opening), keyClosings(*text, kKey.closing);
-    const Places stringOpenings(*text, kString.opening), stringClosings(*text, kString.closing);
+    const TagPositions keyOpenings(*text, kKey.opening), keyClosings(*text, kKey.closing);
+    const TagPositions stringOpenings(*text, kString.opening), stringClosings(*text, kString.closing);
     const std::size_t first = keyOpenings.Find(1);
     if (first == 0 || keyClosings.Find(first) == 0) return false;
 
-    // A search that fails counts as found at 0, which leads back into the text. To come to a value again is the end.
+    // A failed search gives 0, so the scan restarts near the top; it ends when it reaches a value again.
     std::vector<bool> visited(text->size() + kString.opening.size() + 1);
     std::size_t value = 0;
     while (!visited[value]) {
@@ -152,7 +153,7 @@ void Preferences::WritePagePrefsFile(const std::string& text) {
 }
 
 std::string Preferences::ReadPagePrefsFile() {
-    // It asks for the other file's name, so both have to be set.
+    // It checks the name of the settings file and reads the other file, so both names have to be set.
     if (Filename.empty()) {
         MsgBox(kNoNameToRead);
         return {};

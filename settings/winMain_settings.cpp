@@ -12,14 +12,14 @@ void winMain::ReadPrefs() {
     winMain& window = winMain::Instance();
     for (const auto& [key, colour] : kColourSettings)
         window.*colour = preferences.Get(key, ClockColours().*colour).ColorValue();
-    // The first run leaves a complete file behind.
+    // So the first run leaves a complete file behind.
     if (!wasRead) preferences.WriteFile();
 }
 
 void winMain::WritePrefs() {
     Preferences preferences;
     preferences.Constructor();
-    // The dot-file name is not the one that is read: where it is used, every run begins with the default colours.
+    // The dot-file that is read has another name, so with dot-files each run begins with the default colours.
     preferences.Filename = targets::kDotFileSettings ? ".DwindledialrPrefs" : "DwindledialPrefs.plist";
 
     for (const auto& [key, colour] : kColourSettings)

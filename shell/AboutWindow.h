@@ -11,7 +11,7 @@ class AboutWindow final : public InformationWindow {
   public:
     static AboutWindow& Instance() { return ImplicitInstance<AboutWindow>("AboutWindow.AboutWindow"); }
 
-    /// Whether the credits show. SetupWindow reads it.
+    /// Whether SetupWindow shows the credits.
     bool UseCredits = false;
 
     void AppIconCanvas_Paint(const Ref<Graphics>& g);
@@ -21,11 +21,11 @@ class AboutWindow final : public InformationWindow {
     void StatAppCopyright_Open() { ChooseFont<StaticText>("StatAppCopyright"); }
     bool RBIconCanvas_MouseDown(Int32 x, Int32 y);
     void RBIconCanvas_Paint(const Ref<Graphics>& g);
-    /// Shows a text in the credits field: as mark-up, or as it stands.
+    /// Shows a text in the credits field; its tags are applied if `markup`, else they are shown as text.
     void SetCreditsFieldText(const std::string& text, bool markup);
 
     using Window::Show;
-    /// Fills and arranges the window anew, also when it is open, and brings it forward.
+    /// Fills and arranges the window anew, even if it is open, and brings it to the front.
     void Show(bool useCredits);
     void SetupWindow();
     /// The program's version as the user reads it, "1.2.3b (45)".

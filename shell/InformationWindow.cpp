@@ -7,17 +7,17 @@
 
 namespace {
 
-/// Does what a tag says; it comes without its brackets. `remembered` is the size that stood before the latest <font>.
-void Obey(const std::string& tag, TextStyle& style, Int32& remembered) {
+/// Applies a tag, given without its brackets. `sizeBefore` is the text size before the latest <font>.
+void ApplyTag(const std::string& tag, TextStyle& style, Int32& sizeBefore) {
     const std::string key = NthField(tag, " ", 1);
     if (key == "b" || key == "/b") {
         style.isBold = key == "b";
     } else if (key == "i" || key == "/i") {
         style.isItalic = key == "i";
     } else if (key == "font") {
-        remembered = std::exchange(style.size, ToInt32(Val(NthField(tag, "\"", 2))));
+        sizeBefore = std::exchange(style.size, ToInt32(Val(NthField(tag, "\"", 2))));
     } else if (key == "/font") {
-        style.size = remembered;
+        style.size = sizeBefore;
     }
 }
 
@@ -50,13 +50,13 @@ StyledText ParseMarkup(std::string_view markup, Int32 baseSize) {
     constexpr std::size_t kNone = std::string_view::npos;
     StyledText runs;
     TextStyle style{false, false, baseSize};
-    Int32 remembered = 0;
+    Int32 sizeBefore = 0;
     while (true) {
         const std::size_t open = markup.find('<');
         const std::size_t close = markup.find('>', open);
         if (open == kNone || close == kNone) break;
         Append(runs, markup.substr(0, open), style);
-        Obey(std::string(markup.substr(open + 1, close - open - 1)), style, remembered);
+        ApplyTag(std::string(markup.substr(open + 1, close - open - 1)), style, sizeBefore);
         markup.remove_prefix(close + 1);
     }
     Append(runs, markup, style);

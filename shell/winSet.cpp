@@ -10,10 +10,10 @@ namespace {
 constexpr Int32 kMaxMinutes = 60;
 constexpr Int32 kMaxSeconds = 59;
 
-/// The whole number in a field; counting one up or down can't overflow.
+/// The whole number in a field. A double, so that adding or subtracting one can't overflow.
 double Number(const EditField& field) { return ToInt32(Val(field.Text())); }
 
-/// Two digits at least, as the fields show a number.
+/// A number as the fields show it, with at least two digits.
 std::string Digits(double number) { return Format(number, "00"); }
 
 }  // namespace
@@ -62,13 +62,13 @@ void winSet::_CreateControls0() {
     label("StaticText2", "Sec", 73, 10, seconds);
 }
 
-// It is the set time that shows, not what remains of it.
+// The fields show the time that was set, not what remains of it.
 void winSet::Event_Open() {
     eMin().Text(Digits(winMain::Instance().SetMinutes));
     eSec().Text(Digits(winMain::Instance().SetSeconds));
 }
 
-// No bound applies here: what the fields hold is what is set.
+// No bound applies here: whatever the fields hold is set.
 void winSet::btnOK_Action() {
     auto& timer = winMain::Instance();
     timer.SetMinutes = ToInt32(Val(eMin().Text()));
@@ -124,7 +124,7 @@ bool winSet::eMin_KeyDown(const std::string& key) {
     return verdict != KeyVerdict::ToField;
 }
 
-// While the minutes read 60, no key at all reaches the seconds.
+// While the field of the minutes reads 60, no key reaches that of the seconds.
 bool winSet::eSec_KeyDown(const std::string& key) {
     if (eMin().Text() == "60") {
         eSec().Text("00");
