@@ -6,13 +6,13 @@ namespace {
 
 Int32 Highest(Color color) { return std::max({color.Red(), color.Green(), color.Blue()}); }
 
-/// From the lowest component to the highest.
+/// The difference between the highest component and the lowest.
 Int32 Range(Color color) { return Highest(color) - std::min({color.Red(), color.Green(), color.Blue()}); }
 
 }  // namespace
 
 Color HSV(double hue, double saturation, double value) {
-    // Each component is the value, less what its distance on the circle of hues takes away.
+    // Each component is the value, reduced the more, the farther its own hue is from this one.
     const auto component = [&](double offset) {
         const double place = std::fmod(offset + hue * 6, 6);
         const double distance = std::clamp(std::min(place, 4 - place), 0.0, 1.0);

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Whether the path leads to a plain file. To open anything else, such as a pipe, may never come back.
+/// Whether the path leads to a plain file. Opening anything else, such as a pipe, may block for ever.
 bool IsPlainFile(const fs::path& path) {
     std::error_code ignored;
     return fs::is_regular_file(path, ignored);
@@ -33,7 +33,7 @@ Ref<Stream> Unopened(const fs::path& path, const char* failure) {
     return Ref<Stream>::Nil("The file " + path.string() + failure + (isOdd ? "it isn't a plain file" : reason) + ".");
 }
 
-/// Makes a folder, and those above it that are missing, for the user alone. 0, or the error for which it isn't there.
+/// Makes a folder and all above it that are missing, for the user alone. 0, or why there is no such folder.
 int MakeFolder(const fs::path& folder) {
     int error = EEXIST;
     fs::path made;
@@ -46,7 +46,7 @@ int MakeFolder(const fs::path& folder) {
     return fs::is_directory(folder, ignored) ? 0 : error;
 }
 
-/// Where the latest movie could be made; empty before the first.
+/// The folder of the latest movie that could be made; empty before the first.
 fs::path& MovieFolder() {
     static fs::path folder;
     return folder;

@@ -20,16 +20,16 @@ class FileType {
     Property<std::string> MacType;
     Property<std::string> MacCreator;
 
-    /// The text form, which dialogs for files take as their filter: "Name (*.one *.two)".
+    /// The text form that a file dialog takes as its filter: "Name (*.one *.two)".
     std::string ToString() const;
 };
 
-/// A file being read. Bytes come as they stand in the file, in no encoding.
+/// A file being read. The bytes of the file aren't converted.
 class TextInputStream {
   public:
     explicit TextInputStream(std::ifstream file) : file_(std::move(file)) {}
 
-    /// All that is left of the file.
+    /// The rest of the file.
     std::string ReadAll();
     void Close() { file_.close(); }
 
@@ -60,8 +60,8 @@ class FolderItem {
     /// The folder that holds this item; nil for the root.
     Ref<FolderItem> Parent() const;
 
-    /// The item of that name in this folder, whether it exists or not. Nil when no file can have that name: one that
-    /// is empty, "." or "..", longer than 255 bytes, or holds a "/" or a zero byte.
+    /// The item of that name in this folder, whether it exists or not. Nil when no file can have that name:
+    /// one that is empty, "." or "..", longer than 255 bytes, or holds a "/" or a zero byte.
     Ref<FolderItem> Child(const std::string& name) const;
 
     bool Exists() const;
@@ -72,14 +72,15 @@ class FolderItem {
     /// The file, opened for reading; nil when it can't be.
     Ref<TextInputStream> OpenAsTextFile() const;
 
-    /// A new empty file in place of what was there, opened for writing; nil when it can't be made.
+    /// A new empty file, which replaces an old one, opened for writing; nil when it can't be made.
     Ref<TextOutputStream> CreateTextFile();
 
-    /// The picture in the file (BMP, PNG, PICT); nil when there is none. Where a screen is dense, the one of twice the
-    /// size in the file beside it whose name ends in "@2x", if there is one, shown at the same size.
+    /// The picture in the file (BMP, PNG, PICT); nil if it can't be read. On a dense screen, a file beside it
+    /// whose name ends in "@2x", with twice the pixels for the same size, is taken instead if there is one.
     Ref<Picture> OpenAsPicture() const;
 
-    /// A new movie with no track in place of what was there; the file exists from here on. Nil when it can't be made.
+    /// A new movie without a track, which replaces the file; the file exists from now on. Nil when it can't
+    /// be made, and for anything but a plain file.
     Ref<EditableMovie> CreateMovie();
 
     /// Opens the file with the desktop's program for its type, in front if `activate`; doesn't wait.
@@ -95,11 +96,11 @@ class FolderItem {
 
 namespace SpecialFolder {
 
-/// The user's folder for settings, made when it is missing; nil when it can't be made.
+/// The user's folder for settings, which is made if it is missing; nil when it can't be made.
 Ref<FolderItem> Preferences();
 
 }  // namespace SpecialFolder
 
-/// The file that the user chose in the desktop's dialog for saving, which offers `defaultName` where the latest movie
-/// was made and shows the files of `filter` (a FileType's text form). Nil when the user cancelled.
+/// Lets the user choose a file in the desktop's dialog for saving, which proposes `defaultName` in the folder
+/// of the latest movie and shows the files of `filter` (a FileType's text form). Nil when the user cancels.
 Ref<FolderItem> GetSaveFolderItem(const std::string& filter, const std::string& defaultName);

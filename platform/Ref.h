@@ -10,7 +10,7 @@
 /// Thrown when a reference that names no object is used as if it did.
 class NilObjectException : public std::runtime_error {
   public:
-    /// `type` is that of the object that was wanted; its name stands in what(), behind the reason if there is one.
+    /// `type` is that of the missing object. what() gives the reason, if there is one, and the type's name.
     explicit NilObjectException(const std::type_info& type, const std::string& why = "");
     explicit NilObjectException(const std::string& wanted);
 
@@ -21,8 +21,8 @@ class NilObjectException : public std::runtime_error {
     std::string why_;
 };
 
-/// A shared reference to an object of the toolkit; the object lives until its last reference goes. A reference may be
-/// nil: then it converts to False, and reaching through it throws NilObjectException.
+/// A shared reference to an object of the toolkit; the object lives until its last reference goes. A
+/// reference may be nil: then it converts to False, and reaching through it throws NilObjectException.
 template <class T>
 class Ref {
   public:
@@ -33,13 +33,13 @@ class Ref {
     template <class U>
     requires std::is_convertible_v<U*, T*> Ref(const Ref<U>& other) : object_(other.Shared()) {}
 
-    /// Nil, and why, in a sentence for the user: the exception of whoever uses the reference all the same says it.
+    /// Nil, with the reason in a sentence for the user, which the exception at its use repeats.
     static Ref Nil(std::string why) {
         Ref nil;
         nil.why_ = std::make_shared<const std::string>(std::move(why));
         return nil;
     }
-    /// The same reference. If it is nil for a known reason, another sentence follows: what that means for the user.
+    /// The same reference. If it has a reason, a sentence is added to that: what it means for the user.
     Ref IfNil(const std::string& consequence) const { return why_ ? Nil(*why_ + " " + consequence) : *this; }
 
     T* operator->() const { return &**this; }

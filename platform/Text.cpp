@@ -37,9 +37,9 @@ std::size_t Count(std::string_view text, char character) {
     return static_cast<std::size_t>(std::ranges::count(text, character));
 }
 
-/// A number of 0 or more in plain digits with a point.
+/// A number of 0 or more in decimal digits with a point, rounded half up.
 std::string RoundedDigits(double number, std::size_t places) {
-    // to_chars rounds halves to even, so they are settled before. From 2^53 on, no digit is left that could be rounded.
+    // Rounds first, because to_chars rounds halves to even. From 2^53 on there is no fraction to round.
     const double scale = std::pow(10.0, places);
     const double scaled = number * scale;
     const double rounded = scaled < 0x1p53 ? std::round(scaled) / scale : number;
@@ -53,7 +53,7 @@ std::string RoundedDigits(double number, std::size_t places) {
 
 std::string Grouped(std::string digits) {
     std::string separator = localeconv()->thousands_sep;
-    // The "C" locale groups nothing, but a mask that asks for groups means them to be seen.
+    // The "C" locale has no separator for groups, but the mask asks for one.
     if (separator.empty() && std::string_view(localeconv()->decimal_point) == ".") separator = ",";
     for (std::size_t end = digits.size(); end > 3;) {
         end -= 3;
@@ -68,12 +68,12 @@ double Val(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
     if (text.starts_with("&h") || text.starts_with("&H"))
         return ParseNumber("0x" + Leading(text.substr(2), "0123456789abcdefABCDEF"));
-    // Only these characters, so that the library finds neither "inf" nor "0x" here.
+    // Only these characters, because the library would also read "inf" and "0x10".
     return ParseNumber(Leading(WithPoint(text), "+-.0123456789eE"));
 }
 
 std::string Str(double number) {
-    std::array<char, 400> digits;  // the tiniest numbers take 327
+    std::array<char, 400> digits;  // the longest text, of a very small number, has 327 characters
     char* const end = digits.data() + digits.size();
     return {digits.data(), std::to_chars(digits.data(), end, number, std::chars_format::fixed).ptr};
 }
@@ -90,7 +90,7 @@ std::string Format(double number, std::string_view mask) {
     const std::size_t point = std::min(digits.find('.'), digits.size());
     std::string whole = digits.substr(0, point);
     if (whole == "0") whole.clear();
-    whole.insert(0, leastDigits - std::min(leastDigits, whole.size()), '0');
+    if (whole.size() < leastDigits) whole.insert(0, leastDigits - whole.size(), '0');
     if (wholeMask.find(',') != npos) whole = Grouped(whole);
 
     const bool isZero = digits.find_first_not_of("0.") == npos;

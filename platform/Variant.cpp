@@ -28,7 +28,7 @@ Color Variant::ColorValue() const {
     const std::string_view digits = part_.starts_with('#') ? part_.substr(1) : part_;
     if (digits.size() != kColorDigits) return Color{};
 
-    // Unsigned, since that takes no sign.
+    // Unsigned, because from_chars would accept a minus sign otherwise.
     unsigned value = 0;
     const char* const end = digits.data() + digits.size();
     const auto read = std::from_chars(digits.data(), end, value, 16);

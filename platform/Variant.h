@@ -15,13 +15,13 @@ class Variant {
     explicit(false) Variant(std::string text);
     explicit(false) Variant(const char* text) : Variant(std::string(text)) {}
     explicit(false) Variant(Color color);
-    /// The String `part`, which lies in `*whole`, without a copy of it.
+    /// The String `part`, a view into `*whole`, without copying it.
     Variant(std::shared_ptr<const std::string> whole, std::string_view part);
 
     /// The text itself, or a colour as "#" and six hexadecimal digits.
     std::string StringValue() const { return std::string(part_); }
 
-    /// The colour itself, or that of a text: six hexadecimal digits, with or without "#"; else black.
+    /// The colour itself, or that of six hexadecimal digits with or without "#". Any other text is black.
     Color ColorValue() const;
 
   private:
@@ -29,7 +29,7 @@ class Variant {
     std::string_view part_;
 };
 
-/// A hash map of Variants that keeps the order in which its keys were first stored. Keys of the same text are the same.
+/// A hash map of Variants that keeps the order in which its keys were stored. Keys are compared as texts.
 class Dictionary {
   public:
     bool HasKey(const Variant& key) const { return index_.contains(key.StringValue()); }
@@ -39,13 +39,13 @@ class Dictionary {
     /// Stores or replaces the value under `key`.
     void Value(const Variant& key, const Variant& value);
 
-    /// Keys and values in the same order: the value of Keys()[i] is Values()[i].
+    /// All keys, and all values in the same order: Values()[i] belongs to Keys()[i].
     const std::vector<Variant>& Keys() const { return keys_; }
     const std::vector<Variant>& Values() const { return values_; }
 
   private:
     std::vector<Variant> keys_;
     std::vector<Variant> values_;
-    /// Where in both the key of a text is.
+    /// The index of each key in both, by the key's text.
     std::unordered_map<std::string, std::size_t> index_;
 };

@@ -37,7 +37,7 @@ class ClockPictureTest : public TimerWindowTest, public testing::WithParamInterf
     }
 
     /// A copy that shares nothing with the picture.
-    QImage Seen() const { return Composed(*picture).copy(); }
+    QImage Seen() const { return WithMask(*picture).copy(); }
     QImage Draw(Int32 seconds, bool showTimeUp = false) const {
         Timer().Redraw(picture->Graphics(), seconds, 0.95, true, showTimeUp);
         return Seen();
@@ -62,7 +62,7 @@ class ClockPictureTest : public TimerWindowTest, public testing::WithParamInterf
         return std::ranges::min({kBackground, kFace, kWedge, kFrame}, {}, distance);
     }
     Color At(QPointF point) const {
-        return Nearest(Composed(*picture).pixel((point * surface.ratio - QPointF(0.5, 0.5)).toPoint()));
+        return Nearest(WithMask(*picture).pixel((point * surface.ratio - QPointF(0.5, 0.5)).toPoint()));
     }
     Color At(double minute, double radius) const { return At(Point(minute, radius)); }
     /// Whether the frame's colour shows there or up to a pixel before: marks begin at whole pixels, fractions dropped.

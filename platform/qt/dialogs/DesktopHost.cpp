@@ -102,7 +102,7 @@ void DesktopHost::DragText(const std::string& text, const Ref<Picture>& picture,
     data->setText(QString::fromStdString(text));
     auto* drag = new QDrag(qApp);  // Qt deletes it, and the data with it
     drag->setMimeData(data);
-    if (picture) drag->setPixmap(QPixmap::fromImage(Composed(*picture)));
+    if (picture) drag->setPixmap(QPixmap::fromImage(WithMask(*picture)));
     drag->setHotSpot({x, y});
     drag->exec(Qt::CopyAction);
 }
@@ -132,7 +132,7 @@ void DesktopHost::ReleaseScreenSaver() {
 
 void DesktopHost::DelayScreenSaver() { serverSaver_.Delay(); }
 
-// Not from Qt: without HOME, it would take the root folder for the user's; and Qt 6.4 takes relative paths.
+// Not taken from Qt, which uses the root folder if there is no HOME and, up to 6.4, accepts relative paths.
 std::filesystem::path DesktopHost::PreferencesFolder() {
     const std::filesystem::path config = FolderIn(getenv("XDG_CONFIG_HOME"));
     if (!config.empty()) return config;

@@ -11,7 +11,7 @@ namespace {
 constexpr double kUnbounded = 1e6;
 constexpr auto kSmooth = QPainter::Antialiasing | QPainter::SmoothPixmapTransform;
 
-// Not antialiased: at a fractional scale the surface's last row and column would be covered in part only.
+// Without antialiasing, which at a fractional scale would only half cover the surface's last row and column.
 void FillSharply(QPainter& painter, QRectF place, const QColor& color) {
     if (place.isEmpty()) return;
     painter.setRenderHint(QPainter::Antialiasing, false);
@@ -19,13 +19,13 @@ void FillSharply(QPainter& painter, QRectF place, const QColor& color) {
     painter.setRenderHint(QPainter::Antialiasing);
 }
 
-// A picture that lay between the device's pixels, as at a fractional scale, would be blurred at every edge in it.
+// At a fractional scale a picture may lie between the device's pixels, which would blur every edge in it.
 QRect NearestPixels(const QTransform& toDevice, const QRect& place) {
     const QRectF exact = toDevice.mapRect(QRectF(place));
     return {exact.topLeft().toPoint(), exact.size().toSize()};
 }
 
-// Not hinted, so that a text's width grows evenly with its size and is the same at every scale factor.
+// Without hinting, so that a text's width grows evenly with its size and is the same at every scale factor.
 QFont FontOf(const Graphics& g) {
     QFont font = FontNamed(g.TextFont(), g.TextSize());
     font.setBold(g.Bold());
@@ -59,7 +59,7 @@ void Graphics::FillRect(Int32 x, Int32 y, Int32 width, Int32 height) {
 
 void Graphics::DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) {
     if (width <= 0 || height <= 0) return;
-    // In pixels of the device, so that all four sides are equally wide at a fractional scale, too.
+    // Computed in pixels of the device, so that all four sides are equally wide at a fractional scale, too.
     const QTransform& toDevice = peer_->painter.deviceTransform();
     const QRect outer = QRectF(toDevice.mapRect(QRectF(x, y, width, height))).toRect();
     const int side = std::max(ToInt32(toDevice.m11() + 0.5), 1);
@@ -72,7 +72,7 @@ void Graphics::DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) {
 }
 
 void Graphics::DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2) {
-    // For a single pixel, a pen with square ends covers the wrong ones.
+    // A line of one pixel would be drawn beside that pixel.
     if (x1 == x2 && y1 == y2) return FillRect(x1, y1, 1, 1);
     const QPointF middle(0.5, 0.5);
     peer_->painter.setRenderHint(QPainter::Antialiasing, false);
@@ -98,7 +98,7 @@ void Graphics::DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 
     const QTransform& toDevice = peer_->painter.deviceTransform();
     const QRect pixels = NearestPixels(toDevice, destination);
     const QImage fitted =
-        Composed(*picture).copy(part).scaled(pixels.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        WithMask(*picture).copy(part).scaled(pixels.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     peer_->painter.drawImage(toDevice.inverted().mapRect(QRectF(pixels)), fitted);
 }
 

@@ -46,12 +46,12 @@ Ref<Picture> Picture::Mask(bool create) {
     return mask_;
 }
 
-QImage Composed(Picture& picture) {
+QImage WithMask(Picture& picture) {
     QImage image = picture.pixels().View();
     if (const Ref<Picture> mask = picture.Mask(false)) {
         QImage opacity = mask->pixels().View().convertToFormat(QImage::Format_Grayscale8);
         opacity.invertPixels();
-        // Which reads the scales of both images, and places the one in the other by them.
+        // setAlphaChannel takes both scales into account, so both are 1 for this call.
         opacity.setDevicePixelRatio(1);
         image.setDevicePixelRatio(1);
         image.setAlphaChannel(opacity);
@@ -78,7 +78,7 @@ Ref<Picture> NewPicture(Int32 width, Int32 height, Int32, double scale) {
 
 namespace {
 
-/// An image to read into. What a damaged file lacks stays as it is here; it would be what the memory held before.
+/// A white image to read into. What a damaged file doesn't fill would otherwise be random memory.
 QImage Blank(QSize size, QImage::Format format) {
     QImage image(size, format);
     if (!image.isNull() && image.depth() <= 8) image.setColorCount(1 << image.depth());
@@ -88,7 +88,7 @@ QImage Blank(QSize size, QImage::Format format) {
 
 QImage ReadImage(const std::filesystem::path& file) {
     QImageReader reader(QFile::decodeName(file.c_str()));
-    // A BMP file whose rows go from top to bottom tells a negative height.
+    // The height is negative in a BMP file whose rows go from top to bottom.
     const int width = reader.size().width();
     const qint64 height = std::abs(qint64{reader.size().height()});
     if (width * height > kMostPixelsInFile) return {};
@@ -97,7 +97,7 @@ QImage ReadImage(const std::filesystem::path& file) {
     return ToQImage(MovieLibrary::Installed().ReadPict(file));
 }
 
-/// `scale` of the image's pixels are a logical one; nil for no image.
+/// A picture of the image, `scale` of whose pixels are a logical one. Nil for a null image.
 Ref<Picture> PictureOf(const QImage& image, int scale) {
     Ref<Picture> picture = NewPicture(image.width() / scale, image.height() / scale, 32, scale);
     if (picture) picture->Graphics()->peer().Fill(image);

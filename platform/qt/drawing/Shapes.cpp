@@ -13,13 +13,13 @@ namespace {
 
 using std::numbers::pi;
 
-/// One edge of the ring.
+/// The outer or the inner edge of a stroked ellipse.
 class Edge {
   public:
     Edge(QPointF centre, double radiusX, double radiusY, QPointF cut)
         : centre_(centre), radiusX_(radiusX), radiusY_(radiusY), offset_(cut - centre) {}
 
-    /// Where the quarter of that number begins, from the right by way of the bottom.
+    /// The angle at which a quarter begins. Quarter 0 is the lower right one; they count clockwise.
     double Begin(int quarter) const {
         const double sideways = Angle(offset_.x(), radiusX_);
         const double upright = Angle(offset_.y(), radiusY_);
@@ -27,7 +27,7 @@ class Edge {
         return quarter * pi / 2 + beyond[quarter % 4];
     }
 
-    /// Appends the points from one angle to another.
+    /// Appends the points of the edge from one angle to another.
     void AppendTo(QPolygonF& polygon, double from, double to, double step) const {
         const int steps = std::max(ToInt32(std::ceil(std::abs(to - from) / step)), 1);
         for (int i = 0; i <= steps; ++i) {
@@ -45,22 +45,22 @@ class Edge {
     QPointF offset_;
 };
 
-/// The angle that may be cut short by a straight line: nowhere does that move the edge by more than a part of a pixel.
+/// The angle of an arc that a straight line may replace: the edge moves by a small part of a pixel at most.
 double Step(double radiusInPixels) {
     constexpr double kDeviation = 0.05;
-    constexpr double kSmallest = 1e-4;  // beyond any screen, where the points would fill the memory
+    constexpr double kSmallest = 1e-4;  // for ellipses larger than any screen, whose points would fill the memory
     return std::max(2 * std::acos(1 - std::min(kDeviation / radiusInPixels, 1.0)), kSmallest);
 }
 
-/// The outline of an ellipse, stroked, in four pieces without a seam between them. The rasteriser spends most of its
-/// time on finding its place among the edges that cross a row; a piece has two where the whole has four.
-/// The cuts run along `cut`.x() and `cut`.y(), which are to be near the centre and to fall between pixels.
+/// The stroked outline of an ellipse, in four pieces without a seam between them. The rasteriser's cost grows
+/// with the edges on a row: a quarter has two, the whole ring four. The ring is cut along `cut`.x() and
+/// `cut`.y(), which must be near the centre and lie between pixels.
 std::array<QPolygonF, 4> RingInQuarters(const QRectF& ellipse, double lineWidth, QPointF cut, double pixelsPerUnit) {
     const double radiusX = ellipse.width() / 2;
     const double radiusY = ellipse.height() / 2;
     const double half = lineWidth / 2;
     const Edge outer(ellipse.center(), radiusX + half, radiusY + half, cut);
-    constexpr double kPoint = 1e-3;  // where the line is so wide that no hole is left
+    constexpr double kPoint = 1e-3;  // the inner radius if the line is so wide that no hole is left
     const Edge inner(ellipse.center(), std::max(radiusX - half, kPoint), std::max(radiusY - half, kPoint), cut);
     const double step = Step((std::max(radiusX, radiusY) + half) * pixelsPerUnit);
     std::array<QPolygonF, 4> quarters;
@@ -72,7 +72,7 @@ std::array<QPolygonF, 4> RingInQuarters(const QRectF& ellipse, double lineWidth,
     return quarters;
 }
 
-void DrawRing(QPainter& painter, const QRectF& ellipse, double lineWidth) {
+void StrokeEllipse(QPainter& painter, const QRectF& ellipse, double lineWidth) {
     const QTransform& toDevice = painter.deviceTransform();
     const QPointF cut = toDevice.inverted().map(QPointF(toDevice.map(ellipse.center()).toPoint()));
     for (const QPolygonF& quarter : RingInQuarters(ellipse, lineWidth, cut, toDevice.m11()))
@@ -85,7 +85,7 @@ QColor Translucent(Color color, double opacityPercent) {
     return result;
 }
 
-QRectF Around(const RectShape& shape, Int32 x, Int32 y) {
+QRectF BoundsOf(const RectShape& shape, Int32 x, Int32 y) {
     return {x - shape.Width() / 2, y - shape.Height() / 2, shape.Width(), shape.Height()};
 }
 
@@ -93,7 +93,7 @@ QRectF Around(const RectShape& shape, Int32 x, Int32 y) {
 
 void Graphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
     QPainter& painter = peer_->painter;
-    const QRectF ellipse = Around(oval, x, y);
+    const QRectF ellipse = BoundsOf(oval, x, y);
     painter.setPen(Qt::NoPen);
     if (oval.Fill() > 0) {
         painter.setBrush(Translucent(oval.FillColor(), oval.Fill()));
@@ -101,21 +101,21 @@ void Graphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
     }
     if (oval.Border() > 0) {
         painter.setBrush(Translucent(oval.BorderColor(), oval.Border()));
-        DrawRing(painter, ellipse, oval.BorderWidth());
+        StrokeEllipse(painter, ellipse, oval.BorderWidth());
     }
 }
 
 void Graphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {
     QPainter& painter = peer_->painter;
     constexpr double kTurn = 2 * std::numbers::pi;
-    const QRectF ellipse = Around(arc, x, y);
+    const QRectF ellipse = BoundsOf(arc, x, y);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Translucent(arc.FillColor(), arc.Fill()));
     if (std::abs(arc.ArcAngle()) >= kTurn) {
         painter.drawEllipse(ellipse);
         return;
     }
-    // A path rather than drawPie, which knows angles to a sixteenth of a degree only: a second is a tenth.
+    // drawPie takes angles in sixteenths of a degree, which is too coarse: a second is a tenth of a degree.
     const auto degrees = [](double radians) { return -radians * 360 / kTurn; };
     QPainterPath slice(ellipse.center());
     slice.arcTo(ellipse, degrees(arc.StartAngle()), degrees(arc.ArcAngle()));

@@ -9,7 +9,7 @@ namespace {
 constexpr int kSystemSize = 13;
 constexpr int kSmallSystemSize = 11;
 
-/// The room that a text wants when it is centred: without what is free both above and below its letters.
+/// The size that a centred text needs, without the free space that is both above and below its letters.
 QSizeF RoomFor(const QString& text, const QFont& font) {
     const QFontMetricsF metrics(font);
     const QRectF letters = metrics.tightBoundingRect(text);
@@ -21,9 +21,10 @@ QSizeF RoomFor(const QString& text, const QFont& font) {
 
 QFont FontNamed(const std::string& name, int pixelSize) {
     const bool isSmall = name == "SmallSystem";
+    const int defaultSize = isSmall ? kSmallSystemSize : kSystemSize;
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     if (!isSmall && name != "System") font.setFamily(QString::fromStdString(name));
-    font.setPixelSize(pixelSize > 0 ? pixelSize : isSmall ? kSmallSystemSize : kSystemSize);
+    font.setPixelSize(pixelSize > 0 ? pixelSize : defaultSize);
     return font;
 }
 

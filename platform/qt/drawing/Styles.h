@@ -10,11 +10,10 @@
 #include "platform/Color.h"
 #include "platform/Controls.h"
 
-/// The font behind one of the toolkit's names, "System" or "SmallSystem" or a family of the desktop. A size of 0 is the
-/// name's own default; sizes are in logical pixels.
+/// The font for "System", "SmallSystem" or a font family, in logical pixels; a size of 0 is the default.
 QFont FontNamed(const std::string& name, int pixelSize = 0);
 
-/// `font`, set narrower and then smaller until `text` fits into `box`, but not under `smallestSize` pixels.
+/// `font`, made narrower and then smaller until `text` fits into `box`, but not below `smallestSize` pixels.
 QFont FittedFont(QFont font, const QString& text, QSizeF box, int smallestSize = 6);
 
 inline QColor ToQColor(Color color) { return {color.Red(), color.Green(), color.Blue()}; }

@@ -10,11 +10,11 @@
 #include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
 
-/// Antialiased raster painting, straight onto its device.
+/// The antialiasing painter of a surface, which paints straight onto its device.
 struct Graphics::Peer {
-    /// On an image, whose memory must outlive this object.
+    /// Paints on an image, whose memory must outlive this object.
     Peer(QImage surface, QSize logicalSize);
-    /// On a widget, within its paint event; the painter must end before the event is over.
+    /// Paints on a widget. This object lives within the widget's paint event.
     explicit Peer(QWidget& widget);
 
     /// Draws an image over the whole surface.
@@ -22,15 +22,15 @@ struct Graphics::Peer {
 
     QImage image;
     QSize size;
-    /// What ClearRect goes back to.
+    /// The colour that ClearRect fills with.
     QColor background = Qt::white;
     QPainter painter;
 };
 
-/// The memory behind a picture, shared by views: one may be painted on while another is read, and nothing is copied.
+/// The memory of a picture. Views share it without copying, so one may be painted on while another is read.
 class Picture::Pixels {
   public:
-    /// White. Throws std::bad_alloc when there is no memory for it.
+    /// All pixels are white. Throws std::bad_alloc when there is no memory for them.
     Pixels(QSize logicalSize, double devicePixelRatio);
 
     QImage View();
@@ -45,8 +45,8 @@ class Picture::Pixels {
     std::vector<QRgb> memory_;
 };
 
-/// A picture's pixels seen through its mask; it must not be changed while the image is in use.
-QImage Composed(Picture& picture);
+/// A picture's pixels with its mask as transparency. The picture must not change while the image is used.
+QImage WithMask(Picture& picture);
 
-/// A copy of an image that the movie library gave; null for none.
+/// A copy of an image of the movie library; a null image for none.
 QImage ToQImage(const std::optional<RgbImage>& image);

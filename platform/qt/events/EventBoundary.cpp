@@ -46,7 +46,7 @@ bool IsNew(const std::string& text) {
     return reported.insert(text).second;
 }
 
-/// Handlers within handlers: one may wait for a dialog, whose own come meanwhile.
+/// More than one if a handler waits for a dialog, whose handlers run meanwhile.
 thread_local int handlersUnderWay = 0;
 thread_local std::vector<std::function<void()>> postponed;
 
@@ -65,7 +65,7 @@ void AfterHandlers(std::function<void()> action) {
     postponed.push_back(std::move(action));
 }
 
-// The box waits for the event to be over: a paint event can't have an event loop within it.
+// The box is shown once the event is over, because a paint event can't have an event loop within it.
 void ReportUncaught() {
     const Report report = Describe();
     if (!IsNew(report.line)) return;
