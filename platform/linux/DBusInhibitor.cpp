@@ -1,6 +1,5 @@
 #include "platform/linux/DBusInhibitor.h"
 
-#include <QDBusConnection>
 #include <QDBusObjectPath>
 #include <QDBusServiceWatcher>
 #include <QVariantMap>

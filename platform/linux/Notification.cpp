@@ -1,8 +1,5 @@
 #include "platform/linux/Notification.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusServiceWatcher>
 #include <QObject>
 #include <QVariantMap>
 #include <utility>
@@ -44,8 +41,6 @@ class ShownNotification final : public QObject, public std::enable_shared_from_t
         // From any sender: for a service's name, the bus would be asked for its owner and waited for.
         bus.connect({}, kPath, kService, u"ActivationToken"_s, this, SLOT(KeepToken(uint, QString)));
         bus.connect({}, kPath, kService, u"ActionInvoked"_s, this, SLOT(Choose(uint)));
-        // To a service that comes after it, the number would mean something else.
-        connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this] { id_ = kNone; });
     }
 
     void Begin(const QDBusMessage& notify) {
@@ -76,7 +71,6 @@ class ShownNotification final : public QObject, public std::enable_shared_from_t
 
     static constexpr uint kNone = 0;
     const std::function<void()> chosen_;
-    QDBusServiceWatcher watcher_{kService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForUnregistration};
     uint id_ = kNone;
     bool hasEnded_ = false;
 };

@@ -12,10 +12,10 @@
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QColorDialog>
+#include <QtWidgets/QMessageBox>
 #include <algorithm>
 
 #include "platform/qt/dialogs/CompressionDialog.h"
-#include "platform/qt/dialogs/Question.h"
 #include "platform/qt/dialogs/SaveDialog.h"
 #include "platform/qt/drawing/Styles.h"
 #include "platform/qt/drawing/Surfaces.h"
@@ -86,7 +86,10 @@ void DesktopHost::Announce(const std::string& text, const std::function<void()>&
 }
 
 void DesktopHost::MsgBox(const std::string& text) {
-    Ask(Owner(), QApplication::applicationName(), QString::fromStdString(text), QMessageBox::Ok);
+    const QString title = QApplication::applicationName();
+    QMessageBox box(QMessageBox::NoIcon, title, QString::fromStdString(text), QMessageBox::Ok, Owner());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 bool DesktopHost::SelectColor(Color& color, const std::string& prompt) {

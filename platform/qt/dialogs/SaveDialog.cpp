@@ -9,14 +9,20 @@
 #include <QtCore/QStandardPaths>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMessageBox>
 #include <cerrno>
 #include <system_error>
-
-#include "platform/qt/dialogs/Question.h"
 
 namespace fs = std::filesystem;
 
 namespace {
+
+int Ask(QWidget* owner, const QString& title, const QString& text, QMessageBox::StandardButtons answers) {
+    QMessageBox box(QMessageBox::NoIcon, title, text, answers, owner);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec();
+}
 
 /// The text form of a file type whose name is a MIME type, with the words for it that desktops show.
 QString Readable(const QString& filter) {
@@ -68,13 +74,10 @@ int AskWhetherToReplace(QWidget* owner, const fs::path& file) {
                QMessageBox::No | QMessageBox::Yes);
 }
 
-/// Yes if the file may be saved to, No if the user is to choose another, NoButton if the program ends meanwhile.
-int MaySaveTo(QWidget* owner, const fs::path& file) {
+/// Yes if the file may be saved to, NoButton if the program ends meanwhile; otherwise the user is to choose another.
+int AskAbout(QWidget* owner, const fs::path& file) {
     const std::string obstacle = Obstacle(file);
-    if (!obstacle.empty()) {
-        const bool goesOn = SayCantBeWritten(owner, file, obstacle) == QMessageBox::Ok;
-        return goesOn ? QMessageBox::No : QMessageBox::NoButton;
-    }
+    if (!obstacle.empty()) return SayCantBeWritten(owner, file, obstacle);
     std::error_code ignored;
     return fs::exists(file, ignored) ? AskWhetherToReplace(owner, file) : QMessageBox::Yes;
 }
@@ -89,13 +92,14 @@ fs::path AskWhereToSave(QWidget* owner, const std::string& filter, const fs::pat
     dialog.setNameFilter(Readable(QString::fromStdString(filter)));
     fs::path file = proposal;
     int answer = QMessageBox::No;
-    while (answer == QMessageBox::No) {
+    while (answer != QMessageBox::Yes) {
+        if (answer == QMessageBox::NoButton) return {};
         dialog.setDirectory(FirstFolder(file.parent_path()));
         dialog.selectFile(QString::fromStdString(file.filename()));
         if (dialog.exec() != QDialog::Accepted) return {};
         file = dialog.selectedFiles().constFirst().toStdString();
         if (file.filename().string().find('.') == std::string::npos) file += proposal.extension();
-        answer = MaySaveTo(owner, file);
+        answer = AskAbout(owner, file);
     }
-    return answer == QMessageBox::Yes ? file : fs::path();
+    return file;
 }
