@@ -65,8 +65,9 @@ class ShownNotification final : public QObject, public std::enable_shared_from_t
     Q_SLOT void KeepToken(uint id, const QString& token) {
         if (id == id_) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
     }
+    /// Calls later, since a window that comes to the front ends this object.
     Q_SLOT void Choose(uint id) {
-        if (id == id_ && !hasEnded_) chosen_();
+        if (id == id_ && !hasEnded_) QMetaObject::invokeMethod(qApp, chosen_, Qt::QueuedConnection);
     }
 
     static constexpr uint kNone = 0;
