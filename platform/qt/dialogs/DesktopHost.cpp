@@ -137,7 +137,7 @@ void DesktopHost::DelayScreenSaver() { serverSaver_.Delay(); }
 
 // Not taken from Qt, which uses the root folder if there is no HOME and, up to 6.4, accepts relative paths.
 std::filesystem::path DesktopHost::PreferencesFolder() {
-    const std::filesystem::path config = FolderIn(getenv("XDG_CONFIG_HOME"));
+    std::filesystem::path config = FolderIn(getenv("XDG_CONFIG_HOME"));
     if (!config.empty()) return config;
     const std::filesystem::path home = HomeFolder();
     return home.empty() ? home : home / ".config";
