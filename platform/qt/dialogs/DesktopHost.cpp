@@ -23,16 +23,19 @@
 
 namespace {
 
-/// The folder of that path; empty for nil and for a relative path, which counts as none.
-std::filesystem::path FolderIn(const char* value) {
+/// The folder that a variable of the environment names. Empty if it is unset or relative, which counts as unset.
+std::filesystem::path FolderIn(const char* variable) {
+    const char* const value = getenv(variable);
     const std::filesystem::path folder = value ? value : "";
     return folder.is_absolute() ? folder : std::filesystem::path();
 }
 
-std::filesystem::path HomeFolder() {
-    const std::filesystem::path home = FolderIn(getenv("HOME"));
-    const passwd* const user = home.empty() ? getpwuid(getuid()) : nullptr;
-    return user ? FolderIn(user->pw_dir) : home;
+// Without these, Qt's dialogs would keep their own settings in the root folder; with relative ones in the folder in
+// which the program was started.
+void CompleteEnvironment() {
+    const passwd* const user = FolderIn("HOME").empty() ? getpwuid(getuid()) : nullptr;
+    if (user) setenv("HOME", user->pw_dir, 1);
+    if (FolderIn("XDG_CONFIG_HOME").empty()) unsetenv("XDG_CONFIG_HOME");
 }
 
 void RingBell() {
@@ -46,6 +49,7 @@ DesktopHost::DesktopHost(const std::string& applicationId, const std::string& na
     : desktopSaver_(applicationId),
       alertSound_(applicationId, name, alertSound, RingBell),
       notification_(applicationId, name) {
+    CompleteEnvironment();
     QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &listener_, [this] { FocusChanged(); });
 }
 
@@ -135,12 +139,11 @@ void DesktopHost::ReleaseScreenSaver() {
 
 void DesktopHost::DelayScreenSaver() { serverSaver_.Delay(); }
 
-// Not taken from Qt, which uses the root folder if there is no HOME and, up to 6.4, accepts relative paths.
 std::filesystem::path DesktopHost::PreferencesFolder() {
-    std::filesystem::path config = FolderIn(getenv("XDG_CONFIG_HOME"));
-    if (!config.empty()) return config;
-    const std::filesystem::path home = HomeFolder();
-    return home.empty() ? home : home / ".config";
+    std::filesystem::path config = FolderIn("XDG_CONFIG_HOME");
+    const std::filesystem::path home = FolderIn("HOME");
+    if (config.empty() && !home.empty()) config = home / ".config";
+    return config;
 }
 
 bool DesktopHost::SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan,

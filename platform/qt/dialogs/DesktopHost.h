@@ -14,6 +14,8 @@
 class DesktopHost final : public Host {
   public:
     /// `applicationId` and `name` tell services who asks; `alertSound` is played where the desktop has no sound for it.
+    /// A HOME that is unset or relative becomes that of the user's account, for the whole process; a relative
+    /// XDG_CONFIG_HOME is unset.
     DesktopHost(const std::string& applicationId, const std::string& name, const std::filesystem::path& alertSound);
 
     double Microseconds() override;
