@@ -36,7 +36,8 @@ Color Grey(double value) { return HSV(0, 0, value); }
 
 /// The colour with its HSV value lowered by `amount`, but not below 0.
 Color Darker(Color color, double amount) {
-    return HSV(readColorHue(color), readColorSaturation(color), std::max(0.0, readColorValue(color) - amount));
+    const double value = std::max(0.0, readColorValue(color) - amount);
+    return HSV(readColorHue(color), readColorSaturation(color), value);
 }
 
 /// By how much all HSV values sink while the button is pressed; the outline's sinks by half of it.
@@ -69,8 +70,8 @@ bool SmartColorWell::Event_MouseDown(Int32 x, Int32 y) {
     mouseDownY = y;
     draggedColorBox = false;
     showPressed(true);
-    mouseDownWithinColorBox =
-        withinColorBox(x, y) && (EnableColorDrag || Keyboard::AsyncCommandKey() || Keyboard::AsyncOptionKey());
+    const bool mayDrag = EnableColorDrag || Keyboard::AsyncCommandKey() || Keyboard::AsyncOptionKey();
+    mouseDownWithinColorBox = mayDrag && withinColorBox(x, y);
     if (MouseDown) MouseDown(x, y);
     return true;
 }
@@ -80,15 +81,17 @@ void SmartColorWell::Event_MouseDrag(Int32 x, Int32 y) {
         if (withinControl(x, y) != mouseDownAndWithin) showPressed(!mouseDownAndWithin);
         return;
     }
-    const bool hasMoved = std::abs(x - mouseDownX) > kDragDistance || std::abs(y - mouseDownY) > kDragDistance;
-    if (!hasMoved || draggedColorBox) return;
+    const Int32 distance = std::max(std::abs(x - mouseDownX), std::abs(y - mouseDownY));
+    if (distance <= kDragDistance || draggedColorBox) return;
     showPressed(false);
     draggedColorBox = true;
     dragColor(targets::kDragFromPress ? mouseDownX : x, targets::kDragFromPress ? mouseDownY : y);
 }
 
 void SmartColorWell::dragColor(Int32 x, Int32 y) {
-    const Ref<DragItem> item = NewDragItem(Left() + x - kDragSize / 2, Top() + y - kDragSize / 2, kDragSize, kDragSize);
+    const Int32 left = Left() + x - kDragSize / 2;
+    const Int32 top = Top() + y - kDragSize / 2;
+    const Ref<DragItem> item = NewDragItem(left, top, kDragSize, kDragSize);
     item->Text(getColorAsHexString());
     item->DragPicture(PictureToDrag(ColorSelected, ScaleFactor()));
     item->Drag();

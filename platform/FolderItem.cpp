@@ -27,10 +27,10 @@ std::string InWords(int error) { return std::generic_category().message(error); 
 /// Nil for a file that couldn't be opened; errno says why, unless it isn't a plain file.
 template <class Stream>
 Ref<Stream> Unopened(const fs::path& path, const char* failure) {
-    const std::string reason = InWords(errno);
+    std::string reason = InWords(errno);
     std::error_code ignored;
-    const bool isOdd = fs::exists(path, ignored) && !IsPlainFile(path);
-    return Ref<Stream>::Nil("The file " + path.string() + failure + (isOdd ? "it isn't a plain file" : reason) + ".");
+    if (fs::exists(path, ignored) && !IsPlainFile(path)) reason = "it isn't a plain file";
+    return Ref<Stream>::Nil("The file " + path.string() + failure + reason + ".");
 }
 
 /// Makes a folder and all above it that are missing, for the user alone. 0, or why there is no such folder.
@@ -123,9 +123,8 @@ Ref<FolderItem> GetSaveFolderItem(const std::string& filter, const std::string& 
 
 Ref<FolderItem> SpecialFolder::Preferences() {
     fs::path folder = Host::Current().PreferencesFolder();
-    if (folder.empty()) return Ref<FolderItem>::Nil("There is no folder for settings, since the user has no home.");
+    if (folder.empty()) return Ref<FolderItem>::Nil("There is no home folder, and so none for settings.");
     const int error = MakeFolder(folder);
-    if (error != 0)
-        return Ref<FolderItem>::Nil("The folder " + folder.string() + " can't be made: " + InWords(error) + ".");
-    return MakeRef<FolderItem>(std::move(folder));
+    if (error == 0) return MakeRef<FolderItem>(std::move(folder));
+    return Ref<FolderItem>::Nil("The folder " + folder.string() + " can't be made: " + InWords(error) + ".");
 }

@@ -118,7 +118,8 @@ bool Preferences::ReadFile() {
         const std::size_t key = opening + kKey.opening.size();
         const std::size_t keyEnd = keyClosings.Find(key);
         value = stringOpenings.Find(keyEnd) + kString.opening.size();
-        Put(std::string(Between(*text, key, keyEnd)), Variant(text, Between(*text, value, stringClosings.Find(value))));
+        const std::size_t valueEnd = stringClosings.Find(value);
+        Put(std::string(Between(*text, key, keyEnd)), Variant(text, Between(*text, value, valueEnd)));
     }
     return true;
 }

@@ -45,8 +45,8 @@ class ClockPictureTest : public TimerWindowTest, public testing::WithParamInterf
 
     double Radius() const { return std::min(surface.width, surface.height) * 0.95 * 0.97 / 2; }
 
-    /// The point at an angle in minutes of the face, clockwise from 12 o'clock, and a radius of 1 at the ring's middle.
-    /// The centre's half pixel is dropped.
+    /// The point at an angle in minutes, clockwise from 12 o'clock, and at a radius, which is 1 in the middle of
+    /// the ring. The centre's half pixel is dropped.
     QPointF Point(double minute, double radius) const {
         const double angle = (minute / 60 - 0.25) * 2 * std::numbers::pi;
         return QPointF(surface.width / 2, surface.height / 2) +
@@ -65,7 +65,7 @@ class ClockPictureTest : public TimerWindowTest, public testing::WithParamInterf
         return Nearest(WithMask(*picture).pixel((point * surface.ratio - QPointF(0.5, 0.5)).toPoint()));
     }
     Color At(double minute, double radius) const { return At(Point(minute, radius)); }
-    /// Whether the frame's colour shows there or up to a pixel before: marks begin at whole pixels, fractions dropped.
+    /// Whether the frame's colour is there or up to a pixel before, since marks begin at a truncated coordinate.
     bool HasMark(double minute, double radius) const {
         const QPointF there = Point(minute, radius);
         return At(there) == kFrame || At(there - QPointF(0.5, 0.5)) == kFrame || At(there - QPointF(1, 1)) == kFrame;

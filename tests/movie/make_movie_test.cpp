@@ -79,7 +79,7 @@ class MakeMovieTest : public TimerWindowTest {
         return Eventually([] { return Progress().value() > 20; });
     }
 
-    /// The number of samples, as the table of their sizes begins; the last one, where the file was readable before.
+    /// The number of samples, from the last table of sample sizes; the file may have an earlier, incomplete one.
     Int32 FrameCount() const {
         const std::string movie = LoadText(host.fileToSave);
         const std::size_t count = movie.rfind("stsz") + 12;

@@ -108,8 +108,9 @@ double Graphics::StringWidth(const std::string& text) {
 
 Int32 Graphics::StringHeight(const std::string& text, Int32 wrapWidth) {
     const QRectF box(0, 0, wrapWidth, kUnbounded);
-    return ToInt32(std::ceil(
-        QFontMetricsF(FontOf(*this)).boundingRect(box, Qt::TextWordWrap, QString::fromStdString(text)).height()));
+    const QFontMetricsF metrics(FontOf(*this));
+    const QRectF bounds = metrics.boundingRect(box, Qt::TextWordWrap, QString::fromStdString(text));
+    return ToInt32(std::ceil(bounds.height()));
 }
 
 Int32 Graphics::TextAscent() { return ToInt32(std::round(QFontMetricsF(FontOf(*this)).ascent())); }

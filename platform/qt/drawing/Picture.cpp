@@ -12,7 +12,8 @@
 Picture::Pixels::Pixels(QSize logicalSize, double devicePixelRatio)
     : logicalSize_(logicalSize), size_((QSizeF(logicalSize) * devicePixelRatio).toSize()), ratio_(devicePixelRatio) {
     constexpr QRgb kWhite = 0xFFFFFFFF;
-    memory_.assign(static_cast<std::size_t>(size_.width()) * static_cast<std::size_t>(size_.height()), kWhite);
+    const auto width = static_cast<std::size_t>(size_.width());
+    memory_.assign(width * static_cast<std::size_t>(size_.height()), kWhite);
 }
 
 QImage Picture::Pixels::View() {
@@ -32,8 +33,10 @@ Int32 Picture::Height() const { return pixels_->LogicalSize().height(); }
 std::span<const std::uint32_t> Picture::Bits() const { return pixels_->Bits(); }
 
 Ref<Graphics> Picture::Graphics() {
-    if (!graphics_)
-        graphics_ = MakeRef<::Graphics>(std::make_unique<::Graphics::Peer>(pixels_->View(), pixels_->LogicalSize()));
+    if (!graphics_) {
+        auto peer = std::make_unique<::Graphics::Peer>(pixels_->View(), pixels_->LogicalSize());
+        graphics_ = MakeRef<::Graphics>(std::move(peer));
+    }
     return graphics_;
 }
 
@@ -71,8 +74,8 @@ Ref<Picture> NewPicture(Int32 width, Int32 height, Int32, double scale) {
     try {
         return MakeRef<Picture>(std::make_unique<Picture::Pixels>(QSize(width, height), scale));
     } catch (const std::exception&) {
-        return Ref<Picture>::Nil("There isn't enough memory for a picture of " + std::to_string(width) + " x " +
-                                 std::to_string(height) + " pixels.");
+        const std::string size = std::to_string(width) + " x " + std::to_string(height);
+        return Ref<Picture>::Nil("There isn't enough memory for a picture of " + size + " pixels.");
     }
 }
 

@@ -48,7 +48,7 @@ class Edge {
 /// The angle of an arc that a straight line may replace: the edge moves by a small part of a pixel at most.
 double Step(double radiusInPixels) {
     constexpr double kDeviation = 0.05;
-    constexpr double kSmallest = 1e-4;  // for ellipses larger than any screen, whose points would fill the memory
+    constexpr double kSmallest = 1e-4;  // so that a huge ellipse doesn't fill the memory with points
     return std::max(2 * std::acos(1 - std::min(kDeviation / radiusInPixels, 1.0)), kSmallest);
 }
 
