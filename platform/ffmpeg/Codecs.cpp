@@ -54,6 +54,8 @@ constexpr Codec kCodecs[] = {
      .format = AV_PIX_FMT_YUV420P,
      .colours = kVideo,
      .quality = {Quantiser, 31, 1},
+     // Each block is coded in the way of fewest bits: a still clock takes a seventh of the bytes, a fifth more time.
+     .options = "mbd=bits",
      .rateLimit = 65535,
      .keyFrameLimit = 120},
     // Halved colours come out wrong at odd widths. The usual search for a quantiser takes five times as long.
