@@ -13,7 +13,7 @@ void winMain::Layout() {
     MinSize(400, 150);
     Width(441);
     Height(229);
-    BackColor(Color_Window_Background);
+    BackColor(RGB(0x9F, 0x9F, 0x9F));  // seen before the first paint alone, whatever colour the user has chosen
 }
 
 void winMain::_CreateControls0() {

@@ -75,16 +75,17 @@ class Window : public std::enable_shared_from_this<Window> {
         return *control;
     }
 
-    /// The handler of a command of the menu bar. Whether it returns True makes no difference here.
+    /// Sets the handler of a command of the menu bar. Its result makes no difference.
     void _AddMenuHandler(const std::string& itemName, MenuHandler handler);
 
-    /// The live window of class W. On the main thread it is built, opened and, if no sheet, shown when there is none.
+    /// The open window of class W. If there is none, it is built, opened and, unless it is a sheet, shown; but only on
+    /// the main thread: any other one gets a NilObjectException.
     template <class W>
     static W& ImplicitInstance(const std::string& key) {
         if (Window* open = FindOpen(key)) return static_cast<W&>(*open);
         if (!IsMainThread()) throw NilObjectException(key);
         const std::shared_ptr<W> window(new W, [](W* last) {
-            last->EndWorkers();  // they use what a derived window's own end would destroy
+            last->EndWorkers();  // first, since they use the members of the derived window
             delete last;
         });
         Open(key, window);
@@ -107,7 +108,7 @@ class Window : public std::enable_shared_from_this<Window> {
         return added;
     }
 
-    // What a window class says of itself, called once in this order when it is built.
+    // What a window class defines. Each is called once, in this order, when the window is built.
     virtual void Layout() {}
     virtual void CreateControls() {}
     /// Registers the handlers of the menu bar's commands with `window`, which is this one.

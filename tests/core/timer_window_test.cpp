@@ -87,6 +87,15 @@ TEST_F(TimerTest, FullscreenShowsTheMenuBarAtTheTopAndGivesTheFrameBack) {
     QWidget& window = *Clock().window();
     QMenuBar& bar = *window.findChild<QMenuBar*>();
     const auto hasBarAt = [&bar](Int32 y) { return Timer().Event_MouseMove(0, y), bar.isVisible(); };
+    window.showMaximized();
+    ASSERT_TRUE(Eventually([&] { return window.width() > 700; }));
+    Timer()._ViewToggleFullscreen_Action();
+    EXPECT_TRUE(window.isMaximized()) << "KWin would ignore a request for it while the window is fullscreen still";
+    ASSERT_TRUE(Eventually([&] { return window.size() == window.screen()->size(); }));
+    Timer().ToggleFullscreen(true);
+    window.setWindowState(Qt::WindowNoState);
+    EXPECT_TRUE(!Timer().FullScreen() && window.isMaximized()) << "the window manager has ended it";
+    window.showNormal();
     Timer().Left(40);
     Timer().Top(60);
     Timer().Width(500);

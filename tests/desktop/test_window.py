@@ -60,7 +60,11 @@ class FullscreenTest(DesktopTest):
 
     def test_the_exact_frame_comes_back(self):
         normal = self.frame()
-        for names in ((), ("MAXIMIZED_VERT",), ("MAXIMIZED_VERT", "MAXIMIZED_HORZ")):
+        vertically, fully = ("MAXIMIZED_VERT",), ("MAXIMIZED_VERT", "MAXIMIZED_HORZ")
+        # What the window is before, and what the user does to it while the dialog is over it. A size alone comes last,
+        # when the program has once asked for a place itself.
+        for names, change in (
+                ((), {}), (vertically, {}), (fully, {}), ((), {"x": 90, "y": 80}), ((), {"width": 700, "height": 400})):
             self.ask_for(True, *names)
             self.wait_until(lambda: self.frame()[1] == set(names), f"it is maximised: {names}")
             self.desktop.settle()
@@ -69,6 +73,8 @@ class FullscreenTest(DesktopTest):
             self.run_and_stop()
             dialog = SetTimer(self.timer)
             self.wait_for_frame(before)  # the dialog lies over the window as it was
+            self.timer.window.configure(**change)
+            self.wait_until(lambda: bool(change) == (self.frame() != before), f"the window has changed: {change}")
             dialog.close(*SetTimer.SET)
             self.wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
             self.desktop.key("ctrl+f")

@@ -71,7 +71,8 @@ struct Probe final : Window {
         field.LostFocus = [] { Fault("LostFocus"); };
         AddControl<PushButton>("button", 50, 22, 50, 22, 2).Action = [] { Fault("button Action"); };
         AddControl<Timer>("timer").Action = [] { Fault("timer Action"); };
-        AddControl<StaticText>("label", 0, 0, 180, 30, 0);
+        AddControl<GroupBox>("group", 20, 5, 170, 90, 3);
+        AddControl<StaticText>("label", 0, 0, 180, 30, 0).InitialParent("group");
     }
     void Event_Open() override { Hear("Open"); }
     void Event_Close() override { Hear("Close"); }
@@ -205,6 +206,7 @@ TEST_F(WindowTest, HasItsSizeBelowTheMenuBar) {
     EXPECT_EQ(Top().minimumSize(), QSize(180, 90 + bar));
     Top().resize(250, 130 + bar);
     EXPECT_EQ(WidgetNamed("canvas").mapTo(&Top(), QPoint()), QPoint(30, 7 + bar));
+    EXPECT_EQ(WidgetNamed("label").mapTo(&Top(), QPoint()), QPoint(0, bar)) << "also in a group";
     EXPECT_THAT(Probe::Instance().heard, ElementsAre("Resizing", "Resized"));
 }
 

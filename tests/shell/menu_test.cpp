@@ -5,10 +5,13 @@
 #include <map>
 #include <set>
 
+#include "colour/winPrefs.h"
+#include "movie/winMakeMovie.h"
 #include "platform/Controls.h"
 #include "shell/AboutWindow.h"
 #include "shell/MenuBar1.h"
 #include "shell/winHelp.h"
+#include "shell/winSet.h"
 #include "tests/support/TimerWindowTest.h"
 
 namespace {
@@ -17,6 +20,8 @@ namespace {
 const std::set<QString> kAlways = {
     "Ctrl+Q", "Ctrl+R", "Ctrl+F", "Help...", "Donate...", "Visit Website...", "About Dwindledial..."};
 const std::set<QString> kWhileStopped = {"Ctrl+,", "Ctrl+M", "Ctrl+T"};
+
+constexpr auto kButtons = Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint;
 
 struct FieldWindow final : Window {
     static FieldWindow& Instance() { return ImplicitInstance<FieldWindow>("FieldWindow.FieldWindow"); }
@@ -87,6 +92,24 @@ TEST_F(MenuTest, CommandsGoToTheirHandlers) {
                                 "ShowURL http://www.example.org",
                                 "ShowURL https://www.example.org/cgi-bin/webscr?cmd=_donations&business=EXAMPLE&lc=US"
                                 "&item_name=Dwindledial%20Development&currency_code=USD"));
+}
+
+TEST_F(MenuTest, EachWindowHasTheButtonsThatItsUserNeeds) {
+    Timer();
+    const std::tuple<Window*, const char*, int> rows[] = {
+        {&winSet::Instance(), "Set Timer", Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint},
+        {&winPrefs::Instance(), "Preferences", Qt::WindowCloseButtonHint},
+        {&winMakeMovie::Instance(), "Create Movie", 0},
+        {&winHelp::Instance(), "Help", Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint},
+        {&AboutWindow::Instance(), " ", Qt::WindowCloseButtonHint}};
+    for (const auto& [window, title, buttons] : rows) {
+        int found = -1;
+        for (const QWidget* widget : QApplication::topLevelWidgets()) {
+            if (widget->windowTitle() == title) found = widget->windowFlags() & kButtons;
+        }
+        EXPECT_EQ(found, buttons) << title;
+        End(*window);
+    }
 }
 
 TEST_F(MenuTest, EditItemsActOnTheFocusedField) {

@@ -1,10 +1,10 @@
 #include "platform/qt/window/WindowPeer.h"
 
 #include <QtCore/QEventLoop>
-#include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
+#include <chrono>
 #include <utility>
 
 #include "platform/qt/controls/RectControlPeer.h"
@@ -12,13 +12,22 @@
 #include "platform/qt/events/Keys.h"
 #include "platform/qt/window/OpenWindows.h"
 
-// Only with the first two hints do window managers look at those for the buttons.
+namespace {
+
+/// How long the window manager may take to answer a request.
+constexpr std::chrono::milliseconds kPatience(2000);
+
+}  // namespace
+
+// Without the first two hints, window managers would ignore those for the buttons.
 WindowPeer::WindowPeer(Window& owner)
     : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowMinMaxButtonsHint |
                            Qt::WindowCloseButtonHint),
       owner_(owner) {
     setMouseTracking(true);
     content_.setMouseTracking(true);
+    settling_.setSingleShot(true);
+    settling_.callOnTimeout(this, [this] { Settle(); });
 }
 
 void WindowPeer::Build() {
@@ -35,19 +44,18 @@ void WindowPeer::Build() {
 }
 
 QRect WindowPeer::Inside() const {
-    if (fullScreen_ == FullScreen::Leaving) return insideBeforeFullScreen_;
+    if (fullScreen_ == FullScreen::Leaving) return wantedInside_;
     return isFullScreen() && !IsFullScreen() ? normalGeometry() : geometry();
 }
 
-// What the window manager is about to bring back isn't asked for as well: a maximised window would lose its state.
 void WindowPeer::MoveTo(QPoint corner) {
-    const QRect inside = Inside();
-    if (fullScreen_ != FullScreen::Leaving || corner != inside.topLeft()) setGeometry(QRect(corner, inside.size()));
+    if (fullScreen_ == FullScreen::Leaving) return wantedInside_.moveTopLeft(corner);
+    setGeometry(QRect(corner, Inside().size()));
 }
 
-// A window that isn't shown yet hears of its new size only when it is.
+// Before the window shows, no resize event tells it of its new size: hence the last line.
 void WindowPeer::SetSize(QSize size) {
-    if (fullScreen_ == FullScreen::Leaving && size == Inside().size()) return;
+    if (fullScreen_ == FullScreen::Leaving) return wantedInside_.setSize(size);
     if (isResizeable_) {
         setMinimumSize(minimum_ + QSize(0, BarHeight()));
         setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
@@ -81,7 +89,7 @@ void WindowPeer::SetMenuBarVisible(bool on) {
 
 int WindowPeer::BarHeight() const { return menu_ ? menu_->Widget().sizeHint().height() : 0; }
 
-// Showing an open window again, or closing one that never showed, must do no harm: both come through here.
+// It may come twice, and for a window that was never shown.
 void WindowPeer::closeEvent(QCloseEvent* event) {
     if (event->spontaneous() && !windowFlags().testFlag(Qt::WindowCloseButtonHint)) return event->ignore();
     event->accept();
@@ -96,7 +104,7 @@ void WindowPeer::closeEvent(QCloseEvent* event) {
     open_windows::Remove(owner_);
 }
 
-// Not modal in Qt's sense, which would take away more than the input: that the window below can still be closed.
+// Not modal in Qt's sense: then the window below couldn't be closed either.
 void WindowPeer::ShowOver(WindowPeer& parent) {
     blocked_ = &parent;
     parent.blocker_ = this;
@@ -107,8 +115,8 @@ void WindowPeer::ShowOver(WindowPeer& parent) {
     show();
 }
 
-// A desktop gives the keyboard back to the window below some time after this one has gone, and weston never to one that
-// has become fullscreen by then: so that is waited for, but not for long, as it may have gone elsewhere.
+// The desktop gives the keyboard back to the window below a moment after this one has closed, and weston doesn't
+// if that window has gone fullscreen by then. So wait for the keyboard too, but not for long: it may go elsewhere.
 void WindowPeer::WaitUntilClosed() {
     if (isClosed_) return;
     QEventLoop loop;
@@ -116,59 +124,72 @@ void WindowPeer::WaitUntilClosed() {
         QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &loop, [&loop](const QWindow* focused) {
             if (focused) loop.quit();
         });
-        QTimer::singleShot(2000, &loop, &QEventLoop::quit);
+        QTimer::singleShot(kPatience, &loop, &QEventLoop::quit);
     };
     loop.exec();
     closed_ = nullptr;
 }
 
-// Zooms once the event under way is over, and not at all if the window has been told to go fullscreen by then: a window
-// manager would bring the zoomed state back at the end of fullscreen, when the saved frame is wanted.
+// Once the event under way is over, which may go on to fullscreen: at the end of that, the window manager would
+// bring back the zoomed window instead of the saved frame.
 void WindowPeer::Zoom() {
-    zoomWaits_ = true;
     const auto zoom = [this] {
-        if (std::exchange(zoomWaits_, false)) setWindowState(windowState() | Qt::WindowMaximized);
+        if (fullScreen_ == FullScreen::Off) setWindowState(windowState() | Qt::WindowMaximized);
     };
     QMetaObject::invokeMethod(this, zoom, Qt::QueuedConnection);
 }
 
-bool WindowPeer::IsFullScreen() const { return fullScreen_ == FullScreen::Entering || fullScreen_ == FullScreen::On; }
-
-// Not both states at once: at each change the toolkit would take the maximised one from the window and give it back, at
-// which a window manager may forget the size before.
 void WindowPeer::SetFullScreen(bool on) {
-    zoomWaits_ = false;
     if (on == IsFullScreen()) return;
-    if (on && fullScreen_ == FullScreen::Off) {
-        insideBeforeFullScreen_ = Inside();
+    if (fullScreen_ == FullScreen::Off) {
+        insideBefore_ = wantedInside_ = Inside();
         wasMaximised_ = isMaximized();
     }
-    fullScreen_ = on ? FullScreen::Entering : FullScreen::Leaving;
-    sinceAsked_.start();
-    setWindowState(on ? Qt::WindowFullScreen : StateBeforeFullScreen());
+    fullScreen_ = on ? FullScreen::On : FullScreen::Leaving;
+    settling_.start(kPatience);
+    AskForState();
     Arrange();
 }
 
-Qt::WindowState WindowPeer::StateBeforeFullScreen() const {
-    return wasMaximised_ ? Qt::WindowMaximized : Qt::WindowNoState;
+// On Wayland a maximised window stays so beneath fullscreen, because KWin ignores a request to maximise a window
+// that is still fullscreen. On X11 it can't stay so: for each change Qt ends the maximised state and asks for it
+// again, whereupon mutter forgets the size that the window had before.
+void WindowPeer::AskForState() {
+    const bool isMaximised = wasMaximised_ && !(IsFullScreen() && QGuiApplication::platformName() == u"xcb");
+    Qt::WindowStates state;
+    state.setFlag(Qt::WindowMaximized, isMaximised).setFlag(Qt::WindowFullScreen, IsFullScreen());
+    setWindowState(state);
+}
+
+// While the window manager is busy with a request, it may still report what an earlier one has led to.
+void WindowPeer::StateChanged() {
+    if (fullScreen_ != FullScreen::Off && isFullScreen() != IsFullScreen()) {
+        if (!settling_.isActive()) fullScreen_ = FullScreen::Off;  // the window manager has ended it
+        AskForState();
+    }
+    Arrange();
 }
 
 void WindowPeer::FrameChanged() {
-    const bool isFilled = isFullScreen() && size() == screen()->size();
-    if (fullScreen_ == FullScreen::Entering && isFilled) fullScreen_ = FullScreen::On;
-    if (fullScreen_ == FullScreen::Leaving && !isFullScreen()) fullScreen_ = FullScreen::Off;
+    const bool isBack = insideBefore_.isNull() || geometry() == insideBefore_;
+    if (fullScreen_ == FullScreen::On && size() == screen()->size()) settling_.stop();
+    if (fullScreen_ == FullScreen::Leaving && isBack) Settle();
 }
 
-// On the way into fullscreen and out of it, the window manager may for a while still answer what was asked for before.
-void WindowPeer::StateChanged() {
-    const bool isAsWanted = fullScreen_ == FullScreen::Off || isFullScreen() == IsFullScreen();
-    if (!isAsWanted && fullScreen_ != FullScreen::On && !sinceAsked_.hasExpired(2000)) {
-        setWindowState(IsFullScreen() ? Qt::WindowFullScreen : StateBeforeFullScreen());
-    } else if (!isAsWanted && IsFullScreen()) {  // the window manager has ended it
-        fullScreen_ = FullScreen::Off;
-        setWindowState(windowState() | StateBeforeFullScreen());
+// Fullscreen has ended, or the window manager has had its time to end it. It brings the frame back by itself: to ask
+// for the same one would end the maximised state, or could come before the title bar is back. Another one is asked
+// for, but not before this point.
+void WindowPeer::Settle() {
+    settling_.stop();
+    if (fullScreen_ != FullScreen::Leaving) return;
+    const bool isOther = wantedInside_ != insideBefore_;
+    if (isOther && isMaximized()) {  // on Wayland a maximised window must not have another size
+        insideBefore_ = {};          // whatever comes back now
+        settling_.start(kPatience);
+        return setWindowState(Qt::WindowNoState);
     }
-    Arrange();
+    fullScreen_ = FullScreen::Off;
+    if (isOther) setGeometry(wantedInside_);
 }
 
 void WindowPeer::changeEvent(QEvent* event) {
@@ -196,7 +217,7 @@ void WindowPeer::Arrange() {
     content_.setGeometry(0, top, width(), height() - top);
     if (!isBuilt_ || content_.size() == before) return;
     controls_.FollowEdges(before, content_.size());
-    // X11 doesn't tell the last step of a resize from the others, so each step is both.
+    // X11 doesn't mark the last step of a resize, so each step counts as both.
     Deliver([this] { owner_.Event_Resizing(); });
     Deliver([this] { owner_.Event_Resized(); });
 }
@@ -204,20 +225,20 @@ void WindowPeer::Arrange() {
 void WindowPeer::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (event->spontaneous()) return;
-    if (menu_) setFocus();  // a menu bar gives the keys back to who had them, and keeps them if nobody had
+    if (menu_) setFocus();  // the menu bar gives the focus back to whatever had it, or keeps it if nothing had
     controls_.FocusFirstField();
 }
 
 void WindowPeer::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() != Qt::NoButton) return;
-    // Of the positions only this one isn't rounded on its way up from a control.
+    // Only scenePosition keeps its fraction when a control passes the event on.
     const QPoint at = PixelAt(event->scenePosition() - content_.pos());
     Deliver([&] { owner_.Event_MouseMove(at.x(), at.y()); });
 }
 
 bool WindowPeer::event(QEvent* event) {
     if (event->type() == QEvent::KeyRelease) RememberRelease(static_cast<QKeyEvent&>(*event));
-    // The toolkit asks here, before it looks at its table of shortcuts, whether someone wants the key for itself.
+    // Before Qt looks for a shortcut, this event asks whether the key is wanted for something else.
     if (event->type() == QEvent::ShortcutOverride) {
         if (IsRepeat(static_cast<QKeyEvent&>(*event))) {
             event->accept();  // a held key is no new command

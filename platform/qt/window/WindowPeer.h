@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
+#include <QtCore/QTimer>
 #include <QtWidgets/QWidget>
 #include <functional>
 #include <memory>
@@ -17,24 +17,25 @@ class WindowPeer final : public QWidget {
   public:
     explicit WindowPeer(Window& owner);
 
-    /// Layout, controls and Open event of a window that is in the list of open windows.
+    /// Lays the window out, creates its controls and delivers Open. It must be in the list of open windows by then.
     void Build();
 
     void SetCentred(bool on) { isCentred_ = on; }
 
-    /// The window's inside on the screen: its controls and a menu bar that takes room.
+    /// The window's inside on the screen: its controls and a menu bar that takes room. At the end of fullscreen it is
+    /// at once what it will be when the window manager has brought it back.
     QRect Inside() const;
     void MoveTo(QPoint corner);
     void SetSize(QSize size);
-    /// For the user; the program can always change the size.
+    /// Whether the user can change the size; the program always can.
     void SetResizeable(bool on);
-    /// Without the menu bar.
+    /// `minimum` doesn't include the menu bar.
     void SetMinimum(QSize minimum);
 
     void SetMenuBar(const Ref<MenuBar>& bar);
     Ref<MenuBar> Bar() const { return menu_ ? menu_->Bar() : nullptr; }
     void SetMenuBarVisible(bool on);
-    /// The height that a windowed menu bar takes from the window's.
+    /// The part of the window's height that the menu bar takes when it isn't fullscreen.
     int BarHeight() const;
 
     QWidget& Content() { return content_; }
@@ -43,8 +44,9 @@ class WindowPeer final : public QWidget {
         handlers_[itemName] = std::move(handler);
     }
 
-    /// Fullscreen as the program asked for it. One that the window manager has made of itself is a large window.
-    bool IsFullScreen() const;
+    /// Whether the program has asked for fullscreen. Without that, a window that the window manager has made fullscreen
+    /// is just a large one.
+    bool IsFullScreen() const { return fullScreen_ == FullScreen::On; }
     void SetFullScreen(bool on);
     void Zoom();
     /// Shows the window over `parent`, which takes no input until it closes.
@@ -63,12 +65,13 @@ class WindowPeer final : public QWidget {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    /// The window manager takes its time to enter fullscreen and to bring the old frame back.
-    enum class FullScreen { Off, Entering, On, Leaving };
+    /// While Leaving, the window manager has yet to bring the frame back.
+    enum class FullScreen { Off, On, Leaving };
 
     void FrameChanged();
     void StateChanged();
-    Qt::WindowState StateBeforeFullScreen() const;
+    void AskForState();
+    void Settle();
     void Arrange();
 
     Window& owner_;
@@ -82,11 +85,13 @@ class WindowPeer final : public QWidget {
     QSize minimum_{0, 0};
     bool menuBarVisible_ = true;
     bool isClosed_ = false;
-    bool zoomWaits_ = false;
     FullScreen fullScreen_ = FullScreen::Off;
-    QElapsedTimer sinceAsked_;
-    QRect insideBeforeFullScreen_;
+    /// Runs while the window manager is busy with a request to enter or leave fullscreen.
+    QTimer settling_;
+    /// What the window was when fullscreen was entered, and the inside that the program wants after it.
+    QRect insideBefore_;
     bool wasMaximised_ = false;
+    QRect wantedInside_;
     /// The window that lies over this one and takes its input, and the one that this lies over.
     QPointer<WindowPeer> blocker_;
     QPointer<WindowPeer> blocked_;
