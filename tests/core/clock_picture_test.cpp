@@ -124,7 +124,7 @@ TEST_P(ClockPictureTest, TheAlertTextIsCentredWithinTheFace) {
 constexpr Surface kSurfaces[] = {{441, 229, 1}, {400, 150, 2}, {201, 201, 1.5}, {1280, 1024, 1}};
 INSTANTIATE_TEST_SUITE_P(Sizes, ClockPictureTest, testing::ValuesIn(kSurfaces));
 
-TEST(GraphicsTest, LinesAreSharpAndTextsKeepToTheirWidth) {
+TEST(GraphicsTest, LinesAreSharp) {
     for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
         SCOPED_TRACE(ratio);
         const Ref<Picture> picture = NewPicture(80, 60, 32, ratio);
@@ -138,13 +138,6 @@ TEST(GraphicsTest, LinesAreSharpAndTextsKeepToTheirWidth) {
         EXPECT_GT(Difference(view, blank).width(), 69 * ratio);
         for (const QRgb pixel : picture->Bits())
             ASSERT_TRUE(pixel == qRgb(0, 0, 0) || pixel == qRgb(255, 255, 255));
-        for (const bool isCondensed : {false, true}) {
-            g->ClearRect(0, 0, 80, 60);
-            g->DrawString("Time is Up!", 5, 20, 50, isCondensed);
-            const QRect text = Difference(view, blank);
-            EXPECT_LE(text.right() / ratio, 55);
-            EXPECT_EQ(text.height() / ratio < 15, isCondensed);
-        }
     }
 }
 

@@ -86,7 +86,10 @@ TEST_F(TimerTest, FullscreenShowsTheMenuBarAtTheTopAndGivesTheFrameBack) {
     const auto frame = [] { return QRect(Timer().Left(), Timer().Top(), Timer().Width(), Timer().Height()); };
     QWidget& window = *Clock().window();
     QMenuBar& bar = *window.findChild<QMenuBar*>();
-    const auto hasBarAt = [&bar](Int32 y) { return Timer().Event_MouseMove(0, y), bar.isVisible(); };
+    const auto hasBarAt = [&bar](Int32 y) {
+        Timer().Event_MouseMove(0, y);
+        return bar.isVisible();
+    };
     window.showMaximized();
     ASSERT_TRUE(Eventually([&] { return window.width() > 700; }));
     Timer()._ViewToggleFullscreen_Action();

