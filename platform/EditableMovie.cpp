@@ -6,7 +6,7 @@
 
 namespace {
 
-/// What the compression dialog proposes: the choice before, in this run of the program.
+/// What the compression dialog proposes: the last choice in this run of the program.
 CompressionSettings& Proposal() {
     static CompressionSettings proposal = [] {
         const std::vector<CodecChoice> choices = MovieLibrary::Installed().Codecs();

@@ -10,14 +10,14 @@ class Graphics;
 class MovieWriter;
 class Picture;
 
-/// From here on a rate can be chosen, in frames per second: a frame a minute.
+/// The lowest frame rate that can be chosen, in frames per second: a frame a minute.
 constexpr double kLowestFrameRate = 0.016666666666666;
 
-/// What a movie is going to show: from this the user is told how much space it will take.
+/// What a movie is going to show. The user is told how much space it will take.
 struct MoviePlan {
     double seconds = 0;
-    /// Draws the picture that is shown so many seconds from the beginning, on a surface of the movie's size. It is
-    /// called on a thread of its own while the user chooses.
+    /// Draws the picture that is shown so many seconds from the beginning, on a surface of the movie's size.
+    /// Called on another thread while the user chooses.
     std::function<void(const Ref<Graphics>&, double seconds)> draw;
 };
 
@@ -29,32 +29,36 @@ class QTVideoTrack {
     /// Frames per second.
     double FrameRate() const;
 
-    /// Adds a frame, which lasts 1 / FrameRate seconds, at the end of the track. The picture is of the track's size
-    /// (any other is left out) and may be drawn on again as soon as the call returns. Waits while the frames before it
-    /// are too far behind with being written. Once a frame could not be written, those that follow are dropped.
+    /// Adds a frame, which lasts 1 / FrameRate seconds, to the end of the track. A picture that isn't of the
+    /// track's size is left out. The picture may be drawn on again as soon as the call returns. Waits while
+    /// too many frames are still to be written. Once a frame could not be written, all that follow are
+    /// dropped.
     void AppendPicture(const Ref<Picture>& picture);
 
-    /// Lets the user choose how the frames are encoded, with `testImage` as the preview, and waits; before the first
-    /// picture, on the main thread. Stores the choice in the track, its frame rate included, and proposes it the next
-    /// time. False, with nothing changed, when the user cancels. A track for which nobody chose is uncompressed.
-    /// Without a plan the user is told nothing of the movie's size.
+    /// Lets the user choose how the frames are encoded, with `testImage` as the preview, and waits. Before
+    /// the first picture, on the main thread. Stores the choice in the track, with its frame rate, and
+    /// proposes it the next time. False, with nothing changed, when the user cancels. A track for which
+    /// nothing was chosen is uncompressed. Without a plan the user isn't told the movie's size.
     bool SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan = {});
 
   private:
     std::shared_ptr<MovieWriter> writer_;
 };
 
-/// A movie that is being written. The file is closed when the last reference to the movie and its track has gone, on
-/// whatever thread drops it; that waits until all frames are written. A failure is not told.
+/// A movie that is being written. The file is closed when the last reference to the movie or its track is
+/// dropped, on the thread that drops it, which waits until all frames are written. The caller isn't told of a
+/// failure.
 class EditableMovie {
   public:
     explicit EditableMovie(std::shared_ptr<MovieWriter> writer) : writer_(std::move(writer)) {}
 
-    /// Whether closing makes a movie of what was appended. Otherwise the file stays behind in pieces. Initially False.
+    /// Whether closing makes a movie of what was appended. Otherwise the file is left incomplete. Initially
+    /// False.
     void SaveOnClose(bool value);
 
-    /// Adds a track of `width` times `height` pixels and `frameRate` frames per second. Nil when a QuickTime file can't
-    /// have such a track (sides go from 1 to 65,535), or when the movie has its track already.
+    /// Adds a track of `width` times `height` pixels and `frameRate` frames per second. Nil when a QuickTime
+    /// file can't have such a track (its sides have 1 to 65,535 pixels), or when the movie has its track
+    /// already.
     Ref<QTVideoTrack> NewVideoTrack(Int32 width, Int32 height, double frameRate);
 
   private:

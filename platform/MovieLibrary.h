@@ -16,7 +16,7 @@ enum class MovieCodec { Uncompressed = 1, H264, H265, Mpeg4, ProRes4444, PhotoJp
 /// How the frames of a movie are encoded. A plain value.
 struct CompressionSettings {
     MovieCodec codec = MovieCodec::Uncompressed;
-    /// From 0 (least) to 100 (best). A codec that has no quality takes no notice of it.
+    /// From 0 (least) to 100 (best). Codecs without a quality ignore it.
     int quality = 75;
     /// Frames per second.
     double frameRate = 1;
@@ -24,15 +24,16 @@ struct CompressionSettings {
     bool operator==(const CompressionSettings&) const = default;
 };
 
-/// A codec as a user chooses it.
+/// A codec that a user can choose.
 struct CodecChoice {
     MovieCodec codec;
     std::string name;
     bool hasQuality;
 };
 
-/// How a codec gets on with frames of a certain size. What is rarely played is made in a way that many players lack.
-enum class SizeSupport { Refused, RarelyPlayed, Full };
+/// How well a codec suits frames of a certain size. PoorlyPlayed frames have a form that many players can't
+/// show.
+enum class SizeSupport { Refused, PoorlyPlayed, Full };
 
 /// Pixels as 0xFFRRGGBB, `width` times `height` of them, row by row without padding.
 struct PixelView {
@@ -41,7 +42,8 @@ struct PixelView {
     std::span<const std::uint32_t> pixels;
 };
 
-/// An image of `width` times `height` pixels, three bytes each (red, green, blue), row by row without padding.
+/// An image of `width` times `height` pixels, three bytes each (red, green, blue), row by row without
+/// padding.
 struct RgbImage {
     int width = 0;
     int height = 0;
@@ -51,64 +53,66 @@ struct RgbImage {
 /// What a movie is going to show.
 struct MovieContent {
     double seconds = 0;
-    /// The picture at so many seconds from the beginning; its pixels stay until the next call.
+    /// Gives the picture at so many seconds from the beginning. Its pixels are valid until the next call.
     std::function<PixelView(double seconds)> pictureAt;
 };
 
-/// A file whose header tells of more than this is taken for a damaged one.
+/// A picture file that claims to have more pixels is taken for a damaged one.
 constexpr std::int64_t kMostPixelsInFile = std::int64_t{4096} * 4096;
 
-/// What stands behind an EditableMovie and its track, whose operations these are; their end is its end. The settings of
-/// the track are set before the first frame only.
+/// Implements an EditableMovie and its track, and is destroyed with the last of them.
 class MovieWriter {
   public:
+    /// Closes the file, and waits until all frames are written.
     virtual ~MovieWriter() = default;
 
     virtual void SaveOnClose(bool value) noexcept = 0;
-    /// False when there can't be such a track, or there is one.
+    /// False when the file can't have such a track, or has one already.
     virtual bool AddTrack(int width, int height, double frameRate) noexcept = 0;
     virtual const CompressionSettings& Settings() const noexcept = 0;
+    /// Before the first frame only.
     virtual void Settings(const CompressionSettings& settings) noexcept = 0;
     virtual void Append(const PixelView& frame) noexcept = 0;
 };
 
-/// What movies are written with, and pictures read that the toolkit can't read itself. It lives in a module of its own,
-/// since it brings so many libraries with it that loading them would be most of the program's start. This base class is
-/// that of a machine which has none. Any thread. Nothing is thrown: what fails for want of memory just fails.
+/// Writes movies, and reads pictures in formats that Qt lacks. It is in a module of its own, because loading
+/// all the libraries that it needs would take most of the program's start. This base class serves a machine
+/// without the module. Any thread. Nothing is thrown: an operation that runs out of memory fails like any
+/// other.
 class MovieLibrary {
   public:
-    /// The codecs that this machine can write, as they are offered, the usual one first; none where movies can't be
-    /// written. Uncompressed, which needs no choice, only if it is all there is.
+    /// The codecs that this machine can write, in the order in which they are offered; none where movies
+    /// can't be written. Uncompressed, which needs no choice, is among them only if it is the only one.
     virtual std::vector<CodecChoice> Codecs() const noexcept { return {}; }
 
-    /// Asks the codec's encoder.
+    /// Asks the codec's encoder whether it takes frames of that size.
     virtual SizeSupport Supports(MovieCodec, int /*width*/, int /*height*/) const noexcept {
         return SizeSupport::Refused;
     }
 
-    /// A new empty file in place of what was there; nil when it can't be made.
+    /// Creates the file, or empties the one that is there. Nil when that fails.
     virtual std::shared_ptr<MovieWriter> Create(const std::filesystem::path&) const noexcept { return nullptr; }
 
-    /// How an image looks as the first frame of a movie, encoded and decoded again. Nothing when that can't be done or
-    /// `stop` asks for the end, which is looked at before each of the few frames that are encoded.
+    /// How an image looks as the first frame of a movie: encoded and decoded again. Nothing when that fails
+    /// or `stop` is requested; that is checked before each of the few frames that are encoded.
     virtual std::optional<RgbImage> EncodePreview(const CompressionSettings&, const PixelView&,
                                                   const std::stop_token& /*stop*/) const noexcept {
         return std::nullopt;
     }
 
-    /// About how many bytes the file of a movie takes for each second of it, its pictures changing about once a second.
-    /// Encodes a short piece. Nothing as above, or when `pictureAt` throws.
+    /// About how many bytes the file of a movie takes for each of its seconds, if its picture changes once a
+    /// second. Encodes up to 30 frames. Nothing as above, or when `pictureAt` throws.
     virtual std::optional<double> EstimateBytesPerSecond(const CompressionSettings&, const MovieContent&,
                                                          const std::stop_token& /*stop*/) const noexcept {
         return std::nullopt;
     }
 
-    /// The image in a PICT file; nothing when the file can't be read or is none.
+    /// The image in a PICT file. Nothing when the file can't be read or isn't one.
     virtual std::optional<RgbImage> ReadPict(const std::filesystem::path&) const noexcept { return std::nullopt; }
 
-    /// The one of this machine. The first call opens the module.
+    /// The library of this machine. The first call opens the module.
     static const MovieLibrary& Installed();
 };
 
-/// The one function that the module gives out.
+/// The only function that the module exports. Its result lives as long as the process.
 extern "C" const MovieLibrary* MovieLibraryOfModule();

@@ -20,7 +20,7 @@ namespace {
 using Pixels = std::vector<std::uint32_t>;
 using Frames = std::vector<Owned<AVFrame>>;
 
-/// Adds up the time in which something runs.
+/// Adds up the time that pieces of work take.
 class Stopwatch {
   public:
     template <class Work>
@@ -61,7 +61,7 @@ class Painter {
     Ref<Picture> picture_;
 };
 
-/// Makes pictures into frames of a form that the encoder takes.
+/// Converts pictures into frames for the encoder.
 class Converter {
   public:
     explicit Converter(const MovieJob& job) : maker_(FindCodec(job.settings.codec), job.width, job.height) {}
@@ -69,7 +69,8 @@ class Converter {
     Frames Convert(const std::vector<Pixels>& pictures) {
         Frames frames;
         for (const Pixels& picture : pictures) {
-            if (Owned<AVFrame> frame = maker_.Convert(picture)) newest_ = std::move(frame);
+            NextFrame next = maker_.Convert(picture);
+            if (auto* frame = std::get_if<Owned<AVFrame>>(&next)) newest_ = std::move(*frame);
             frames.push_back(Own(av_frame_clone(newest_.get())));
         }
         return frames;
@@ -83,7 +84,7 @@ class Converter {
 }  // namespace
 
 double RunEncoder(const MovieJob& job, EncoderInput input) {
-    constexpr Int32 kPixelsAtATime = 2 << 20;  // few enough to stay in the processor's cache, as in the job
+    constexpr Int32 kPixelsAtATime = 2 << 20;  // stay in the processor's cache, as in the job
     Stopwatch stopwatch;
     Stopwatch untimed;
     Stopwatch& conversion = input == EncoderInput::Pictures ? stopwatch : untimed;

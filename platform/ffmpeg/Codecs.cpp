@@ -13,19 +13,19 @@ namespace {
 using enum QualityScale::Unit;
 
 constexpr ColourCoding kVideo{AVCOL_RANGE_MPEG, AVCOL_SPC_BT709};
-// Of JPEG itself; its readers look at no tag.
+// JPEG's own coding, which its readers assume whatever the tags say.
 constexpr ColourCoding kJpeg{AVCOL_RANGE_JPEG, AVCOL_SPC_BT470BG};
 
-// Halved colours need even sides.
-constexpr OtherSizes kWhereOdd{2, 2, AV_PIX_FMT_YUV444P, SizeSupport::RarelyPlayed};
+// Halved colours need even sides, and no side is ever changed. Many players can't show the other format.
+constexpr OtherSizes kWhereOdd{2, 2, AV_PIX_FMT_YUV444P, SizeSupport::PoorlyPlayed};
 
 constexpr std::uint32_t Tag(const char (&type)[5]) { return MKTAG(type[0], type[1], type[2], type[3]); }
 
-// The limits of key frames keep exact seeking short; of MPEG-4 also the errors that add up until the next one.
+// The limits keep exact seeking fast; MPEG-4 has the lowest, as rounding errors add up until a key frame.
 constexpr Codec kCodecs[] = {
-    // H.264 and H.265 can't halve the colours of an odd side, and no side is ever changed. To look far ahead would take
-    // a lot of memory and make the movies of a clock no smaller, nor would a finer search for what moves: nothing does.
-    // Frames that depend on later ones make them larger and slower, and a file that is cut short would have gaps.
+    // H.264 and H.265: looking far ahead would take a lot of memory and not make a clock's movie smaller; nor
+    // would a finer search for motion, as nothing moves. Frames that depend on later ones would make it
+    // larger and slower, and leave gaps where a file ends early.
     {.id = MovieCodec::H264,
      .tag = Tag("avc1"),
      .name = "H.264",
@@ -37,7 +37,7 @@ constexpr Codec kCodecs[] = {
      .options = "preset=veryfast,rc-lookahead=5,x264-params=subme=0:me=dia:weightp=0:bframes=0",
      .keyFrameLimit = 300},
     {.id = MovieCodec::H265,
-     .tag = Tag("hvc1"),  // the one form that Apple's players take
+     .tag = Tag("hvc1"),  // the only form that Apple's players take
      .name = "H.265",
      .encoder = "libx265",
      .format = AV_PIX_FMT_YUV420P,
@@ -58,7 +58,7 @@ constexpr Codec kCodecs[] = {
      .options = "mbd=bits",
      .rateLimit = 65535,
      .keyFrameLimit = 120},
-    // Halved colours come out wrong at odd widths. The usual search for a quantiser takes five times as long.
+    // Halved colours come out wrong at odd widths. The default search for a quantiser is five times slower.
     {.id = MovieCodec::ProRes4444,
      .tag = Tag("ap4h"),
      .name = "Apple ProRes 4444",
@@ -87,8 +87,8 @@ constexpr Codec kCodecs[] = {
      .format = AV_PIX_FMT_RGB24,
      .colours = kRgb,
      .keyFrameLimit = 300},
-    // The muxer writes most other layouts of uncompressed frames wrongly, and says nothing. Rows of three bytes a pixel
-    // would be padded to two bytes; FFmpeg and GStreamer can't read all such rows unless they end on four bytes anyway.
+    // Rows of 3 bytes a pixel are read wrongly by FFmpeg or GStreamer unless their length is a multiple of 4;
+    // 4 bytes a pixel always suit. The muxer writes most other formats wrongly, without an error.
     {.id = MovieCodec::Uncompressed,
      .tag = Tag("raw "),
      .name = "None",
@@ -104,8 +104,8 @@ constexpr Codec kCodecs[] = {
 const Codec& FindCodec(MovieCodec id) { return *std::ranges::find(kCodecs, id, &Codec::id); }
 
 int Codec::KeyFrameDistance(double framesPerSecond) const {
-    constexpr double kSeconds = 60;  // players seek to key frames, so to each minute at least
-    constexpr double kFewest = 30;   // a key frame takes as much as about so many others
+    constexpr double kSeconds = 60;  // players seek to key frames, so to every minute at least
+    constexpr double kFewest = 30;   // a key frame takes about as many bytes as so many others
     const double wanted = std::max(kFewest, std::round(kSeconds * framesPerSecond));
     return static_cast<int>(std::min<double>(wanted, keyFrameLimit));
 }

@@ -9,7 +9,7 @@ extern "C" {
 #include <libavutil/pixfmt.h>
 }
 
-/// What a quality from 0 to 100 means to an encoder: a value between these two, in its own unit.
+/// What a quality from 0 to 100 means to an encoder: a value from `least` to `best`, in the encoder's unit.
 struct QualityScale {
     enum class Unit { None, RateFactor, Quantiser };
     Unit unit = Unit::None;
@@ -17,14 +17,14 @@ struct QualityScale {
     double best = 0;
 };
 
-/// How the colours of a codec are stored; its pictures look false where a reader takes them for others.
+/// How a codec stores colours. A reader that assumes another coding shows false colours.
 struct ColourCoding {
     AVColorRange range;
     AVColorSpace matrix;
 };
 inline constexpr ColourCoding kRgb{AVCOL_RANGE_JPEG, AVCOL_SPC_RGB};
 
-/// How frames are stored whose width and height aren't both multiples of these steps.
+/// How frames are stored whose sides aren't multiples of these steps.
 struct OtherSizes {
     int widthStep = 1;
     int heightStep = 1;
@@ -32,13 +32,14 @@ struct OtherSizes {
     SizeSupport support = SizeSupport::Full;
 };
 
-/// All that is particular to a codec.
+/// All that is peculiar to a codec.
 struct Codec {
     MovieCodec id;
     /// The type of the sample entry in the file, four characters.
     std::uint32_t tag;
-    /// As the user sees it.
+    /// The name that the user sees.
     const char* name;
+    /// The encoder's name in FFmpeg.
     const char* encoder;
     AVPixelFormat format;
     OtherSizes otherSizes = {};
@@ -46,12 +47,12 @@ struct Codec {
     QualityScale quality = {};
     /// The encoder's own options: "name=value,name=value".
     const char* options = "";
-    /// The largest term of a frame rate that the encoder takes.
+    /// The largest term of the fractions that the encoder takes as frame rates.
     int rateLimit = 1001000;
-    /// At most so many frames from one key frame to the next.
+    /// The most frames from one key frame to the next. 1 if every frame is encoded on its own.
     int keyFrameLimit = 1;
 
-    /// Whether every packet is a whole picture, so that it may be written more than once.
+    /// Whether every packet is a whole picture, so that it may be written again for an equal frame.
     bool IsIntraOnly() const { return keyFrameLimit == 1; }
     /// Frames from one key frame to the next.
     int KeyFrameDistance(double framesPerSecond) const;
@@ -66,5 +67,5 @@ struct Codec {
 
 const Codec& FindCodec(MovieCodec id);
 
-/// Those that FFmpeg can write QuickTime files with here, as MovieLibrary has them.
+/// See MovieLibrary::Codecs.
 std::vector<CodecChoice> InstalledCodecs();

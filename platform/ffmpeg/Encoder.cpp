@@ -12,7 +12,8 @@ extern "C" {
 
 namespace {
 
-/// Each holds frames in memory, so two at most. To share the work on a small frame takes longer than to do it.
+/// Each thread holds frames in memory, so there are two at most. To share a small frame takes longer than to
+/// encode it.
 int Threads(int width, int height) {
     constexpr int kSmall = 640 * 480;
     return width * height <= kSmall ? 1 : 2;
@@ -23,7 +24,7 @@ void SetQuality(AVCodecContext& context, const QualityScale& scale, int quality)
     if (scale.unit == QualityScale::Unit::RateFactor)
         av_opt_set_double(context.priv_data, "crf", std::lerp(scale.least, scale.best, part), 0);
     if (scale.unit == QualityScale::Unit::Quantiser) {
-        // Equal steps of quality are equal ratios of the quantiser.
+        // Equal steps of the quality are equal ratios of quantisers.
         const double quantiser = scale.least * std::pow(scale.best / scale.least, part);
         context.flags |= AV_CODEC_FLAG_QSCALE;
         context.qmin = 1;
@@ -48,7 +49,7 @@ Encoder::Encoder(const CompressionSettings& settings, int width, int height, Sin
       packet_(Own(av_packet_alloc())) {
     constexpr const char* kStep = "opening the encoder";
     const AVCodec* const encoder = avcodec_find_encoder_by_name(codec_.encoder);
-    Check(encoder ? 0 : AVERROR_ENCODER_NOT_FOUND, kStep);
+    Require(encoder != nullptr, AVERROR_ENCODER_NOT_FOUND, kStep);
     context_ = Own(avcodec_alloc_context3(encoder));
     context_->width = width;
     context_->height = height;
@@ -56,7 +57,7 @@ Encoder::Encoder(const CompressionSettings& settings, int width, int height, Sin
     context_->framerate = ExactRate(settings.frameRate, codec_.rateLimit);
     context_->time_base = av_inv_q(context_->framerate);
     context_->gop_size = codec_.KeyFrameDistance(settings.frameRate);
-    context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // the container keeps the codec's headers, not each key frame
+    context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // the codec's header stands in the container only
     context_->thread_count = Threads(width, height);
     SetColours(*context_, codec_.colours);
     SetQuality(*context_, codec_.quality, settings.quality);
@@ -65,21 +66,22 @@ Encoder::Encoder(const CompressionSettings& settings, int width, int height, Sin
     const int result = avcodec_open2(context_.get(), encoder, &options);
     av_dict_free(&options);
     Check(result, kStep);
-    context_->codec_tag = codec_.tag;  // some encoders put one there that isn't QuickTime's
+    context_->codec_tag = codec_.tag;  // some encoders have set one that isn't QuickTime's
 }
 
-void Encoder::Write(Owned<AVFrame> frame) {
-    const bool isCopy = !frame && codec_.IsIntraOnly();
-    if (isCopy && copies_.empty()) return Deliver();
-    if (isCopy) {
-        ++copies_.back();
-        return;
-    }
-    if (frame) frame_ = std::move(frame);
+void Encoder::Write(NextFrame next) {
+    auto* const frame = std::get_if<Owned<AVFrame>>(&next);
+    if (!frame && codec_.IsIntraOnly()) return RepeatPacket();
+    if (frame) frame_ = std::move(*frame);
     frame_->pts = framesSent_++;
-    frame_->quality = context_->global_quality;  // a fixed quantiser is looked for here
+    frame_->quality = context_->global_quality;  // encoders look here for a fixed quantiser
     copies_.push_back(1);
     Send(frame_.get());
+}
+
+void Encoder::RepeatPacket() {
+    if (copies_.empty()) return Emit();
+    ++copies_.back();
 }
 
 void Encoder::Finish() { Send(nullptr); }
@@ -93,13 +95,20 @@ void Encoder::Send(const AVFrame* frame) {
         Check(result, kStep);
         std::swap(packet_, received_);
         for (int copies = copies_.front(); copies > 0; --copies)
-            Deliver();
+            Emit();
         copies_.pop_front();
     }
 }
 
-void Encoder::Deliver() {
-    packet_->pts = packet_->dts = packetsDelivered_++;
+void Encoder::Emit() {
+    packet_->pts = packetsEmitted_++;
+    packet_->dts = packet_->pts;
     packet_->duration = 1;
     sink_(*packet_);
+}
+
+SizeSupport SupportOf(MovieCodec codec, int width, int height) {
+    const Encoder opened({.codec = codec}, width, height, [](const AVPacket&) {});
+    const Codec& row = FindCodec(codec);
+    return row.IsOtherSize(width, height) ? row.otherSizes.support : SizeSupport::Full;
 }

@@ -2,8 +2,6 @@
 
 #include <cerrno>
 #include <memory>
-#include <stdexcept>
-#include <string>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -12,7 +10,7 @@ extern "C" {
 }
 
 struct Freer {
-    /// Of a file that is read.
+    /// A context that reads a file.
     void operator()(AVFormatContext* context) const { avformat_close_input(&context); }
     void operator()(AVIOContext* stream) const {
         av_freep(static_cast<void*>(&stream->buffer));
@@ -25,21 +23,28 @@ struct Freer {
     void operator()(SwsContext* context) const { sws_freeContext(context); }
 };
 
-/// The one owner of an object of FFmpeg.
+/// The only owner of an object of FFmpeg's.
 template <class T>
 using Owned = std::unique_ptr<T, Freer>;
 
-/// Throws std::runtime_error when `code`, FFmpeg's or a negated errno, tells of a failure: the step and the reason.
-inline void Check(int code, const char* step) {
-    if (code >= 0) return;
-    char word[AV_ERROR_MAX_STRING_SIZE];
-    av_strerror(code, word, sizeof word);
-    throw std::runtime_error(std::string(step) + ": " + word);
+// In this folder a failure is FFmpeg's negative code, or AVERROR(errno), until one of these makes it an exception.
+
+/// Throws std::runtime_error with the step and the reason as its text.
+[[noreturn]] void Fail(int error, const char* step);
+
+/// Fails when `result` is such a code.
+inline void Check(int result, const char* step) {
+    if (result < 0) Fail(result, step);
 }
 
-/// Owns an object that was just allocated. Throws when it is nil: there was no memory for it.
+/// Fails with the code `error` unless `holds`.
+inline void Require(bool holds, int error, const char* step) {
+    if (!holds) Fail(error, step);
+}
+
+/// Owns an object that was just allocated. Throws when it is nil, for want of memory.
 template <class T>
 Owned<T> Own(T* object) {
-    Check(object ? 0 : AVERROR(ENOMEM), "allocating");
+    Require(object != nullptr, AVERROR(ENOMEM), "allocating");
     return Owned<T>(object);
 }

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <limits>
 #include <utility>
 
@@ -17,17 +16,16 @@ namespace {
 constexpr int kFragmentSize = 1 << 16;
 constexpr int kFramesInFragment = 60;
 
-constexpr const char* kMaking = "making the file";
-
 int Open(const std::filesystem::path& path) {
+    constexpr const char* kStep = "making the file";
     constexpr mode_t kForAll = 0666;
-    // To open anything but a plain file, such as a pipe, may never come back.
+    // Opening something like a pipe could block for ever.
     std::error_code ignored;
-    const auto there = std::filesystem::status(path, ignored);
-    Check(exists(there) && !is_regular_file(there) ? AVERROR(EINVAL) : 0, kMaking);
-    // For reading, too: where a file system can't set room aside, the library does it byte by byte.
+    const auto present = std::filesystem::status(path, ignored);
+    Require(!exists(present) || is_regular_file(present), AVERROR(EINVAL), kStep);
+    // It is opened for reading, too, which posix_fallocate does where the file system can't reserve room.
     const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, kForAll);
-    Check(descriptor < 0 ? AVERROR(errno) : 0, kMaking);
+    Require(descriptor >= 0, AVERROR(errno), kStep);
     return descriptor;
 }
 
@@ -36,16 +34,18 @@ int Timescale(AVRational framesPerSecond) {
     // Some readers round to a 600th of a second, so no track is coarser, as long as its ticks fit 32 bits.
     constexpr std::int64_t kUsual = 600;
     constexpr std::int64_t kFramesOfALongMovie = 60 * 60 * 30 + 1;
+    constexpr std::int64_t kMostTicks = std::numeric_limits<std::int32_t>::max();
     const std::int64_t wanted = (kUsual + framesPerSecond.num - 1) / framesPerSecond.num;
-    const std::int64_t fitting = std::numeric_limits<std::int32_t>::max() / (framesPerSecond.den * kFramesOfALongMovie);
-    return framesPerSecond.num * static_cast<int>(std::max<std::int64_t>(1, std::min(wanted, fitting)));
+    const std::int64_t fitting = kMostTicks / (framesPerSecond.den * kFramesOfALongMovie);
+    const std::int64_t factor = std::max<std::int64_t>(1, std::min(wanted, fitting));
+    return framesPerSecond.num * static_cast<int>(factor);
 }
 
 }  // namespace
 
 ReservedFile::ReservedFile(const std::filesystem::path& path) : descriptor_(Open(path)) {
     constexpr int kBufferSize = 1 << 18;
-    // From FFmpeg 7 on the bytes are constant.
+    // "auto", because the bytes are const from FFmpeg 7 on.
     const auto write = [](void* file, auto* bytes, int count) {
         return static_cast<ReservedFile*>(file)->Write(bytes, count);
     };
@@ -59,8 +59,7 @@ ReservedFile::ReservedFile(const std::filesystem::path& path) : descriptor_(Open
 void ReservedFile::Reserve(std::int64_t bytes) {
     constexpr std::int64_t kAhead = 1 << 20;
     const std::int64_t needed = needed_ + bytes;
-    const int error = needed <= reserved_ || Extend(needed + kAhead) == 0 ? 0 : Extend(needed);
-    Check(AVERROR(error), "keeping room for frames");
+    if (needed > reserved_ && Extend(needed + kAhead) < 0) Check(Extend(needed), "keeping room for frames");
     needed_ = needed;
 }
 
@@ -68,7 +67,7 @@ int ReservedFile::Extend(std::int64_t end) {
     const int error = posix_fallocate(descriptor_, reserved_, end - reserved_);
     if (error == EINTR) return Extend(end);
     if (error == 0) reserved_ = end;
-    return error;
+    return AVERROR(error);
 }
 
 void ReservedFile::Flush(const char* step) {
@@ -76,14 +75,16 @@ void ReservedFile::Flush(const char* step) {
     Check(std::exchange(error_, 0), step);
 }
 
-int ReservedFile::Close() {
+void ReservedFile::Close() { Check(Release(), "closing the file"); }
+
+int ReservedFile::Release() {
     if (descriptor_ < 0) return 0;
-    const bool isCut = ftruncate(descriptor_, size_) == 0;
+    const bool isTruncated = ftruncate(descriptor_, size_) == 0;
     const bool isClosed = close(std::exchange(descriptor_, -1)) == 0;
-    return isCut && isClosed ? 0 : AVERROR(errno);
+    return isTruncated && isClosed ? 0 : AVERROR(errno);
 }
 
-// A failure is kept here, as the stream would refuse everything after it, the index too.
+// A failure is kept here, because a stream that knows of it would refuse all that follows, the index too.
 int ReservedFile::Write(const std::uint8_t* bytes, int count) {
     for (int written = 0; written < count;) {
         const ssize_t step =
@@ -101,11 +102,12 @@ int ReservedFile::Write(const std::uint8_t* bytes, int count) {
 std::int64_t ReservedFile::Seek(std::int64_t offset, int whence) {
     if (whence == AVSEEK_SIZE) return size_;
     if (whence != SEEK_SET) return AVERROR(EINVAL);
-    return position_ = offset;
+    position_ = offset;
+    return position_;
 }
 
 MovieFile::MovieFile(const std::filesystem::path& path) : file_(path) {
-    Check(avformat_alloc_output_context2(&context_, nullptr, "mov", nullptr), kMaking);
+    Check(avformat_alloc_output_context2(&context_, nullptr, "mov", nullptr), "making the file");
     context_->pb = file_.Stream();
     isFragmented_ = av_opt_set(context_->priv_data, "movflags", "hybrid_fragmented", 0) >= 0;
     if (isFragmented_) av_opt_set_int(context_->priv_data, "frag_size", kFragmentSize, 0);
@@ -114,11 +116,13 @@ MovieFile::MovieFile(const std::filesystem::path& path) : file_(path) {
 MovieFile::~MovieFile() { avformat_free_context(context_); }
 
 void MovieFile::AddTrack(const AVCodecContext& encoder, AVRational framesPerSecond) {
+    constexpr const char* kStep = "making the track";
     const int timescale = Timescale(framesPerSecond);
     av_opt_set_int(context_->priv_data, "video_track_timescale", timescale, 0);
     av_opt_set_int(context_->priv_data, "movie_timescale", timescale, 0);
     AVStream* const stream = avformat_new_stream(context_, nullptr);
-    Check(stream ? avcodec_parameters_from_context(stream->codecpar, &encoder) : AVERROR(ENOMEM), "making the track");
+    Require(stream != nullptr, AVERROR(ENOMEM), kStep);
+    Check(avcodec_parameters_from_context(stream->codecpar, &encoder), kStep);
     stream->avg_frame_rate = framesPerSecond;
     stream_ = stream;
 }
@@ -131,36 +135,45 @@ void MovieFile::WriteHeader() {
 }
 
 void MovieFile::Write(const AVPacket& packet) {
-    file_.Reserve(RoomFor(packet) + (hasHeader_ ? 0 : RoomForHeader()));
+    constexpr const char* kStep = "writing a frame";
+    file_.Reserve(RoomFor(packet) + (hasHeader_ ? 0 : RoomForHeaders()));
     if (!hasHeader_) WriteHeader();
     const Owned<AVPacket> written = Own(av_packet_clone(&packet));
     av_packet_rescale_ts(written.get(), av_inv_q(stream_->avg_frame_rate), stream_->time_base);
-    Check(av_write_frame(context_, written.get()), "writing a frame");
-    if (isFragmented_ && ++packetCount_ % kFramesInFragment == 0)
-        Check(av_write_frame(context_, nullptr), "writing a frame");
-    file_.Flush("writing a frame");
+    Check(av_write_frame(context_, written.get()), kStep);
+    ++packetCount_;
+    if (isFragmented_ && packetCount_ % kFramesInFragment == 0) Check(av_write_frame(context_, nullptr), kStep);
+    file_.Flush(kStep);
 }
 
 void MovieFile::Finish() {
+    constexpr const char* kStep = "writing the index";
     if (!hasHeader_) {
-        file_.Reserve(RoomForHeader());
-        // Only a header that knows of no packet makes a track out of none.
+        file_.Reserve(RoomForHeaders());
+        // Without packets the muxer writes the track only with "empty_moov".
         av_opt_set(context_->priv_data, "movflags", "empty_moov", 0);
         WriteHeader();
     }
-    Check(av_write_trailer(context_), "writing the index");
-    file_.Flush("writing the index");
-    Check(file_.Close(), "closing the file");
+    Check(av_write_trailer(context_), kStep);
+    file_.Flush(kStep);
+    file_.Close();
 }
 
-std::int64_t MovieFile::RoomForHeader() const {
-    constexpr std::int64_t kIndexWithoutFrames = 1536;
-    return (isFragmented_ ? 2 : 1) * (kIndexWithoutFrames + stream_->codecpar->extradata_size);
+// FFmpeg 5.1 and 7.1 write up to 790 bytes besides the encoder's own header, and nearly twice as much is safe. A
+// fragmented file has them twice, at its beginning and at its end.
+std::int64_t MovieFile::RoomForHeaders() const {
+    constexpr std::int64_t kHeadersAndIndex = 1536;
+    return (isFragmented_ ? 2 : 1) * (kHeadersAndIndex + stream_->codecpar->extradata_size);
 }
 
+// In the index a frame has 4 bytes for its size and 4 for its number if it is a key frame; in a fragment 4 each for
+// duration, size, flags and offset. A fragment takes 120 bytes and 20 in the index, so less than 256. There is one
+// for each 60 frames and for each 64 KB, so each frame pays 256 / 60 bytes and each 256 bytes of a packet pay one.
+// That covers the index of a file without fragments, too. The 3 make up for what the divisions round off.
 std::int64_t MovieFile::RoomFor(const AVPacket& packet) const {
-    constexpr int kInIndex = 11;
-    constexpr int kInFragment = 20;
-    constexpr int kBytesPerByteOfFragment = kFragmentSize / 256;  // that is, of all that is there once in a fragment
-    return packet.size + kInIndex + (isFragmented_ ? kInFragment : 0) + packet.size / kBytesPerByteOfFragment;
+    constexpr int kFragmentHeaders = 256;
+    constexpr int kInIndex = 4 + 4 + 3;
+    constexpr int kInFragment = 4 * 4 + kFragmentHeaders / kFramesInFragment;
+    constexpr int kBytesThatPayOne = kFragmentSize / kFragmentHeaders;
+    return packet.size + packet.size / kBytesThatPayOne + kInIndex + (isFragmented_ ? kInFragment : 0);
 }

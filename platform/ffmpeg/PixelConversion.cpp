@@ -24,7 +24,7 @@ const int* Coefficients(const Layout& layout) { return sws_getCoefficients(layou
 int IsFullRange(const Layout& layout) { return layout.colours.range == AVCOL_RANGE_JPEG ? 1 : 0; }
 
 Owned<SwsContext> MakeConverter(const Layout& from, const Layout& to) {
-    // Of swscale's methods the most exact, and the fastest too.
+    // This is the most exact of swscale's methods, and the fastest.
     constexpr int kMethod = SWS_AREA | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INP;
     constexpr int kUnchanged = 1 << 16;
     Owned<SwsContext> converter = Own(sws_getContext(from.width, from.height, from.format, to.width, to.height,
@@ -34,7 +34,7 @@ Owned<SwsContext> MakeConverter(const Layout& from, const Layout& to) {
     return converter;
 }
 
-/// The height of the bands that a frame is converted in: all of one height, and of whole lines of halved colours.
+/// The height of bands that divide a frame evenly, in whole pairs of rows, which may share their colours.
 int BandHeight(int height) {
     constexpr int kLeast = 16;
     for (int band = kLeast; band < height; band += 2) {
@@ -51,12 +51,12 @@ FrameMaker::FrameMaker(const Codec& codec, int width, int height)
     converter_ = MakeConverter(picture, {width, bandHeight_, codec.FormatFor(width, height), codec.colours});
 }
 
-Owned<AVFrame> FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
+NextFrame FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
     const auto [first, end] = ChangedRows(pixels);
-    if (first == end) return nullptr;
+    if (first == end) return SameFrame{};
     pixels_.resize(pixels.size());
     std::copy(pixels.data() + At(first), pixels.data() + At(end), pixels_.data() + At(first));
-    AVFrame& frame = FreeFrame();
+    AVFrame& frame = UnusedFrame();
     if (newest_) Check(av_frame_copy(&frame, newest_.get()), "copying a frame");
     for (int row = first / bandHeight_ * bandHeight_; row < end; row += bandHeight_)
         ConvertBand(frame, row);
@@ -64,8 +64,8 @@ Owned<AVFrame> FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
     return Own(av_frame_clone(&frame));
 }
 
-// A new one each time would take longer: the system gives its memory page by page.
-AVFrame& FrameMaker::FreeFrame() {
+// To allocate each frame anew would take longer, because the system provides its memory page by page.
+AVFrame& FrameMaker::UnusedFrame() {
     for (const Owned<AVFrame>& frame : frames_)
         if (av_frame_is_writable(frame.get()) > 0) return *frame;
     AVFrame& frame = *frames_.emplace_back(Own(av_frame_alloc()));
@@ -78,7 +78,7 @@ AVFrame& FrameMaker::FreeFrame() {
     return frame;
 }
 
-// Two pictures are compared in a fraction of the time in which one is converted.
+// To compare two pictures takes a fraction of the time that the conversion of one takes.
 std::pair<int, int> FrameMaker::ChangedRows(std::span<const std::uint32_t> pixels) const {
     int first = 0;
     int end = height_;

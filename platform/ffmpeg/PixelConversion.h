@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "platform/MovieLibrary.h"
@@ -10,23 +11,28 @@
 
 struct Codec;
 
-/// Makes frames for one codec from the pixels of pictures of one size. What is as it was in the picture before isn't
-/// converted again: of a clock little changes from one second to the next.
+/// Stands for a frame that shows what the frame before it shows.
+struct SameFrame {};
+
+/// What a movie goes on with. Nobody may write to the pixels of a frame.
+using NextFrame = std::variant<SameFrame, Owned<AVFrame>>;
+
+/// Makes frames for one codec from the pixels of pictures of one size. Rows that are the same as in the
+/// picture before aren't converted again: of a clock little changes from one second to the next.
 class FrameMaker {
   public:
     FrameMaker(const Codec& codec, int width, int height);
 
-    /// A frame of the next picture's pixels (0xFFRRGGBB, row by row without padding), which nobody may write to. Nil
-    /// when they are the same as before. Throws when there is no memory for it.
-    Owned<AVFrame> Convert(std::span<const std::uint32_t> pixels);
+    /// A frame of the next picture's pixels: 0xFFRRGGBB, row by row without padding. Every failure throws.
+    NextFrame Convert(std::span<const std::uint32_t> pixels);
 
   private:
-    /// The first row that differs from the picture before, and the one behind the last.
+    /// The first row that differs from the picture before, and the row behind the last one.
     std::pair<int, int> ChangedRows(std::span<const std::uint32_t> pixels) const;
-    /// A frame that nobody holds any more; the newest one is held here.
-    AVFrame& FreeFrame();
+    /// A frame that nobody holds any more. The newest one is always held, by newest_.
+    AVFrame& UnusedFrame();
     void ConvertBand(AVFrame& frame, int row);
-    /// Where a row begins in the pixels.
+    /// The index of a row's first pixel.
     std::size_t At(int row) const { return static_cast<std::size_t>(row) * static_cast<std::size_t>(width_); }
 
     const Codec& codec_;
@@ -34,11 +40,11 @@ class FrameMaker {
     int height_;
     int bandHeight_;
     std::vector<std::uint32_t> pixels_;
-    /// Of one band.
+    /// Converts one band.
     Owned<SwsContext> converter_;
     std::vector<Owned<AVFrame>> frames_;
     Owned<AVFrame> newest_;
 };
 
-/// A decoded frame as an image. Throws when there is no memory for it.
+/// A decoded frame as an image. Every failure throws.
 RgbImage ToRgbImage(const AVFrame& frame);

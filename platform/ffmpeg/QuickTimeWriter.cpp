@@ -1,3 +1,6 @@
+#include "platform/ffmpeg/QuickTimeWriter.h"
+
+#include <atomic>
 #include <condition_variable>
 #include <cstdio>
 #include <deque>
@@ -8,7 +11,6 @@
 
 #include "platform/ffmpeg/Codecs.h"
 #include "platform/ffmpeg/Encoder.h"
-#include "platform/ffmpeg/Module.h"
 #include "platform/ffmpeg/MovieFile.h"
 #include "platform/ffmpeg/PixelConversion.h"
 
@@ -20,24 +22,24 @@ namespace {
 
 /// Throws when a QuickTime file can't have such a track.
 void CheckTrack(int width, int height, double frameRate) {
-    constexpr int kLongestSide = 0xFFFF;  // of a sample entry
+    constexpr int kLongestSide = 0xFFFF;  // two bytes in a sample entry
     const AVRational rate = ExactRate(frameRate);
     const bool isPossible =
         width <= kLongestSide && height <= kLongestSide && rate.num > 0 && rate.den > 0 &&
         av_image_check_size(static_cast<unsigned>(width), static_cast<unsigned>(height), 0, nullptr) >= 0;
-    Check(isPossible ? 0 : AVERROR(EINVAL), "making the track");
+    Require(isPossible, AVERROR(EINVAL), "making the track");
 }
 
 void Report(const std::filesystem::path& movie, const std::exception& failure) {
     std::fprintf(stderr, "%s: %s\n", movie.c_str(), failure.what());
 }
 
-/// Frames on their way from the thread that draws to the one that encodes; nil for the one before once more.
+/// Frames on their way from the thread that draws to the one that encodes.
 class FrameQueue {
   public:
     /// Waits while the queue is full.
-    void Push(Owned<AVFrame> frame) {
-        // Enough to keep either side busy while the other is late; a frame of 1920 x 1080 has up to 12 megabytes.
+    void Push(NextFrame frame) {
+        // Keeps both sides busy while one is late. A frame of 1920 x 1080 pixels has up to 12 megabytes.
         constexpr std::size_t kCapacity = 4;
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [this] { return frames_.size() < kCapacity || isAbandoned_; });
@@ -46,45 +48,41 @@ class FrameQueue {
         changed_.notify_one();
     }
 
-    /// Waits while the queue is empty; nothing once `end` says that no more frames follow, or it is abandoned.
-    std::optional<Owned<AVFrame>> Pop(const std::stop_token& end) {
+    /// Waits while the queue is empty. Nothing once it is abandoned, or empty and `end` was requested.
+    std::optional<NextFrame> Pop(const std::stop_token& end) {
         std::unique_lock lock(mutex_);
         changed_.wait(lock, end, [this] { return !frames_.empty() || isAbandoned_; });
         if (frames_.empty()) return std::nullopt;
-        Owned<AVFrame> frame = std::move(frames_.front());
+        NextFrame frame = std::move(frames_.front());
         frames_.pop_front();
         changed_.notify_one();
         return frame;
     }
 
-    /// What is in the queue and all that follows is dropped; nobody waits any more. False when it was so before.
+    /// Drops all frames from now on, so that nobody waits any more. False if it was abandoned before.
     bool Abandon() {
         const std::lock_guard lock(mutex_);
         frames_.clear();
         changed_.notify_all();
-        return !std::exchange(isAbandoned_, true);
+        return !isAbandoned_.exchange(true);
     }
-    bool IsAbandoned() const {
-        const std::lock_guard lock(mutex_);
-        return isAbandoned_;
-    }
+    bool IsAbandoned() const { return isAbandoned_; }
 
   private:
-    mutable std::mutex mutex_;
+    std::mutex mutex_;
     std::condition_variable_any changed_;
-    std::deque<Owned<AVFrame>> frames_;
-    bool isAbandoned_ = false;
+    std::deque<NextFrame> frames_;
+    std::atomic<bool> isAbandoned_ = false;
 };
 
-/// Encodes frames into a movie file, on a thread of its own from the first frame on. Of a movie that fails, one line on
-/// standard error names the file, the step and the reason.
+/// Encodes frames into a movie file, on a thread of its own from the first frame on. If that fails, one line
+/// on standard error says which file, at what step and why.
 class QuickTimeWriter final : public MovieWriter {
   public:
     explicit QuickTimeWriter(const std::filesystem::path& path) : path_(path), file_(path) {}
 
     ~QuickTimeWriter() override {
-        if (saveOnClose_ && frameMaker_)
-            Try([this] { StartEncoding(); });  // which makes the track of not one frame, too
+        if (saveOnClose_ && frameMaker_) Try([this] { StartEncoding(); });  // makes the track, if no frame did
         worker_ = std::jthread();
         if (saveOnClose_ && file_.HasTrack()) Try([this] { file_.Finish(); });
     }
@@ -120,7 +118,7 @@ class QuickTimeWriter final : public MovieWriter {
     }
 
   private:
-    /// Does a step of the work. Once one has failed, no frame is taken any more.
+    /// Does a step of the work. Once one has failed, no more frames are taken.
     template <class Step>
     void Try(const Step& step) noexcept {
         try {
@@ -138,8 +136,8 @@ class QuickTimeWriter final : public MovieWriter {
     void Encode(const std::stop_token& end) {
         Encoder encoder(settings_, width_, height_, [this](const AVPacket& packet) { file_.Write(packet); });
         file_.AddTrack(encoder.Context(), ExactRate(settings_.frameRate));
-        while (std::optional<Owned<AVFrame>> frame = queue_.Pop(end))
-            encoder.Write(std::move(*frame));
+        while (std::optional<NextFrame> next = queue_.Pop(end))
+            encoder.Write(std::move(*next));
         encoder.Finish();
     }
 
@@ -156,7 +154,7 @@ class QuickTimeWriter final : public MovieWriter {
 
 }  // namespace
 
-std::shared_ptr<MovieWriter> CreateMovieWriter(const std::filesystem::path& path) {
+std::shared_ptr<MovieWriter> CreateQuickTimeWriter(const std::filesystem::path& path) {
     try {
         return std::make_shared<QuickTimeWriter>(path);
     } catch (const std::exception& failure) {

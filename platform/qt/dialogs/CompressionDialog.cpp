@@ -31,7 +31,7 @@ QString Note(const QString& codec, SizeSupport support) {
     switch (support) {
         case SizeSupport::Refused:
             return codec + QStringLiteral(" can't make frames of this size.");
-        case SizeSupport::RarelyPlayed:
+        case SizeSupport::PoorlyPlayed:
             return QStringLiteral("Many players can't show ") + codec + QStringLiteral(" of an odd width or height.");
         case SizeSupport::Full:
             break;

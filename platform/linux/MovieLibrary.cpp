@@ -1,16 +1,17 @@
+#include "platform/MovieLibrary.h"
+
 #include <dlfcn.h>
 
 #include <cstdio>
 #include <filesystem>
 
 #include "platform/Application.h"
-#include "platform/MovieLibrary.h"
 
 const MovieLibrary& MovieLibrary::Installed() {
     static const MovieLibrary& opened = []() -> const MovieLibrary& {
         std::filesystem::path file = Application::ExecutableFile()->Path();
         file.replace_filename(MOVIE_MODULE);
-        // It is never closed: some of its libraries don't bear that.
+        // It is never closed, because some of its libraries crash then.
         void* const module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
         void* const entry = module ? dlsym(module, "MovieLibraryOfModule") : nullptr;
         if (entry) return *reinterpret_cast<decltype(&MovieLibraryOfModule)>(entry)();
