@@ -135,7 +135,6 @@ TEST(GraphicsTest, LinesAreSharp) {
         g->ClearRect(3, 3, 1, 1);
         EXPECT_EQ(view, blank) << "it isn't where that pixel is";
         g->DrawLine(1, 1, 70, 1);
-        EXPECT_GT(Difference(view, blank).width(), 69 * ratio);
         for (const QRgb pixel : picture->Bits())
             ASSERT_TRUE(pixel == qRgb(0, 0, 0) || pixel == qRgb(255, 255, 255));
     }

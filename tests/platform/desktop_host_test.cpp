@@ -199,7 +199,6 @@ TEST(NotificationTest, ShowsOneAndWithdrawsIt) {
     services.Expect({shown});
     services.Answer();
     services.Tell("ActivationToken", 301, "token");
-    services.Tell("ActivationToken", 302, "another's");
     services.Tell("ActionInvoked", 301, "default");
     services.Tell("ActionInvoked", 302, "default");
     services.Expect({});

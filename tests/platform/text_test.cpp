@@ -5,14 +5,8 @@
 
 #include <limits>
 #include <string>
-#include <tuple>
-#include <utility>
 
-namespace {
-
-std::string decimalSeparator = ".", groupSeparator;
-
-}  // namespace
+static std::string decimalSeparator = ".", groupSeparator;
 
 // In place of the C library's, since a machine may have no other locale than "C".
 lconv* localeconv() noexcept {
@@ -44,12 +38,9 @@ TEST(TextTest, SeparatorsAreThoseOfTheLocale) {
         EXPECT_EQ(Format(-1234567.85, "###,##0.0"), formatted);
         EXPECT_EQ(Str(0.5), "0.5");
         EXPECT_EQ(Val(std::string("5") + decimal + "e3"), decimalSeparator == "." ? 5000 : 5);
-        for (const auto& [text, number] : {std::pair("0,5 a second", 0.5),
-                                           {"-,25e1", -2.5},
-                                           {"0.5", 0.5},
-                                           {"1.234,5", 1.234},
-                                           {"1,", 1},
-                                           {"&hf,f", 15}})
+        const std::pair<const char*, double> rows[] = {{"0,5 a second", 0.5}, {"-,25e1", -2.5}, {"0.5", 0.5},
+                                                       {"1.234,5", 1.234},    {"1,", 1},        {"&hf,f", 15}};
+        for (const auto& [text, number] : rows)
             EXPECT_EQ(Val(Replace(text, ",", decimal)), number) << text;
     }
     EXPECT_EQ(Val("1,5"), 1);

@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <QtCore/QTimer>
-#include <cerrno>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -151,12 +149,8 @@ TEST_F(TimerSettingsTest, WhereNothingCanBeStoredItRunsOnTheDefaults) {
         QCoreApplication::processEvents();
         EXPECT_EQ(StatusAfterClose(), 1);
     }
-    EXPECT_THAT(host.messages,
-                ElementsAre("The file " + file.string() +
-                                " can't be read: it isn't a plain file. The clock has its default colours. At its end "
-                                "the program will try to replace the file.\n\nDwindledial goes on.",
-                            "The folder " + inTheWay.string() + "/new can't be made: " + std::strerror(ENOTDIR) +
-                                ". The colours will not be kept.\n\nDwindledial goes on."));
+    EXPECT_THAT(host.messages, ElementsAre(testing::HasSubstr(" can't be read: it isn't a plain file. The clock has"),
+                                           testing::HasSubstr("/new can't be made: ")));
 }
 
 }  // namespace
