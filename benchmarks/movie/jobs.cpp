@@ -29,7 +29,7 @@ void ExpectFile(const MovieJob& job, RecordingHost& host) {
     host.chosenCompression = job.settings;
 }
 
-/// Lets events come, as the program does, until something doesn't hold any more.
+/// Handles events, as the program does, for as long as `holds`.
 void RunEventLoopWhile(const std::function<bool()>& holds) {
     constexpr std::chrono::milliseconds kPeriod(5);
     QEventLoop loop;

@@ -17,17 +17,17 @@ struct MovieJob {
     std::filesystem::path file;
 };
 
-// Each makes the movie and gives the seconds that it took.
+// Each makes the movie and returns the seconds that this took.
 
 /// As the Create Movie dialog does it, from the press of Start to the end of the worker.
 double RunDialog(const MovieJob& job, RecordingHost& host);
 
-/// The same pictures but for two pixels, the first and the last, that change from frame to frame: so the movie layer
-/// finds nothing of the picture before that it could use again.
+/// The same pictures, but the first and the last pixel change from frame to frame, so that the movie layer can't
+/// reuse anything of the picture before.
 double RunDistinct(const MovieJob& job, RecordingHost& host);
 
-/// What an encoder is given while the time is taken: pictures that are drawn, or frames that are converted, too.
+/// What is measured: the encoding of drawn pictures with their conversion, or of converted frames alone.
 enum class EncoderInput { Pictures, Frames };
 
-/// Encoder and file alone, on one thread. Each frame is encoded.
+/// The encoder and the file alone, on one thread. Every frame is encoded, equal or not.
 double RunEncoder(const MovieJob& job, EncoderInput input);
