@@ -126,7 +126,6 @@ INSTANTIATE_TEST_SUITE_P(Sizes, ClockPictureTest, testing::ValuesIn(kSurfaces));
 
 TEST(GraphicsTest, LinesAreSharp) {
     for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
-        SCOPED_TRACE(ratio);
         const Ref<Picture> picture = NewPicture(80, 60, 32, ratio);
         const Ref<Graphics> g = picture->Graphics();
         const QImage view = picture->pixels().View(), blank = view.copy();

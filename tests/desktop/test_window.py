@@ -61,8 +61,7 @@ class FullscreenTest(DesktopTest):
     def test_the_exact_frame_comes_back(self):
         normal = self.frame()
         vertically, fully = ("MAXIMIZED_VERT",), ("MAXIMIZED_VERT", "MAXIMIZED_HORZ")
-        # What the window is before, and what the user does to it while the dialog is over it. A size alone comes last,
-        # when the program has once asked for a place itself.
+        # The window's state, and what the user does to it under the dialog: a size last, once the program has set a place.
         for names, change in (
                 ((), {}), (vertically, {}), (fully, {}), ((), {"x": 90, "y": 80}), ((), {"width": 700, "height": 400})):
             self.ask_for(True, *names)
