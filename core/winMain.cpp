@@ -13,7 +13,7 @@ void winMain::Layout() {
     MinSize(400, 150);
     Width(441);
     Height(229);
-    BackColor(RGB(0x9F, 0x9F, 0x9F));  // seen before the first paint alone, whatever colour the user has chosen
+    BackColor(RGB(0x9F, 0x9F, 0x9F));  // fixed: it is seen only before the first paint
 }
 
 void winMain::_CreateControls0() {

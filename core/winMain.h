@@ -11,8 +11,8 @@
 #include "platform/Window.h"
 #include "settings/clock_colours.h"
 
-/// The square in the timer's canvas that the status icon is drawn in and that reacts to clicks, in pixels. It stays
-/// the same whatever the sizes of window and picture.
+/// The square in the timer's canvas that the status icon is drawn in and that reacts to clicks, in pixels. It
+/// stays the same whatever the sizes of window and picture.
 struct StatusIcon {
     static constexpr Int32 kLeft = 10;
     static constexpr Int32 kTop = 10;
@@ -23,8 +23,8 @@ struct StatusIcon {
     }
 };
 
-/// The timer window and hub of the program: the count-down, its clock picture, input, fullscreen and all commands.
-/// Everything in it runs on the main event loop, except Redraw, which also draws the frames of a movie on a worker.
+/// The timer window and hub of the program: count-down, clock picture, input, fullscreen and all commands. It
+/// runs on the main event loop, except Redraw, which also draws the frames of a movie on a worker.
 class winMain final : public Window, public ClockColours {
   public:
     /// The time that a full turn of the clock stands for.
@@ -35,8 +35,8 @@ class winMain final : public Window, public ClockColours {
     /// The one timer window; built when there is none, so it must not be called once the window has closed.
     static winMain& Instance() { return ImplicitInstance<winMain>("winMain.winMain"); }
 
-    // The count-down (core/winMain_countdown.cpp). The remaining time is never decremented: each tick computes it from
-    // the clock and the two values that Start stored.
+    // The count-down (core/winMain_countdown.cpp). The remaining time is never decremented: each tick
+    // computes it from the clock and the two values that Start stored.
     bool IsRunning = false;
     /// The remaining time and the clock's reading at the latest Start.
     Int32 StartSeconds = 0;
@@ -60,16 +60,16 @@ class winMain final : public Window, public ClockColours {
     /// Enters and leaves the alert.
     void Done();
     void Dismiss();
-    /// Asks for a repaint, and refreshes what a screen reader is told if the time was set or another minute began.
+    /// Asks for a repaint. If the time was set or another minute began, also refreshes the description.
     void UpdateDisplay();
     void TimerRun_Action();
     void TimerDone_Action();
 
     // The clock picture (core/winMain_redraw.cpp).
-    /// Paints the whole picture on a surface; nil means the timer's own canvas. A negative `seconds` means
-    /// CurrentSeconds. `scale` is the clock's size relative to the shorter side of the surface. No field changes.
+    /// Paints the whole picture on a surface; nil means the timer's canvas. A negative `seconds` means
+    /// CurrentSeconds. `scale` is the clock's size relative to the surface's shorter side. No field changes.
     void Redraw(Ref<Graphics> g, Int32 seconds, double scale, bool hideIcon, bool showTimeUp);
-    /// The font size, 8 pixels or more, at which `text` is about `maxWidth` wide. Leaves `g` at the last size it tried.
+    /// The font size, from 8 pixels, at which `text` is about `maxWidth` wide. Leaves `g` at the last one tried.
     Int32 GetTextSize(Graphics& g, const std::string& text, Int32 maxWidth);
     void cvTime_Paint(const Ref<Graphics>& g);
 
@@ -88,17 +88,13 @@ class winMain final : public Window, public ClockColours {
     bool Event_KeyDown(const std::string& key) override;
 
     // Fullscreen (core/winMain_fullscreen.cpp).
-    /// Enters or leaves fullscreen, as told. Unlike the command, it neither saves nor restores the window's frame.
+    /// Enters or leaves fullscreen, without saving or restoring the window's frame as the command does.
     void ToggleFullscreen(bool on);
-    bool _ViewToggleFullscreen_Action();
     void Event_MouseMove(Int32 x, Int32 y) override;
 
     // The colours on disk (settings/winMain_settings.cpp).
     void ReadPrefs();
     void WritePrefs();
-
-    // Create Movie (movie/winMakeMovie.cpp).
-    bool _FileCreateMovie_Action();
 
     // Commands of the menu bar (shell/winMain_commands.cpp).
     void Event_EnableMenuItems() override;
@@ -107,6 +103,8 @@ class winMain final : public Window, public ClockColours {
     bool _TimerSet_Action();
     bool _TimerStart_Action();
     bool _FilePreferences_Action();
+    bool _FileCreateMovie_Action();
+    bool _ViewToggleFullscreen_Action();
     bool _HelpVisitWebsite_Action();
     bool _HelpDonate_Action();
 
@@ -142,6 +140,9 @@ class winMain final : public Window, public ClockColours {
     void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
     void AddMenuHandlers(Window& window) override;
+    /// The command's two halves: they save and restore the window's frame.
+    void EnterFullscreen();
+    void LeaveFullscreen();
     void DrawTimeUp(Graphics& g, double diameter);
     void ShowDialog(Window& dialog);
 

@@ -67,14 +67,14 @@ void winMain::Dismiss() {
     AnnounceState();
 }
 
-// While the count runs, the description is refreshed once a minute. The screen reader speaks it only when asked.
+// While the count runs, the description changes once a minute. A screen reader speaks it only when asked.
 void winMain::UpdateDisplay() {
     Find<Canvas>("cvTime").Refresh(false);
     const Int32 described = IsRunning ? CurrentSeconds / 60 * 60 : CurrentSeconds;
     if (std::exchange(mDescribedSeconds, described) != described) Find<Canvas>("cvTime").DescriptionChanged();
 }
 
-// The clock is repainted at each tick in every state, so that a changed colour shows within a quarter of a second.
+// Each tick repaints, whatever the state, so that a changed colour shows within a quarter of a second.
 void winMain::TimerRun_Action() {
     if (IsRunning) {
         ScreensaverUtilities::DelayScreensaverMac();
@@ -93,7 +93,8 @@ void winMain::TimerDone_Action() { Beep(); }
 
 std::string winMain::StateInWords() const {
     if (IsDone) return kTimeUp;
-    return std::string(IsRunning ? "Running" : "Stopped") + ", " + Remaining(std::max(CurrentSeconds, 0)) + " left";
+    const std::string state = IsRunning ? "Running, " : "Stopped, ";
+    return state + Remaining(std::max(CurrentSeconds, 0)) + " left";
 }
 
 void winMain::AnnounceState() { Find<Canvas>("cvTime").Announce(StateInWords()); }

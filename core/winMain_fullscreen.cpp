@@ -6,24 +6,24 @@ void winMain::ToggleFullscreen(bool on) {
     Refresh(true);
 }
 
-bool winMain::_ViewToggleFullscreen_Action() {
-    if (!FullScreen()) {
-        mTop = Top();
-        mLeft = Left();
-        mWidth = Width();
-        mHeight = Height();
-        Maximize();
-        ToggleFullscreen(true);
-    } else {
-        ToggleFullscreen(false);
-        Top(mTop);
-        Left(mLeft);
-        Width(mWidth);
-        Height(mHeight);
-    }
+void winMain::EnterFullscreen() {
+    mTop = Top();
+    mLeft = Left();
+    mWidth = Width();
+    mHeight = Height();
+    Maximize();
+    ToggleFullscreen(true);
+    Refresh(true);
+}
+
+void winMain::LeaveFullscreen() {
+    ToggleFullscreen(false);
+    Top(mTop);
+    Left(mLeft);
+    Width(mWidth);
+    Height(mHeight);
     // ToggleFullscreen's own refresh came before the frame was restored; this one sees it.
     Refresh(true);
-    return true;
 }
 
 // The top rows of the screen call the hidden menu bar, and the first move below them sends it away.

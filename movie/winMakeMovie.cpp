@@ -1,7 +1,6 @@
 #include "movie/winMakeMovie.h"
 
 #include "core/winMain.h"
-#include "platform/Host.h"
 #include "platform/Text.h"
 #include "platform/Thread.h"
 #include "platform/Timer.h"
@@ -100,13 +99,4 @@ void winMakeMovie::CalculateSize() {
     const double megabytes =
         3 * Number("eStart") * Number("eSizeX") * Number("eSizeY") * Number("eFrameRate") / 1024 / 1024;
     Find<StaticText>("lSize").Text("Uncompressed movie file size: " + Format(megabytes, "###,##0.0") + "MB");
-}
-
-bool winMain::_FileCreateMovie_Action() {
-    if (System::Quicktime::Installed()) {
-        ShowDialog(winMakeMovie::Instance());
-    } else {
-        MsgBox("QuickTime needs to be installed to create movies.");
-    }
-    return true;
 }

@@ -6,7 +6,7 @@
 #include "platform/Controls.h"
 #include "platform/Window.h"
 
-/// The base class of the dialogs over the timer window: it adds their controls. JudgeKey filters keys for their fields.
+/// The base class of the dialogs over the timer window, with what adds their controls.
 class Dialog : public Window {
   protected:
     StaticText& AddLabel(const std::string& name, const std::string& text, Int32 left, Int32 top, Int32 width,
@@ -25,7 +25,7 @@ enum class KeyVerdict {
     Refused     ///< it is a digit that would make the number too large
 };
 
-/// Judges a key for a field that is to hold a number from 0 to `highest`. Control keys and characters outside ASCII are
-/// left to the field. A digit removes the field's selection. It is then judged by the value of the whole text with the
-/// digit at its end, wherever the caret is. A refused digit leaves the text as it was before.
+/// Judges a key for a field that is to hold a number from 0 to `highest`. Control keys and characters outside
+/// ASCII are left to the field. A digit removes the field's selection and is judged by the value of the whole
+/// text with the digit at its end, wherever the caret is. A refused digit leaves the text as it was before.
 KeyVerdict JudgeKey(EditField& field, const std::string& key, Int32 highest);

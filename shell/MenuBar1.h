@@ -3,7 +3,7 @@
 #include "platform/Menu.h"
 #include "platform/Ref.h"
 
-/// The program's only menu bar. Its items hold no code: a command goes to the handler registered under the item's name.
+/// The program's only menu bar. A command goes to the handler that is registered under the item's name.
 class MenuBar1 final : public MenuBar {
   public:
     /// The one menu bar, built at the first call and kept to the end of the process.

@@ -6,12 +6,12 @@
 #include "platform/Picture.h"
 #include "platform/Ref.h"
 
-/// The file of that name in the folder Resources, which lies beside the executable's folder, whether it exists or not.
-/// Nil when the executable has no parent's parent.
+/// The file of that name in the folder Resources, which lies beside the executable's folder, whether it
+/// exists or not. Nil when the executable has no parent's parent.
 Ref<FolderItem> Resource(const std::string& fileName);
 
-// The program's images, one file each in the folder Resources. Each is loaded at its first use and kept until the
-// process ends. It is nil when it can't be loaded, and the next use tries again. Main thread only.
+// The program's images, one file each in the folder Resources. Each is loaded at its first use and kept until
+// the process ends. It is nil when it can't be loaded, and the next use tries again. Main thread only.
 
 /// The status icons, with their masks applied.
 Ref<Picture> Run_Icon();

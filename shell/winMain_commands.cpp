@@ -1,5 +1,7 @@
 #include "colour/winPrefs.h"
 #include "core/winMain.h"
+#include "movie/winMakeMovie.h"
+#include "platform/EditableMovie.h"
 #include "platform/Host.h"
 #include "platform/targets.h"
 #include "shell/AboutWindow.h"
@@ -21,7 +23,7 @@ void winMain::Event_EnableMenuItems() {
     }
 }
 
-/// Shows a dialog over the timer window: as a sheet or, with fullscreen left meanwhile, as a dialog that it waits for.
+/// Shows a dialog over the timer window: as a sheet or, with fullscreen left meanwhile, modally.
 void winMain::ShowDialog(Window& dialog) {
     if constexpr (targets::kModalDialogs) {
         const bool wasFullScreen = FullScreen();
@@ -47,6 +49,24 @@ bool winMain::_TimerStart_Action() {
 
 bool winMain::_FilePreferences_Action() {
     ShowDialog(winPrefs::Instance());
+    return true;
+}
+
+bool winMain::_FileCreateMovie_Action() {
+    if (System::Quicktime::Installed()) {
+        ShowDialog(winMakeMovie::Instance());
+    } else {
+        MsgBox("QuickTime needs to be installed to create movies.");
+    }
+    return true;
+}
+
+bool winMain::_ViewToggleFullscreen_Action() {
+    if (FullScreen()) {
+        LeaveFullscreen();
+    } else {
+        EnterFullscreen();
+    }
     return true;
 }
 

@@ -4,8 +4,8 @@
 
 #include "shell/Dialog.h"
 
-/// The Set Timer dialog: minutes and seconds, each a text field with arrows. It has no numbers of its own; every
-/// handler reads them out of the fields. It touches nothing of the timer but the set and the remaining time.
+/// The Set Timer dialog: minutes and seconds, each a text field with arrows. The handlers read the numbers out
+/// of the fields. Of the timer it touches only the set time and the remaining one.
 class winSet final : public Dialog {
   public:
     static winSet& Instance() { return ImplicitInstance<winSet>("winSet.winSet"); }

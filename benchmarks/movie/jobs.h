@@ -22,8 +22,8 @@ struct MovieJob {
 /// As the Create Movie dialog does it, from the press of Start to the end of the worker.
 double RunDialog(const MovieJob& job, RecordingHost& host);
 
-/// The same pictures, but the first and the last pixel change from frame to frame, so that the movie layer can't
-/// reuse anything of the picture before.
+/// The same pictures, but the first and the last pixel change from frame to frame, so that the movie layer
+/// can't reuse anything of the picture before.
 double RunDistinct(const MovieJob& job, RecordingHost& host);
 
 /// What is measured: the encoding of drawn pictures with their conversion, or of converted frames alone.

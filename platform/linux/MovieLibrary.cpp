@@ -15,7 +15,7 @@ const MovieLibrary& MovieLibrary::Installed() {
         void* const module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
         void* const entry = module ? dlsym(module, "MovieLibraryOfModule") : nullptr;
         if (entry) return *reinterpret_cast<decltype(&MovieLibraryOfModule)>(entry)();
-        std::fprintf(stderr, "There are no movies: %s\n", dlerror());
+        std::fprintf(stderr, "Movies can't be made: %s\n", dlerror());
         static const MovieLibrary none;
         return none;
     }();

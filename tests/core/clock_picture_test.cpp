@@ -45,8 +45,8 @@ class ClockPictureTest : public TimerWindowTest, public testing::WithParamInterf
 
     double Radius() const { return std::min(surface.width, surface.height) * 0.95 * 0.97 / 2; }
 
-    /// The point at an angle in minutes, clockwise from 12 o'clock, and at a radius, which is 1 in the middle of
-    /// the ring. The centre's half pixel is dropped.
+    /// The point at an angle in minutes, clockwise from 12 o'clock, and at a radius, which is 1 in the middle
+    /// of the ring. The centre's half pixel is dropped.
     QPointF Point(double minute, double radius) const {
         const double angle = (minute / 60 - 0.25) * 2 * std::numbers::pi;
         return QPointF(surface.width / 2, surface.height / 2) +
