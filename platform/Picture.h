@@ -13,7 +13,7 @@ class Graphics;
 /// logical pixels, each of which may be several of its own. Any thread, but one at a time.
 class Picture {
   public:
-    class Pixels;
+    struct Pixels;
 
     explicit Picture(std::unique_ptr<Pixels> pixels);
     ~Picture();

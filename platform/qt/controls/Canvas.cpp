@@ -30,8 +30,9 @@ class CanvasWidget final : public QWidget {
     /// The surface of the present paint event; outside of one, the picture that keeps what is drawn.
     Ref<Graphics> CurrentGraphics() {
         if (painting_) return painting_;
-        if (!kept_ || kept_->pixels().LogicalSize() != size() || kept_->pixels().Ratio() != devicePixelRatioF())
-            kept_ = NewPicture(width(), height(), 32, devicePixelRatioF());
+        const double ratio = devicePixelRatioF();
+        const bool fits = kept_ && kept_->pixels().logicalSize == size() && kept_->pixels().ratio == ratio;
+        if (!fits) kept_ = NewPicture(width(), height(), 32, ratio);
         update();
         return kept_->Graphics();
     }

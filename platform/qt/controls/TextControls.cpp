@@ -1,8 +1,6 @@
 #include <QtGui/QAccessible>
-#include <QtGui/QTextCursor>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleOptionFrame>
 #include <QtWidgets/QStylePainter>
 #include <QtWidgets/QTextEdit>
@@ -26,32 +24,26 @@ class LabelWidget final : public QLabel {
         setText(text);
         Fit();
     }
-    void SetFontName(const std::string& name) {
-        fontName_ = name;
+    /// Sets one of the members below.
+    template <class Value>
+    void Set(Value LabelWidget::*member, const Value& value) {
+        this->*member = value;
         Fit();
     }
-    void SetSize(Int32 size) {
-        size_ = size;
-        Fit();
-    }
-    void SetBold(bool on) {
-        isBold_ = on;
-        Fit();
-    }
+
+    std::string fontName = "System";
+    Int32 pixelSize = 0;
+    bool isBold = false;
 
   protected:
     void resizeEvent(QResizeEvent*) override { Fit(); }
 
   private:
     void Fit() {
-        QFont font = FontNamed(fontName_, size_);
-        font.setBold(isBold_);
+        QFont font = FontNamed(fontName, pixelSize);
+        font.setBold(isBold);
         setFont(FittedFont(font, text(), size()));
     }
-
-    std::string fontName_ = "System";
-    Int32 size_ = 0;
-    bool isBold_ = false;
 };
 
 class FieldWidget final : public QLineEdit {
@@ -142,8 +134,9 @@ class FieldWidget final : public QLineEdit {
     QRect Inside() const {
         QStyleOptionFrame option;
         initStyleOption(&option);
+        const QRect contents = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
         constexpr int kCaretWidth = 1;
-        return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(0, 0, -kCaretWidth, 0);
+        return contents.adjusted(0, 0, -kCaretWidth, 0);
     }
 
     void Fit() {
@@ -185,20 +178,28 @@ class TextViewWidget final : public QTextEdit {
         clear();
         QTextCursor end(document());
         for (const StyleRun& run : text)
-            end.insertText(QString::fromStdString(run.text), FormatOf(run.style));
+            end.insertText(ToQString(run.text), FormatOf(run.style));
         setTextCursor(QTextCursor(document()));
     }
 
   protected:
     // Without a caret the arrow keys scroll. A screen reader needs the caret, because it reads what is there.
     void focusInEvent(QFocusEvent* event) override {
-        setTextInteractionFlags(QAccessible::isActive() ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
-                                                        : Qt::TextSelectableByMouse);
+        Qt::TextInteractionFlags flags = Qt::TextSelectableByMouse;
+        if (QAccessible::isActive()) flags |= Qt::TextSelectableByKeyboard;
+        setTextInteractionFlags(flags);
         QTextEdit::focusInEvent(event);
     }
 };
 
+LabelWidget& Label(const StaticText& text) { return WidgetOf<LabelWidget>(text); }
+FieldWidget& Field(const EditField& field) { return WidgetOf<FieldWidget>(field); }
 TextViewWidget& TextView(const StyledTextField& field) { return WidgetOf<TextViewWidget>(field); }
+
+Qt::Alignment ToQAlignment(TextAlignment alignment) {
+    if (alignment == TextAlignment::Left) return Qt::AlignVCenter | Qt::AlignLeft;
+    return Qt::AlignVCenter | (alignment == TextAlignment::Right ? Qt::AlignRight : Qt::AlignHCenter);
+}
 
 void SetColor(RectControl& field, QPalette::ColorRole role, Color color) {
     QPalette colors = field.peer().widget->palette();
@@ -210,34 +211,25 @@ void SetColor(RectControl& field, QPalette::ColorRole role, Color color) {
 }  // namespace
 
 StaticText::StaticText() : RectControl(std::make_unique<Peer>(new LabelWidget)) {}
-void StaticText::Text(const std::string& text) {
-    WidgetOf<LabelWidget>(*this).SetText(QString::fromStdString(text).replace(u'\r', u'\n'));
-}
 
-void StaticText::TextFont(const std::string& name) { WidgetOf<LabelWidget>(*this).SetFontName(name); }
-void StaticText::TextSize(Int32 size) { WidgetOf<LabelWidget>(*this).SetSize(size); }
-void StaticText::Bold(bool on) { WidgetOf<LabelWidget>(*this).SetBold(on); }
-void StaticText::LabelFor(const RectControl& control) { WidgetOf<LabelWidget>(*this).setBuddy(control.peer().widget); }
-
-void StaticText::TextAlign(TextAlignment alignment) {
-    WidgetOf<LabelWidget>(*this).setAlignment(Horizontally(alignment) | Qt::AlignVCenter);
-}
+void StaticText::Text(const std::string& text) { Label(*this).SetText(ToQString(text).replace(u'\r', u'\n')); }
+void StaticText::TextFont(const std::string& name) { Label(*this).Set(&LabelWidget::fontName, name); }
+void StaticText::TextSize(Int32 size) { Label(*this).Set(&LabelWidget::pixelSize, size); }
+void StaticText::Bold(bool on) { Label(*this).Set(&LabelWidget::isBold, on); }
+void StaticText::TextAlign(TextAlignment alignment) { Label(*this).setAlignment(ToQAlignment(alignment)); }
+void StaticText::LabelFor(const RectControl& control) { Label(*this).setBuddy(control.peer().widget); }
 
 EditField::EditField() : RectControl(std::make_unique<Peer>(new FieldWidget(*this))) {}
 
-std::string EditField::Text() const { return WidgetOf<FieldWidget>(*this).text().toStdString(); }
-void EditField::Text(const std::string& text) { WidgetOf<FieldWidget>(*this).Show(QString::fromStdString(text)); }
-
-void EditField::SelText(const std::string& text) { WidgetOf<FieldWidget>(*this).insert(QString::fromStdString(text)); }
-
-void EditField::Alignment(TextAlignment alignment) {
-    WidgetOf<FieldWidget>(*this).setAlignment(Horizontally(alignment) | Qt::AlignVCenter);
-}
-
+std::string EditField::Text() const { return Field(*this).text().toStdString(); }
+void EditField::Text(const std::string& text) { Field(*this).Show(ToQString(text)); }
+void EditField::SelText(const std::string& text) { Field(*this).insert(ToQString(text)); }
+void EditField::Alignment(TextAlignment alignment) { Field(*this).setAlignment(ToQAlignment(alignment)); }
 void EditField::TextColor(Color color) { SetColor(*this, QPalette::Text, color); }
 void EditField::BackColor(Color color) { SetColor(*this, QPalette::Base, color); }
 
 StyledTextField::StyledTextField() : RectControl(std::make_unique<Peer>(new TextViewWidget)) {}
+
 std::string StyledTextField::Text() const { return TextView(*this).toPlainText().replace(u'\n', u'\r').toStdString(); }
 void StyledTextField::Text(const std::string& text) { StyledText({{text, {false, false, TextSize()}}}); }
 void StyledTextField::StyledText(const ::StyledText& text) { TextView(*this).Show(text); }
@@ -245,7 +237,6 @@ Int32 StyledTextField::TextSize() const { return TextView(*this).font().pixelSiz
 void StyledTextField::TextSize(Int32 size) {
     TextView(*this).setFont(FontNamed(TextView(*this).font().family().toStdString(), size));
 }
-
 void StyledTextField::TextFont(const std::string& name) { TextView(*this).setFont(FontNamed(name, TextSize())); }
 void StyledTextField::TextColor(Color color) { SetColor(*this, QPalette::Text, color); }
 void StyledTextField::BackColor(Color color) { SetColor(*this, QPalette::Base, color); }

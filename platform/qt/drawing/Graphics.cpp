@@ -1,6 +1,5 @@
 #include "platform/qt/drawing/Surfaces.h"
 
-#include <QtGui/QFontMetricsF>
 #include <algorithm>
 #include <cmath>
 
@@ -9,7 +8,6 @@
 namespace {
 
 constexpr double kUnbounded = 1e6;
-constexpr auto kSmooth = QPainter::Antialiasing | QPainter::SmoothPixmapTransform;
 
 // Without antialiasing, which at a fractional scale would only half cover the surface's last row and column.
 void FillSharply(QPainter& painter, QRectF place, const QColor& color) {
@@ -36,17 +34,9 @@ QFont FontOf(const Graphics& g) {
 
 }  // namespace
 
-Graphics::Peer::Peer(QImage surface, QSize logicalSize)
-    : image(std::move(surface)), size(logicalSize), painter(&image) {
-    painter.setRenderHints(kSmooth);
+Graphics::Graphics(std::unique_ptr<Peer> peer) : peer_(std::move(peer)) {
+    peer_->painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
 }
-
-Graphics::Peer::Peer(QWidget& widget)
-    : size(widget.size()), background(widget.palette().color(QPalette::Window)), painter(&widget) {
-    painter.setRenderHints(kSmooth);
-}
-
-Graphics::Graphics(std::unique_ptr<Peer> peer) : peer_(std::move(peer)) {}
 
 Graphics::~Graphics() = default;
 
@@ -88,12 +78,13 @@ void Graphics::ClearRect(Int32 x, Int32 y, Int32 width, Int32 height) {
 void Graphics::DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth, Int32 destHeight,
                            Int32 sourceX, Int32 sourceY, Int32 sourceWidth, Int32 sourceHeight) {
     if (!picture) return;
-    const auto extent = [](Int32 given, Int32 own) { return given == kOwnSize ? own : given; };
-    const QRect destination(x, y, extent(destWidth, picture->Width()), extent(destHeight, picture->Height()));
-    const QRectF source(sourceX, sourceY, extent(sourceWidth, picture->Width()),
-                        extent(sourceHeight, picture->Height()));
+    const auto size = [&picture](Int32 width, Int32 height) {
+        return QSize(width == kOwnSize ? picture->Width() : width, height == kOwnSize ? picture->Height() : height);
+    };
+    const QRect destination({x, y}, size(destWidth, destHeight));
+    const QRectF source(QPointF(sourceX, sourceY), size(sourceWidth, sourceHeight));
     // The source is counted in the image's own pixels.
-    const double ratio = picture->pixels().Ratio();
+    const double ratio = picture->pixels().ratio;
     const QRect part = QRectF(source.topLeft() * ratio, source.size() * ratio).toRect();
     const QTransform& toDevice = peer_->painter.deviceTransform();
     const QRect pixels = NearestPixels(toDevice, destination);
@@ -103,13 +94,12 @@ void Graphics::DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 
 }
 
 double Graphics::StringWidth(const std::string& text) {
-    return QFontMetricsF(FontOf(*this)).horizontalAdvance(QString::fromStdString(text));
+    return QFontMetricsF(FontOf(*this)).horizontalAdvance(ToQString(text));
 }
 
 Int32 Graphics::StringHeight(const std::string& text, Int32 wrapWidth) {
     const QRectF box(0, 0, wrapWidth, kUnbounded);
-    const QFontMetricsF metrics(FontOf(*this));
-    const QRectF bounds = metrics.boundingRect(box, Qt::TextWordWrap, QString::fromStdString(text));
+    const QRectF bounds = QFontMetricsF(FontOf(*this)).boundingRect(box, Qt::TextWordWrap, ToQString(text));
     return ToInt32(std::ceil(bounds.height()));
 }
 
@@ -118,11 +108,12 @@ Int32 Graphics::TextAscent() { return ToInt32(std::round(QFontMetricsF(FontOf(*t
 void Graphics::DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth, bool condense) {
     QPainter& painter = peer_->painter;
     const QFont font = FontOf(*this);
-    const QString whole = QString::fromStdString(text);
+    const QString whole = ToQString(text);
     painter.setFont(font);
     painter.setPen(ToQColor(ForeColor()));
     if (wrapWidth <= 0) return painter.drawText(QPointF(x, y), whole);
     const QFontMetricsF metrics(font);
-    if (condense) return painter.drawText(QPointF(x, y), metrics.elidedText(whole, Qt::ElideRight, wrapWidth));
-    painter.drawText(QRectF(x, y - metrics.ascent(), wrapWidth, kUnbounded), Qt::TextWordWrap, whole);
+    const QRectF box(x, y - metrics.ascent(), wrapWidth, kUnbounded);
+    if (!condense) return painter.drawText(box, Qt::TextWordWrap, whole);
+    painter.drawText(QPointF(x, y), metrics.elidedText(whole, Qt::ElideRight, wrapWidth));
 }

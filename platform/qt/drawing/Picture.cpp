@@ -4,22 +4,20 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImageReader>
 #include <cstdlib>
-#include <filesystem>
 
 #include "platform/FolderItem.h"
 #include "platform/qt/drawing/Surfaces.h"
 
-Picture::Pixels::Pixels(QSize logicalSize, double devicePixelRatio)
-    : logicalSize_(logicalSize), size_((QSizeF(logicalSize) * devicePixelRatio).toSize()), ratio_(devicePixelRatio) {
+Picture::Pixels::Pixels(QSize sizeInUnits, double pixelsPerUnit)
+    : logicalSize(sizeInUnits), ratio(pixelsPerUnit), size((QSizeF(logicalSize) * ratio).toSize()) {
     constexpr QRgb kWhite = 0xFFFFFFFF;
-    const auto width = static_cast<std::size_t>(size_.width());
-    memory_.assign(width * static_cast<std::size_t>(size_.height()), kWhite);
+    memory.assign(static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()), kWhite);
 }
 
 QImage Picture::Pixels::View() {
-    QImage view(reinterpret_cast<uchar*>(memory_.data()), size_.width(), size_.height(),
-                static_cast<qsizetype>(size_.width()) * static_cast<qsizetype>(sizeof(QRgb)), QImage::Format_RGB32);
-    view.setDevicePixelRatio(ratio_);
+    auto* const bytes = reinterpret_cast<uchar*>(memory.data());
+    QImage view(bytes, size.width(), size.height(), QImage::Format_RGB32);
+    view.setDevicePixelRatio(ratio);
     return view;
 }
 
@@ -27,22 +25,20 @@ Picture::Picture(std::unique_ptr<Pixels> pixels) : pixels_(std::move(pixels)) {}
 
 Picture::~Picture() = default;
 
-Int32 Picture::Width() const { return pixels_->LogicalSize().width(); }
-Int32 Picture::Height() const { return pixels_->LogicalSize().height(); }
+Int32 Picture::Width() const { return pixels_->logicalSize.width(); }
+Int32 Picture::Height() const { return pixels_->logicalSize.height(); }
 
-std::span<const std::uint32_t> Picture::Bits() const { return pixels_->Bits(); }
+std::span<const std::uint32_t> Picture::Bits() const { return pixels_->memory; }
 
 Ref<Graphics> Picture::Graphics() {
-    if (!graphics_) {
-        auto peer = std::make_unique<::Graphics::Peer>(pixels_->View(), pixels_->LogicalSize());
-        graphics_ = MakeRef<::Graphics>(std::move(peer));
-    }
+    using Peer = ::Graphics::Peer;
+    if (!graphics_) graphics_ = MakeRef<::Graphics>(std::make_unique<Peer>(pixels_->View(), pixels_->logicalSize));
     return graphics_;
 }
 
 Ref<Picture> Picture::Mask(bool create) {
     if (!mask_ && create) {
-        mask_ = NewPicture(Width(), Height(), 32, pixels_->Ratio());
+        mask_ = NewPicture(Width(), Height(), 32, pixels_->ratio);
         mask_->Graphics()->ForeColor(RGB(0, 0, 0));
         mask_->Graphics()->FillRect(0, 0, Width(), Height());
     }
@@ -58,15 +54,16 @@ QImage WithMask(Picture& picture) {
         opacity.setDevicePixelRatio(1);
         image.setDevicePixelRatio(1);
         image.setAlphaChannel(opacity);
-        image.setDevicePixelRatio(picture.pixels().Ratio());
+        image.setDevicePixelRatio(picture.pixels().ratio);
     }
     return image;
 }
 
 QImage ToQImage(const std::optional<RgbImage>& image) {
     if (!image) return {};
-    const qsizetype bytesPerRow = qsizetype{3} * image->width;
-    return QImage(image->bytes.data(), image->width, image->height, bytesPerRow, QImage::Format_RGB888).copy();
+    const RgbImage& rgb = *image;
+    const qsizetype bytesPerRow = qsizetype{3} * rgb.width;
+    return QImage(rgb.bytes.data(), rgb.width, rgb.height, bytesPerRow, QImage::Format_RGB888).copy();
 }
 
 Ref<Picture> NewPicture(Int32 width, Int32 height, Int32, double scale) {

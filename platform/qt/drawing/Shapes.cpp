@@ -1,9 +1,7 @@
 #include "platform/qt/drawing/Surfaces.h"
 
 #include <QtGui/QPainterPath>
-#include <QtGui/QPolygonF>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -16,13 +14,12 @@ using std::numbers::pi;
 /// The outer or the inner edge of a stroked ellipse.
 class Edge {
   public:
-    Edge(QPointF centre, double radiusX, double radiusY, QPointF cut)
-        : centre_(centre), radiusX_(radiusX), radiusY_(radiusY), offset_(cut - centre) {}
+    Edge(QPointF centre, QSizeF radii, QPointF cut) : centre_(centre), radii_(radii), offset_(cut - centre) {}
 
     /// The angle at which a quarter begins. Quarter 0 is the lower right one; they count clockwise.
     double Begin(int quarter) const {
-        const double sideways = Angle(offset_.x(), radiusX_);
-        const double upright = Angle(offset_.y(), radiusY_);
+        const double sideways = Angle(offset_.x(), radii_.width());
+        const double upright = Angle(offset_.y(), radii_.height());
         const double beyond[] = {upright, -sideways, -upright, sideways};
         return quarter * pi / 2 + beyond[quarter % 4];
     }
@@ -32,7 +29,7 @@ class Edge {
         const int steps = std::max(ToInt32(std::ceil(std::abs(to - from) / step)), 1);
         for (int i = 0; i <= steps; ++i) {
             const double angle = from + (to - from) * i / steps;
-            polygon << centre_ + QPointF(std::cos(angle) * radiusX_, std::sin(angle) * radiusY_);
+            polygon << centre_ + QPointF(std::cos(angle) * radii_.width(), std::sin(angle) * radii_.height());
         }
     }
 
@@ -40,8 +37,7 @@ class Edge {
     static double Angle(double offset, double radius) { return std::asin(std::clamp(offset / radius, -1.0, 1.0)); }
 
     QPointF centre_;
-    double radiusX_;
-    double radiusY_;
+    QSizeF radii_;
     QPointF offset_;
 };
 
@@ -52,31 +48,26 @@ double Step(double radiusInPixels) {
     return std::max(2 * std::acos(1 - std::min(kDeviation / radiusInPixels, 1.0)), kSmallest);
 }
 
-/// The stroked outline of an ellipse, in four pieces without a seam between them. The rasteriser's cost grows
-/// with the edges on a row: a quarter has two, the whole ring four. The ring is cut along `cut`.x() and
-/// `cut`.y(), which must be near the centre and lie between pixels.
-std::array<QPolygonF, 4> RingInQuarters(const QRectF& ellipse, double lineWidth, QPointF cut, double pixelsPerUnit) {
-    const double radiusX = ellipse.width() / 2;
-    const double radiusY = ellipse.height() / 2;
-    const double half = lineWidth / 2;
-    const Edge outer(ellipse.center(), radiusX + half, radiusY + half, cut);
-    constexpr double kPoint = 1e-3;  // the inner radius if the line is so wide that no hole is left
-    const Edge inner(ellipse.center(), std::max(radiusX - half, kPoint), std::max(radiusY - half, kPoint), cut);
-    const double step = Step((std::max(radiusX, radiusY) + half) * pixelsPerUnit);
-    std::array<QPolygonF, 4> quarters;
-    for (int i = 0; i < 4; ++i) {
-        QPolygonF& quarter = quarters[static_cast<std::size_t>(i)];
-        outer.AppendTo(quarter, outer.Begin(i), outer.Begin(i + 1), step);
-        inner.AppendTo(quarter, inner.Begin(i + 1), inner.Begin(i), step);
-    }
-    return quarters;
-}
-
+/// Draws the outline of an ellipse, in four pieces without a seam between them. The rasteriser's cost grows
+/// with the edges on a row: a quarter has two, the whole ring four.
 void StrokeEllipse(QPainter& painter, const QRectF& ellipse, double lineWidth) {
     const QTransform& toDevice = painter.deviceTransform();
-    const QPointF cut = toDevice.inverted().map(QPointF(toDevice.map(ellipse.center()).toPoint()));
-    for (const QPolygonF& quarter : RingInQuarters(ellipse, lineWidth, cut, toDevice.m11()))
+    const QPointF centre = ellipse.center();
+    // Where the quarters meet: near the centre and between pixels, so that no seam shows.
+    const QPointF cut = toDevice.inverted().map(QPointF(toDevice.map(centre).toPoint()));
+    const QSizeF half(lineWidth / 2, lineWidth / 2);
+    const QSizeF outerRadii = ellipse.size() / 2 + half;
+    const QSizeF innerRadii = ellipse.size() / 2 - half;
+    constexpr QSizeF kPoint(1e-3, 1e-3);  // the inner radii if the line is so wide that no hole is left
+    const Edge outer(centre, outerRadii, cut);
+    const Edge inner(centre, innerRadii.expandedTo(kPoint), cut);
+    const double step = Step(std::max(outerRadii.width(), outerRadii.height()) * toDevice.m11());
+    for (int i = 0; i < 4; ++i) {
+        QPolygonF quarter;
+        outer.AppendTo(quarter, outer.Begin(i), outer.Begin(i + 1), step);
+        inner.AppendTo(quarter, inner.Begin(i + 1), inner.Begin(i), step);
         painter.drawPolygon(quarter);
+    }
 }
 
 QColor Translucent(Color color, double opacityPercent) {
@@ -107,14 +98,11 @@ void Graphics::DrawObject(const OvalShape& oval, Int32 x, Int32 y) {
 
 void Graphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {
     QPainter& painter = peer_->painter;
-    constexpr double kTurn = 2 * std::numbers::pi;
+    constexpr double kTurn = 2 * pi;
     const QRectF ellipse = BoundsOf(arc, x, y);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Translucent(arc.FillColor(), arc.Fill()));
-    if (std::abs(arc.ArcAngle()) >= kTurn) {
-        painter.drawEllipse(ellipse);
-        return;
-    }
+    if (std::abs(arc.ArcAngle()) >= kTurn) return painter.drawEllipse(ellipse);
     // drawPie takes angles in sixteenths of a degree, which is too coarse: a second is a tenth of a degree.
     const auto degrees = [](double radians) { return -radians * 360 / kTurn; };
     QPainterPath slice(ellipse.center());

@@ -23,7 +23,7 @@ QFont FontNamed(const std::string& name, int pixelSize) {
     const bool isSmall = name == "SmallSystem";
     const int defaultSize = isSmall ? kSmallSystemSize : kSystemSize;
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    if (!isSmall && name != "System") font.setFamily(QString::fromStdString(name));
+    if (!isSmall && name != "System") font.setFamily(ToQString(name));
     font.setPixelSize(pixelSize > 0 ? pixelSize : defaultSize);
     return font;
 }

@@ -1,14 +1,11 @@
 #pragma once
 
 #include <QtCore/QSizeF>
-#include <QtCore/QString>
-#include <QtCore/Qt>
 #include <QtGui/QColor>
 #include <QtGui/QFont>
 #include <string>
 
 #include "platform/Color.h"
-#include "platform/Controls.h"
 
 /// The font for "System", "SmallSystem" or a font family, in logical pixels; a size of 0 is the default.
 QFont FontNamed(const std::string& name, int pixelSize = 0);
@@ -16,18 +13,6 @@ QFont FontNamed(const std::string& name, int pixelSize = 0);
 /// `font`, made narrower and then smaller until `text` fits into `box`, but not below `smallestSize` pixels.
 QFont FittedFont(QFont font, const QString& text, QSizeF box, int smallestSize = 6);
 
+inline QString ToQString(const std::string& text) { return QString::fromStdString(text); }
 inline QColor ToQColor(Color color) { return {color.Red(), color.Green(), color.Blue()}; }
-
 inline Color ToColor(const QColor& color) { return RGB(color.red(), color.green(), color.blue()); }
-
-inline Qt::Alignment Horizontally(TextAlignment alignment) {
-    switch (alignment) {
-        case TextAlignment::Left:
-            return Qt::AlignLeft;
-        case TextAlignment::Centre:
-            return Qt::AlignHCenter;
-        case TextAlignment::Right:
-            return Qt::AlignRight;
-    }
-    return {};
-}

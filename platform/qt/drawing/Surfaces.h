@@ -3,8 +3,6 @@
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtWidgets/QWidget>
-#include <optional>
-#include <vector>
 
 #include "platform/Graphics.h"
 #include "platform/MovieLibrary.h"
@@ -12,10 +10,11 @@
 
 /// The antialiasing painter of a surface, which paints straight onto its device.
 struct Graphics::Peer {
-    /// Paints on an image, whose memory must outlive this object.
-    Peer(QImage surface, QSize logicalSize);
+    /// Paints on an image, whose memory must outlive this object. A painter would copy an image that is shared.
+    Peer(QImage surface, QSize logicalSize) : image(std::move(surface)), size(logicalSize), painter(&image) {}
     /// Paints on a widget. This object lives within the widget's paint event.
-    explicit Peer(QWidget& widget);
+    explicit Peer(QWidget& widget)
+        : size(widget.size()), background(widget.palette().color(QPalette::Window)), painter(&widget) {}
 
     /// Draws an image over the whole surface.
     void Fill(const QImage& picture) { painter.drawImage(QRect(QPoint(), size), picture); }
@@ -28,21 +27,17 @@ struct Graphics::Peer {
 };
 
 /// The memory of a picture. Views share it without copying, so one may be painted on while another is read.
-class Picture::Pixels {
-  public:
+struct Picture::Pixels {
     /// All pixels are white. Throws std::bad_alloc when there is no memory for them.
-    Pixels(QSize logicalSize, double devicePixelRatio);
+    Pixels(QSize sizeInUnits, double pixelsPerUnit);
 
     QImage View();
-    std::span<const QRgb> Bits() const { return memory_; }
-    QSize LogicalSize() const { return logicalSize_; }
-    double Ratio() const { return ratio_; }
 
-  private:
-    QSize logicalSize_;
-    QSize size_;
-    double ratio_;
-    std::vector<QRgb> memory_;
+    const QSize logicalSize;
+    const double ratio;
+    /// In pixels of its own.
+    const QSize size;
+    std::vector<QRgb> memory;
 };
 
 /// A picture's pixels with its mask as transparency. The picture must not change while the image is used.
