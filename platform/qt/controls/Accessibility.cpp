@@ -1,19 +1,22 @@
 #include "platform/qt/controls/Accessibility.h"
 
-#include <QtCore/QPointer>
+#include <QtWidgets/QAccessibleWidget>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QWidget>
-#include <utility>
 
+#include "platform/Canvas.h"
 #include "platform/qt/controls/RectControlPeer.h"
+#include "platform/qt/drawing/Styles.h"
 #include "platform/qt/events/EventBoundary.h"
+#include "platform/qt/events/MainThread.h"
+
+namespace {
 
 /// A text that is spoken when it appears. Needed before Qt 6.8, which has QAccessibleAnnouncementEvent.
 class Announcement final : public QAccessibleInterface {
   public:
     explicit Announcement(QWidget& canvas) : canvas_(&canvas) {}
 
-    void Text(const std::string& text) { text_ = QString::fromStdString(text); }
+    void Text(const std::string& text) { text_ = ToQString(text); }
 
     // A screen reader may hold it longer than the canvas lives.
     bool isValid() const override { return canvas_ != nullptr; }
@@ -34,67 +37,72 @@ class Announcement final : public QAccessibleInterface {
     QString text_;
 };
 
-CanvasAccessible::~CanvasAccessible() {
-    if (announcement_ != kNone) QAccessible::deleteAccessibleInterface(announcement_);
-}
-
-Announcement& CanvasAccessible::LatestAnnouncement() {
-    if (announcement_ == kNone) announcement_ = QAccessible::registerAccessibleInterface(new Announcement(*widget()));
-    return static_cast<Announcement&>(*QAccessible::accessibleInterface(announcement_));
-}
-
-QAccessible::Role CanvasAccessible::role() const {
-    return canvas_.Accessibility.Role == Accessible::Roles::Button ? QAccessible::PushButton : QAccessible::Graphic;
-}
-
-QString CanvasAccessible::text(QAccessible::Text which) const {
-    if (which == QAccessible::Description) return QString::fromStdString(Deliver(canvas_.Accessibility.Description));
-    return QAccessibleWidget::text(which);
-}
-
-QAccessibleInterface* CanvasAccessible::child(int index) const {
-    return index < childCount() ? QAccessible::accessibleInterface(announcement_) : nullptr;
-}
-
-int CanvasAccessible::indexOfChild(const QAccessibleInterface* wanted) const {
-    return wanted && wanted == child(0) ? 0 : -1;
-}
-
-// A dialog over the window, one of ours or of Qt's, blocks its canvases too.
-bool CanvasAccessible::CanBePressed() const {
-    const QWidget* const dialog = QApplication::activeModalWidget();
-    return canvas_.Accessibility.Press && widget()->isEnabled() && (!dialog || dialog == widget()->window());
-}
-
-QStringList CanvasAccessible::actionNames() const {
-    return CanBePressed() ? QStringList(pressAction()) : QStringList();
-}
-
-// Queued, so that the screen reader has its answer first: a press may open a dialog and wait for it.
-void CanvasAccessible::doAction(const QString& name) {
-    if (name != pressAction() || !CanBePressed()) return;
-    QMetaObject::invokeMethod(
-        widget(), [this] { Deliver(canvas_.Accessibility.Press); }, Qt::QueuedConnection);
-}
-
-void CanvasAccessible::Announce(const std::string& text) {
-    if (!std::exchange(unsaid_, text).empty()) return;
-    QMetaObject::invokeMethod(
-        widget(), [this] { Say(std::exchange(unsaid_, "")); }, Qt::QueuedConnection);
-}
-
-void CanvasAccessible::Say(const std::string& text) {
-    canvas_.DescriptionChanged();
-    Announcement& latest = LatestAnnouncement();
-    latest.Text(text);
-    // Screen readers speak a notification, unasked, when it begins to show.
-    for (const auto happened : {QAccessible::NameChanged, QAccessible::ObjectShow}) {
-        QAccessibleEvent event(&latest, happened);
-        QAccessible::updateAccessibility(&event);
+/// A canvas as screen readers see it. Its only child is the latest announcement, if there was one.
+class CanvasAccessible final : public QAccessibleWidget {
+  public:
+    CanvasAccessible(QWidget& widget, Canvas& canvas) : QAccessibleWidget(&widget), canvas_(canvas) {}
+    ~CanvasAccessible() override {
+        if (announcement_ != kNone) QAccessible::deleteAccessibleInterface(announcement_);
     }
-}
 
-namespace {
+    void Announce(const std::string& text) {
+        if (!std::exchange(unsaid_, text).empty()) return;
+        AfterThisEvent(*widget(), [this] { Say(std::exchange(unsaid_, "")); });
+    }
+
+    QAccessible::Role role() const override {
+        const bool isButton = canvas_.Accessibility.Role == Accessible::Roles::Button;
+        return isButton ? QAccessible::PushButton : QAccessible::Graphic;
+    }
+
+    QString text(QAccessible::Text which) const override {
+        if (which == QAccessible::Description) return ToQString(Deliver(canvas_.Accessibility.Description));
+        return QAccessibleWidget::text(which);
+    }
+
+    int childCount() const override { return announcement_ == kNone ? 0 : 1; }
+    QAccessibleInterface* child(int index) const override {
+        return index < childCount() ? QAccessible::accessibleInterface(announcement_) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* wanted) const override {
+        return wanted && wanted == child(0) ? 0 : -1;
+    }
+
+    QStringList actionNames() const override { return CanBePressed() ? QStringList(pressAction()) : QStringList(); }
+
+    // Queued, so that the screen reader has its answer first: a press may open a dialog and wait for it.
+    void doAction(const QString& name) override {
+        if (name != pressAction() || !CanBePressed()) return;
+        AfterThisEvent(*widget(), [this] { Deliver(canvas_.Accessibility.Press); });
+    }
+
+  private:
+    // A dialog over the window, one of ours or of Qt's, blocks its canvases too.
+    bool CanBePressed() const {
+        const QWidget* const dialog = QApplication::activeModalWidget();
+        return canvas_.Accessibility.Press && widget()->isEnabled() && (!dialog || dialog == widget()->window());
+    }
+
+    void Say(const std::string& text) {
+        canvas_.DescriptionChanged();
+        if (announcement_ == kNone)
+            announcement_ = QAccessible::registerAccessibleInterface(new Announcement(*widget()));
+        auto& latest = static_cast<Announcement&>(*QAccessible::accessibleInterface(announcement_));
+        latest.Text(text);
+        // Screen readers speak a notification, unasked, when it begins to show.
+        for (const auto happened : {QAccessible::NameChanged, QAccessible::ObjectShow}) {
+            QAccessibleEvent event(&latest, happened);
+            QAccessible::updateAccessibility(&event);
+        }
+    }
+
+    Canvas& canvas_;
+    static constexpr QAccessible::Id kNone = 0;
+    /// The announcement's id in Qt's registry, which owns it.
+    QAccessible::Id announcement_ = kNone;
+    /// What is still to be spoken; empty for nothing.
+    std::string unsaid_;
+};
 
 /// One of our windows. Its role is computed on request, since the window's type is set after this is made.
 class WindowAccessible final : public QAccessibleWidget {
@@ -112,7 +120,13 @@ void InstallAccessibility() {
         // Our subclasses have no Q_OBJECT, so Qt names them QWidget.
         if (className != u"QWidget") return nullptr;
         auto& widget = static_cast<QWidget&>(*object);
-        if (auto* canvas = dynamic_cast<Canvas*>(ControlOf(widget))) return new CanvasAccessible(widget, *canvas);
+        auto* const canvas = dynamic_cast<Canvas*>(ControlOf(widget));
+        if (canvas) return new CanvasAccessible(widget, *canvas);
         return widget.isWindow() ? new WindowAccessible(&widget) : nullptr;
     });
+}
+
+void Speak(QWidget& canvas, const std::string& text) {
+    if (!QAccessible::isActive()) return;
+    static_cast<CanvasAccessible&>(*QAccessible::queryAccessibleInterface(&canvas)).Announce(text);
 }

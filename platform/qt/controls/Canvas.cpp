@@ -1,15 +1,10 @@
 #include "platform/Canvas.h"
 
 #include <QtCore/QMimeData>
-#include <QtCore/QPointer>
-#include <QtGui/QCursor>
+#include <QtGui/QAccessible>
 #include <QtGui/QDropEvent>
-#include <QtGui/QMouseEvent>
-#include <QtWidgets/QWidget>
-#include <utility>
 
 #include "platform/Host.h"
-#include "platform/Picture.h"
 #include "platform/qt/controls/Accessibility.h"
 #include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/drawing/Surfaces.h"
@@ -17,8 +12,14 @@
 
 namespace {
 
-// hasText() would be true for a mere link to a file as well.
-bool IsText(const QMimeData& data) { return data.hasFormat(QStringLiteral("text/plain")); }
+/// Accepts a text, as a copy: a source that offers to move its text would delete it.
+bool AcceptText(QDropEvent& event) {
+    // hasText() would be true for a mere link to a file as well.
+    if (!event.mimeData()->hasFormat(QStringLiteral("text/plain"))) return false;
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+    return true;
+}
 
 class CanvasWidget final : public QWidget {
   public:
@@ -76,7 +77,7 @@ class CanvasWidget final : public QWidget {
             Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
             if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // no release comes after a drag
         } else if (event->buttons() == Qt::NoButton) {
-            // The release is lost if a dialog blocked the window by then. It counts as one outside of the canvas.
+            // The release is lost if a dialog blocked the window. It counts as one outside of the canvas.
             Release({-1, -1});
             pointer_ = PixelAt(event->position());
             Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
@@ -88,19 +89,11 @@ class CanvasWidget final : public QWidget {
         if (event->button() == Qt::LeftButton) Release(event->position());
     }
 
-    // Always a copy: a source that offers to move its text would delete it.
-    void dragEnterEvent(QDragEnterEvent* event) override {
-        if (!IsText(*event->mimeData())) return;
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-    }
-
+    void dragEnterEvent(QDragEnterEvent* event) override { AcceptText(*event); }
     void dropEvent(QDropEvent* event) override {
-        if (!IsText(*event->mimeData())) return;
+        if (!AcceptText(*event)) return;
         const auto item = MakeRef<DragItem>();
         item->Text(event->mimeData()->text().toStdString());
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
         Deliver([&] { owner_.Event_DropObject(item, 0); });
     }
 
@@ -156,6 +149,5 @@ void Canvas::Announce(const std::string& text) {
     Host::Current().Announce(text, [canvas = QPointer(peer().widget)] {
         if (canvas) canvas->activateWindow();
     });
-    if (!QAccessible::isActive()) return;
-    static_cast<CanvasAccessible&>(*QAccessible::queryAccessibleInterface(peer().widget)).Announce(text);
+    Speak(*peer().widget, text);
 }

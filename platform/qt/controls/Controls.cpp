@@ -1,11 +1,8 @@
-#include <QtCore/QEvent>
-#include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QGroupBox>
 #include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
-#include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleOptionButton>
 #include <QtWidgets/QToolButton>
 
@@ -42,8 +39,8 @@ class ButtonWidget final : public QPushButton {
     void Fit() {
         QStyleOptionButton option;
         initStyleOption(&option);
-        setFont(FittedFont(FontNamed("System"), text(),
-                           style()->subElementRect(QStyle::SE_PushButtonContents, &option, this).size()));
+        const QRect inside = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+        setFont(FittedFont(FontNamed("System"), text(), inside.size()));
     }
 };
 
@@ -107,6 +104,8 @@ class GroupWidget final : public QGroupBox {
     QPointer<QWidget> lastFocused_;
 };
 
+QProgressBar& Bar(const ProgressBar& control) { return WidgetOf<QProgressBar>(control); }
+
 }  // namespace
 
 PushButton::PushButton() : RectControl(std::make_unique<Peer>(new ButtonWidget)) {
@@ -114,10 +113,7 @@ PushButton::PushButton() : RectControl(std::make_unique<Peer>(new ButtonWidget))
     QObject::connect(&button, &QPushButton::clicked, &button, [this] { Deliver(Action); });
 }
 
-void PushButton::Caption(const std::string& caption) {
-    WidgetOf<ButtonWidget>(*this).SetCaption(QString::fromStdString(caption));
-}
-
+void PushButton::Caption(const std::string& caption) { WidgetOf<ButtonWidget>(*this).SetCaption(ToQString(caption)); }
 bool PushButton::Default() const { return WidgetOf<ButtonWidget>(*this).isDefault(); }
 void PushButton::Default(bool on) { WidgetOf<ButtonWidget>(*this).setDefault(on); }
 
@@ -125,41 +121,29 @@ CheckBox::CheckBox() : RectControl(std::make_unique<Peer>(new QCheckBox)) {
     WidgetOf<QCheckBox>(*this).setFont(FontNamed("System"));
 }
 
-void CheckBox::Caption(const std::string& caption) {
-    WidgetOf<QCheckBox>(*this).setText(QString::fromStdString(caption));
-}
-
+void CheckBox::Caption(const std::string& caption) { WidgetOf<QCheckBox>(*this).setText(ToQString(caption)); }
 bool CheckBox::Value() const { return WidgetOf<QCheckBox>(*this).isChecked(); }
 void CheckBox::Value(bool on) { WidgetOf<QCheckBox>(*this).setChecked(on); }
 
 UpDownArrows::UpDownArrows() : RectControl(std::make_unique<Peer>(new ArrowsWidget(*this))) {}
 
-void UpDownArrows::AccessibleName(const std::string& name) {
-    WidgetOf<ArrowsWidget>(*this).SetName(QString::fromStdString(name));
-}
+void UpDownArrows::AccessibleName(const std::string& name) { WidgetOf<ArrowsWidget>(*this).SetName(ToQString(name)); }
 
 GroupBox::GroupBox() : RectControl(std::make_unique<Peer>(new GroupWidget)) {
     WidgetOf<GroupWidget>(*this).setFont(FontNamed("System"));
 }
 
-void GroupBox::Caption(const std::string& caption) {
-    WidgetOf<GroupWidget>(*this).setTitle(QString::fromStdString(caption));
-}
+void GroupBox::Caption(const std::string& caption) { WidgetOf<GroupWidget>(*this).setTitle(ToQString(caption)); }
 
 ProgressBar::ProgressBar() : RectControl(std::make_unique<Peer>(new QProgressBar)) {
-    auto& bar = WidgetOf<QProgressBar>(*this);
-    bar.setTextVisible(false);
-    bar.setValue(0);
+    Bar(*this).setTextVisible(false);
+    Bar(*this).setValue(0);
 }
 
 void ProgressBar::Maximum(Int32 maximum) {
-    auto& bar = WidgetOf<QProgressBar>(*this);
-    OnMainThread(
-        bar, [&bar, maximum] { bar.setRange(0, maximum); }, "Maximum");
+    OnMainThread(Bar(*this), "Maximum", [this, maximum] { Bar(*this).setRange(0, maximum); });
 }
 
 void ProgressBar::Value(Int32 value) {
-    auto& bar = WidgetOf<QProgressBar>(*this);
-    OnMainThread(
-        bar, [&bar, value] { bar.setValue(value); }, "Value");
+    OnMainThread(Bar(*this), "Value", [this, value] { Bar(*this).setValue(value); });
 }

@@ -1,4 +1,5 @@
 #include "platform/qt/controls/RectControlPeer.h"
+#include "platform/qt/drawing/Styles.h"
 #include "platform/qt/events/MainThread.h"
 
 namespace {
@@ -25,35 +26,27 @@ Int32 RectControl::Width() const { return peer_->widget->width(); }
 Int32 RectControl::Height() const { return peer_->widget->height(); }
 
 void RectControl::Bounds(Int32 left, Int32 top, Int32 width, Int32 height) {
-    const QRect place(left, top, width, height);
-    peer_->Place(place.translated(-OriginInWindow(*this)));
+    peer_->Place(QRect(left, top, width, height).translated(-OriginInWindow(*this)));
 }
 
 void RectControl::InitialParent(const std::string& name) {
-    const QRect place(Left(), Top(), Width(), Height());
-    auto* group = peer_->widget->window()->findChild<QWidget*>(QString::fromStdString(name));
-    peer_->widget->setParent(group);
-    Bounds(place.left(), place.top(), place.width(), place.height());
+    const QPoint place(Left(), Top());
+    peer_->widget->setParent(peer_->widget->window()->findChild<QWidget*>(ToQString(name)));
+    Bounds(place.x(), place.y(), Width(), Height());
 }
 
 bool RectControl::Enabled() const { return peer_->widget->isEnabled(); }
 void RectControl::Enabled(bool on) {
-    QWidget& widget = *peer_->widget;
-    OnMainThread(widget, [&widget, on] { widget.setEnabled(on); });
+    OnMainThread(*peer_->widget, [this, on] { peer_->widget->setEnabled(on); });
 }
-
 void RectControl::Visible(bool on) {
-    QWidget& widget = *peer_->widget;
-    OnMainThread(widget, [&widget, on] { widget.setVisible(on); });
+    OnMainThread(*peer_->widget, [this, on] { peer_->widget->setVisible(on); });
 }
 
 bool RectControl::Active() const { return peer_->widget->isActiveWindow(); }
-
 RectControl* RectControl::Parent() const { return ControlOf(*peer_->widget->parentWidget()); }
 
-void RectControl::AccessibleName(const std::string& name) {
-    peer_->widget->setAccessibleName(QString::fromStdString(name));
-}
+void RectControl::AccessibleName(const std::string& name) { peer_->widget->setAccessibleName(ToQString(name)); }
 
 void RectControl::Event_Open() {
     if (Open) Open();
@@ -62,7 +55,5 @@ void RectControl::Event_Open() {
 void RectControl::SetFocus() { peer_->widget->setFocus(); }
 
 void RectControl::Refresh(bool) {
-    QWidget& widget = *peer_->widget;
-    OnMainThread(
-        widget, [&widget] { widget.update(); }, "Refresh");
+    OnMainThread(*peer_->widget, "Refresh", [this] { peer_->widget->update(); });
 }

@@ -2,16 +2,13 @@
 
 #include <QtCore/QCoreApplication>
 #include <cstdio>
-#include <exception>
 #include <mutex>
 #include <set>
-#include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/Application.h"
 #include "platform/Host.h"
-#include "platform/Ref.h"
+#include "platform/qt/events/MainThread.h"
 
 namespace {
 
@@ -70,13 +67,10 @@ void ReportUncaught() {
     const Report report = Describe();
     if (!IsNew(report.line)) return;
     Print(report.line);
-    QMetaObject::invokeMethod(
-        qApp,
-        [message = report.message] {
-            const std::string name = QCoreApplication::applicationName().toStdString();
-            Deliver([&] { MsgBox(message + "\n\n" + name + " goes on."); });
-        },
-        Qt::QueuedConnection);
+    AfterThisEvent(*qApp, [message = report.message] {
+        const std::string name = QCoreApplication::applicationName().toStdString();
+        Deliver([&] { MsgBox(message + "\n\n" + name + " goes on."); });
+    });
 }
 
 void QuitOnUncaught() {

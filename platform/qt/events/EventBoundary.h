@@ -3,8 +3,8 @@
 #include <functional>
 #include <type_traits>
 
-// Each delivery of an event to the program is a boundary for exceptions: what a handler throws is reported, the
-// event is abandoned, and the program goes on. So a fault in one window doesn't end a running count-down.
+// Each delivery of an event to the program is a boundary for exceptions: what a handler throws is reported,
+// the event is abandoned, and the program goes on. So a fault in one window doesn't end a running count-down.
 
 /// Reports the exception being handled: one line on standard error and, once this event is over, one message
 /// box. A line that has been printed before is not reported again. May be called on any thread.

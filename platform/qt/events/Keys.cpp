@@ -72,7 +72,7 @@ namespace Keyboard {
 bool AsyncCommandKey() { return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier); }
 
 bool AsyncOptionKey() {
-    return (QGuiApplication::queryKeyboardModifiers() & (Qt::AltModifier | Qt::ShiftModifier)) != Qt::NoModifier;
+    return QGuiApplication::queryKeyboardModifiers().testAnyFlags(Qt::AltModifier | Qt::ShiftModifier);
 }
 
 }  // namespace Keyboard

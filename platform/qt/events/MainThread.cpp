@@ -1,7 +1,6 @@
 #include "platform/qt/events/MainThread.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QEvent>
 #include <QtCore/QPointer>
 #include <QtCore/QThread>
 #include <deque>
@@ -21,25 +20,20 @@ struct Entry {
 std::mutex mutex;
 std::deque<Entry> waiting;
 
-std::deque<Entry> TakeAll() {
-    const std::lock_guard lock(mutex);
-    return std::exchange(waiting, {});
-}
-
-void CarryOutAll() {
-    for (const Entry& entry : TakeAll()) {
-        if (entry.context) Deliver(entry.action);
-    }
-}
-
-/// Woken by an empty event: data inside a Qt event would be guarded by Qt's own lock, which the thread sanitizer
-/// can't see.
+/// Woken by an empty event: data in it would be guarded by a lock of Qt's, which the thread sanitizer can't see.
 class Receiver final : public QObject {
   public:
     Receiver() { moveToThread(qApp->thread()); }
 
   protected:
-    void customEvent(QEvent*) override { CarryOutAll(); }
+    void customEvent(QEvent*) override {
+        std::unique_lock lock(mutex);
+        const std::deque<Entry> due = std::exchange(waiting, {});
+        lock.unlock();
+        for (const Entry& entry : due) {
+            if (entry.context) Deliver(entry.action);
+        }
+    }
 };
 
 /// The entry that an action may replace; nil if there is none.
@@ -53,7 +47,9 @@ Entry* Replaceable(const QObject& context, std::string_view property) {
 
 }  // namespace
 
-void OnMainThread(QObject& context, std::function<void()> action, std::string_view property) {
+void OnMainThread(QObject& context, std::function<void()> action) { OnMainThread(context, {}, std::move(action)); }
+
+void OnMainThread(QObject& context, std::string_view property, std::function<void()> action) {
     if (QThread::currentThread() == qApp->thread()) return action();
     const std::lock_guard lock(mutex);
     if (Entry* entry = Replaceable(context, property)) {
@@ -63,4 +59,8 @@ void OnMainThread(QObject& context, std::function<void()> action, std::string_vi
     waiting.push_back({&context, std::move(action), property});
     static Receiver receiver;
     if (waiting.size() == 1) QCoreApplication::postEvent(&receiver, new QEvent(QEvent::User));
+}
+
+void AfterThisEvent(QObject& context, const std::function<void()>& action) {
+    QMetaObject::invokeMethod(&context, action, Qt::QueuedConnection);
 }

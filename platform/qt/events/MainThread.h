@@ -4,10 +4,14 @@
 #include <functional>
 #include <string_view>
 
-/// Carries an action out on the main thread: at once when called there, otherwise soon, in the order of the calls;
-/// not at all when `context` has been destroyed by then. This is how other threads reach the main one. What only
-/// has to wait for the end of the event under way goes through QMetaObject::invokeMethod, queued.
-/// `property`, a literal, says that the action only sets that property of `context`. If the queue ends in property
-/// changes of `context` and one sets the same property, the new one replaces it, so that a fast worker doesn't
-/// flood the event loop.
-void OnMainThread(QObject& context, std::function<void()> action, std::string_view property = {});
+// Any thread has an action carried out on the main one. It is dropped if `context` is destroyed before.
+
+/// At once when called on the main thread, otherwise soon, in the order of the calls.
+void OnMainThread(QObject& context, std::function<void()> action);
+/// The same for an action that only sets a property of `context`, which `property`, a literal, names. If the
+/// queue ends in property changes of `context` and one sets the same property, the new one replaces it, so
+/// that a fast worker doesn't flood the event loop.
+void OnMainThread(QObject& context, std::string_view property, std::function<void()> action);
+
+/// Once the event under way is over, also when called on the main thread.
+void AfterThisEvent(QObject& context, const std::function<void()>& action);

@@ -1,7 +1,6 @@
 #include "platform/Thread.h"
 
 #include <atomic>
-#include <stop_token>
 #include <thread>
 
 #include "platform/qt/events/EventBoundary.h"
