@@ -4,9 +4,9 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <algorithm>
-#include <utility>
 
 #include "platform/Text.h"
+#include "platform/qt/drawing/Styles.h"
 #include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/window/OpenWindows.h"
 
@@ -29,33 +29,24 @@ bool IsQuit(const MenuItem& item) { return dynamic_cast<const QuitMenuItem*>(&it
 QLineEdit* FocusedField() { return dynamic_cast<QLineEdit*>(QApplication::focusWidget()); }
 
 void Edit(QLineEdit& field, EditCommands command) {
-    switch (command) {
-        case EditCommands::Undo:
-            return field.undo();
-        case EditCommands::Cut:
-            return field.cut();
-        case EditCommands::Copy:
-            return field.copy();
-        case EditCommands::Paste:
-            return field.paste();
-        case EditCommands::Clear:
-            if (field.hasSelectedText()) field.del();  // without a selection del() deletes the next character
-            return;
-        case EditCommands::SelectAll:
-            return field.selectAll();
-        case EditCommands::None:
-            return;
-    }
+    if (command == EditCommands::Undo) field.undo();
+    if (command == EditCommands::Cut) field.cut();
+    if (command == EditCommands::Copy) field.copy();
+    if (command == EditCommands::Paste) field.paste();
+    // Without a selection, del() would delete the next character.
+    if (command == EditCommands::Clear && field.hasSelectedText()) field.del();
+    if (command == EditCommands::SelectAll) field.selectAll();
 }
 
 }  // namespace
 
-MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, const Handlers& handlers, std::function<void()> enableItems)
-    : bar_(std::move(bar)),
+MenuBinding::MenuBinding(const Ref<MenuBar>& bar, QWidget& window, const Handlers& handlers,
+                         const std::function<void()>& enableItems)
+    : bar_(bar),
       window_(window),
       widget_(std::make_unique<QMenuBar>(&window)),
       handlers_(handlers),
-      enableItems_(std::move(enableItems)) {
+      enableItems_(enableItems) {
     widget_->setAutoFillBackground(true);  // in fullscreen the bar lies over the controls
     widget_->setCursor(Qt::ArrowCursor);
     for (const Ref<MenuItem>& menu : bar_->Children())
@@ -65,14 +56,17 @@ MenuBinding::MenuBinding(Ref<MenuBar> bar, QWidget& window, const Handlers& hand
 }
 
 void MenuBinding::AddMenu(const MenuItem& menu) {
-    auto* widget = new Menu(QString::fromStdString(menu.Text()), widget_.get());
+    auto* widget = new Menu(ToQString(menu.Text()), widget_.get());
     QAction* action = widget_->addMenu(widget);
     QObject::connect(widget, &QMenu::aboutToShow, widget, [this] { UpdateEnabled(); });
+    // If the pointer is on the bar by now, the bar stays until the next call of SetVisible.
+    const auto hasClosed = [this] {
+        if (!widget_->rect().contains(widget_->mapFromGlobal(QCursor::pos()))) SetVisible(isVisible_);
+    };
     // Queued, because the arrow keys close a menu and then open the next one.
-    QObject::connect(
-        widget, &QMenu::aboutToHide, widget, [this] { MenuHasClosed(); }, Qt::QueuedConnection);
-    accessKeys_.push_back(
-        new QShortcut(QKeySequence::mnemonic(action->text()), &window_, [this, action] { Open(*action); }));
+    QObject::connect(widget, &QMenu::aboutToHide, widget, hasClosed, Qt::QueuedConnection);
+    const QKeySequence accessKey = QKeySequence::mnemonic(action->text());
+    accessKeys_.push_back(new QShortcut(accessKey, &window_, [this, action] { Open(*action); }));
     for (const Ref<MenuItem>& item : menu.Children())
         AddItem(*widget, item);
 }
@@ -84,7 +78,7 @@ void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
     }
     QAction* action = menu.addAction(QString());
     action->setMenuRole(QAction::NoRole);
-    action->setShortcut(QKeySequence(QString::fromStdString(Replace(item->KeyboardShortcut(), "Cmd+", "Ctrl+"))));
+    action->setShortcut(QKeySequence(ToQString(Replace(item->KeyboardShortcut(), "Cmd+", "Ctrl+"))));
     QObject::connect(action, &QAction::triggered, action, [this, item] { Trigger(*item); });
     // The window gets the action too, because the shortcuts of a hidden menu bar are dead.
     window_.addAction(action);
@@ -97,17 +91,10 @@ void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
 
 void MenuBinding::SetVisible(bool on) {
     isVisible_ = on;
-    const bool isOpen =
-        std::ranges::any_of(widget_->actions(), [](QAction* menu) { return menu->menu()->isVisible(); });
-    widget_->setVisible(on || isOpen);
+    const auto isOpen = [](const QAction* menu) { return menu->menu()->isVisible(); };
+    widget_->setVisible(on || std::ranges::any_of(widget_->actions(), isOpen));
     for (QShortcut* key : accessKeys_)
         key->setEnabled(widget_->isHidden());  // a bar that shows handles these keys itself
-}
-
-// If the pointer is on the bar by now, the bar stays until the next call of SetVisible.
-void MenuBinding::MenuHasClosed() {
-    const bool isPointedAt = widget_->rect().contains(widget_->mapFromGlobal(QCursor::pos()));
-    if (!isPointedAt) SetVisible(isVisible_);
 }
 
 // Selects the first command too, as the bar does when it handles the key itself.
@@ -120,16 +107,14 @@ void MenuBinding::Open(QAction& menu) {
 
 void MenuBinding::UpdateEnabled() {
     for (const Row& row : rows_) {
-        row.item->Disable();
-        if (row.item->AutoEnable() && HasReceiver(*row.item)) row.item->Enable();
+        MenuItem& item = *row.item;
+        const bool isEdit = item.EditCommand() != EditCommands::None && FocusedField();
+        const bool hasReceiver = handlers_.contains(item.Name()) || IsQuit(item) || isEdit;
+        item.Disable();
+        if (item.AutoEnable() && hasReceiver) item.Enable();
     }
     Deliver(enableItems_);
     Sync();
-}
-
-bool MenuBinding::HasReceiver(const MenuItem& item) const {
-    return handlers_.contains(item.Name()) || IsQuit(item) ||
-           (item.EditCommand() != EditCommands::None && FocusedField());
 }
 
 // A screen reader can trigger a command even while a dialog blocks the window. Then only quitting works.
@@ -148,7 +133,7 @@ void MenuBinding::Trigger(const MenuItem& item) {
 
 void MenuBinding::Sync() {
     for (const Row& row : rows_) {
-        row.action->setText(QString::fromStdString(row.item->Text()));
+        row.action->setText(ToQString(row.item->Text()));
         row.action->setEnabled(row.item->Enabled());
     }
 }

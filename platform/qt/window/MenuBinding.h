@@ -1,16 +1,9 @@
 #pragma once
 
-#include <QtGui/QAction>
 #include <QtGui/QShortcut>
-#include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
-#include <functional>
 #include <map>
-#include <memory>
-#include <string>
-#include <vector>
 
-#include "platform/Menu.h"
 #include "platform/Window.h"
 
 /// Shows a MenuBar in a window. A command goes to the handler that is registered under the item's name; a
@@ -20,7 +13,8 @@ class MenuBinding {
     using Handlers = std::map<std::string, Window::MenuHandler>;
 
     /// `handlers` are the window's, by item name; more may come. `enableItems` runs in each enabling pass.
-    MenuBinding(Ref<MenuBar> bar, QWidget& window, const Handlers& handlers, std::function<void()> enableItems);
+    MenuBinding(const Ref<MenuBar>& bar, QWidget& window, const Handlers& handlers,
+                const std::function<void()>& enableItems);
 
     const Ref<MenuBar>& Bar() const { return bar_; }
     QMenuBar& Widget() { return *widget_; }
@@ -35,10 +29,8 @@ class MenuBinding {
   private:
     void AddMenu(const MenuItem& menu);
     void AddItem(QMenu& menu, const Ref<MenuItem>& item);
-    bool HasReceiver(const MenuItem& item) const;
     void Trigger(const MenuItem& item);
     void Sync();
-    void MenuHasClosed();
     void Open(QAction& menu);
 
     struct Row {

@@ -3,7 +3,6 @@
 #include <QtCore/QCoreApplication>
 #include <algorithm>
 #include <mutex>
-#include <utility>
 #include <vector>
 
 #include "platform/qt/events/EventBoundary.h"
@@ -24,11 +23,6 @@ struct LastReference final : QObject {
     explicit LastReference(std::shared_ptr<Window> closed) : window(std::move(closed)) {}
     std::shared_ptr<Window> window;
 };
-
-std::vector<Entry> All() {
-    const std::lock_guard lock(mutex);
-    return entries;
-}
 
 }  // namespace
 
@@ -53,17 +47,17 @@ void Remove(const Window& window) {
 }
 
 void CloseAll() {
-    for (const Entry& entry : All())
+    std::unique_lock lock(mutex);
+    const std::vector<Entry> open = entries;
+    lock.unlock();  // a window that closes leaves the list
+    for (const Entry& entry : open)
         entry.window->Close();
 }
 
 void DestroyAll() {
-    std::vector<Entry> last;
-    {
-        const std::lock_guard lock(mutex);
-        last.swap(entries);
-    }
-    // Unlocked, because destroying a window may wait for a worker that looks another window up here.
+    std::unique_lock lock(mutex);
+    std::vector<Entry> last = std::exchange(entries, {});
+    lock.unlock();  // destroying a window may wait for a worker that looks another window up here
     for (Entry& entry : last)
         entry.window.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

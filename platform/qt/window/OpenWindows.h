@@ -1,8 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "platform/Window.h"
 
 /// The list of open windows, which owns them. A window is found by the key of its class.

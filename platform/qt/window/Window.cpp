@@ -12,18 +12,18 @@ Window::Window() : peer_(std::make_unique<WindowPeer>(*this)) {}
 Window::~Window() = default;
 
 // For an empty title, the program's name would show.
-void Window::Title(const std::string& title) {
-    peer_->setWindowTitle(QString::fromStdString(title.empty() ? " " : title));
-}
+void Window::Title(const std::string& title) { peer_->setWindowTitle(ToQString(title.empty() ? " " : title)); }
 
-// geometry() is the window's inside; its frame belongs to the window manager.
 Int32 Window::Left() const { return peer_->Inside().left(); }
 void Window::Left(Int32 left) { peer_->MoveTo({left, Top()}); }
 Int32 Window::Top() const { return peer_->Inside().top(); }
 void Window::Top(Int32 top) { peer_->MoveTo({Left(), top}); }
 Int32 Window::Width() const { return peer_->Inside().width(); }
 void Window::Width(Int32 width) { peer_->SetSize({width, peer_->Inside().height()}); }
-Int32 Window::Height() const { return peer_->Inside().height() - (peer_->IsFullScreen() ? 0 : peer_->BarHeight()); }
+Int32 Window::Height() const {
+    const int barHeight = peer_->IsFullScreen() ? 0 : peer_->BarHeight();
+    return peer_->Inside().height() - barHeight;
+}
 void Window::Height(Int32 height) { peer_->SetSize({Width(), height + peer_->BarHeight()}); }
 void Window::MinSize(Int32 width, Int32 height) { peer_->SetMinimum({width, height}); }
 
@@ -77,7 +77,7 @@ void Window::UpdateNow() { peer_->repaint(); }
 void Window::SetFocus() { peer_->setFocus(); }
 
 void Window::_AddMenuHandler(const std::string& itemName, MenuHandler handler) {
-    peer_->AddHandler(itemName, std::move(handler));
+    peer_->Handlers()[itemName] = std::move(handler);
 }
 
 Window* Window::FindOpen(const std::string& key) { return open_windows::Find(key); }

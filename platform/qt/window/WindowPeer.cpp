@@ -1,15 +1,14 @@
 #include "platform/qt/window/WindowPeer.h"
 
 #include <QtCore/QEventLoop>
-#include <QtGui/QCloseEvent>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <chrono>
-#include <utility>
 
 #include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/events/Keys.h"
+#include "platform/qt/events/MainThread.h"
 #include "platform/qt/window/OpenWindows.h"
 
 namespace {
@@ -17,13 +16,13 @@ namespace {
 /// How long the window manager may take to answer a request.
 constexpr std::chrono::milliseconds kPatience(2000);
 
+constexpr auto kButtons = Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
+/// Without these, window managers would ignore the hints for the buttons.
+constexpr auto kCustomised = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+
 }  // namespace
 
-// Without the first two hints, window managers would ignore those for the buttons.
-WindowPeer::WindowPeer(Window& owner)
-    : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowMinMaxButtonsHint |
-                           Qt::WindowCloseButtonHint),
-      owner_(owner) {
+WindowPeer::WindowPeer(Window& owner) : QWidget(nullptr, Qt::Window | kCustomised | kButtons), owner_(owner) {
     setMouseTracking(true);
     content_.setMouseTracking(true);
     settling_.setSingleShot(true);
@@ -37,7 +36,7 @@ void WindowPeer::Build() {
     owner_.AddMenuHandlers(owner_);
     controls_.SetTabOrder();
     isBuilt_ = true;
-    for (RectControl* control : controls_.RectControls())
+    for (RectControl* control : controls_.All<RectControl>())
         Deliver([control] { control->Event_Open(); });
     Deliver([this] { owner_.Event_Open(); });
     if (menu_) menu_->UpdateEnabled();  // a screen reader may list the commands before anybody opens a menu
@@ -115,8 +114,8 @@ void WindowPeer::ShowOver(WindowPeer& parent) {
     show();
 }
 
-// The desktop gives the keyboard back to the window below a moment after this one has closed, and weston doesn't
-// if that window has gone fullscreen by then. So wait for the keyboard too, but not for long: it may go elsewhere.
+// The desktop gives the keyboard back to the window below a moment after this one has closed; weston doesn't
+// if that window has gone fullscreen by then. So this waits for the keyboard too, but not for long.
 void WindowPeer::WaitUntilClosed() {
     if (isClosed_) return;
     QEventLoop loop;
@@ -130,13 +129,12 @@ void WindowPeer::WaitUntilClosed() {
     closed_ = nullptr;
 }
 
-// Once the event under way is over, which may go on to fullscreen: at the end of that, the window manager would
-// bring back the zoomed window instead of the saved frame.
+// The event under way may go on to fullscreen, after which the window manager would bring back the zoomed
+// window instead of the saved frame.
 void WindowPeer::Zoom() {
-    const auto zoom = [this] {
+    AfterThisEvent(*this, [this] {
         if (fullScreen_ == FullScreen::Off) setWindowState(windowState() | Qt::WindowMaximized);
-    };
-    QMetaObject::invokeMethod(this, zoom, Qt::QueuedConnection);
+    });
 }
 
 void WindowPeer::SetFullScreen(bool on) {
@@ -151,9 +149,9 @@ void WindowPeer::SetFullScreen(bool on) {
     Arrange();
 }
 
-// On Wayland a maximised window stays so beneath fullscreen, because KWin ignores a request to maximise a window
-// that is still fullscreen. On X11 it can't stay so: for each change Qt ends the maximised state and asks for it
-// again, whereupon mutter forgets the size that the window had before.
+// On Wayland a maximised window stays so beneath fullscreen: KWin ignores a request to maximise a window that
+// is still fullscreen. On X11 it can't stay so: for each change Qt ends the maximised state and asks for it
+// again, and mutter then forgets the size that the window had before.
 void WindowPeer::AskForState() {
     const bool isMaximised = wasMaximised_ && !(IsFullScreen() && QGuiApplication::platformName() == u"xcb");
     Qt::WindowStates state;
@@ -176,9 +174,9 @@ void WindowPeer::FrameChanged() {
     if (fullScreen_ == FullScreen::Leaving && isBack) Settle();
 }
 
-// Fullscreen has ended, or the window manager has had its time to end it. It brings the frame back by itself: to ask
-// for the same one would end the maximised state, or could come before the title bar is back. Another one is asked
-// for, but not before this point.
+// Fullscreen has ended, or the window manager has had its time to end it. It brings the frame back by itself:
+// a request for the same one would end the maximised state, or could come before the title bar is back. A
+// request for another one has waited for this moment.
 void WindowPeer::Settle() {
     settling_.stop();
     if (fullScreen_ != FullScreen::Leaving) return;
@@ -225,7 +223,7 @@ void WindowPeer::Arrange() {
 void WindowPeer::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (event->spontaneous()) return;
-    if (menu_) setFocus();  // the menu bar gives the focus back to whatever had it, or keeps it if nothing had
+    if (menu_) setFocus();  // so that the menu bar gives the focus back to this; else it would keep it
     controls_.FocusFirstField();
 }
 

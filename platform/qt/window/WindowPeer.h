@@ -2,28 +2,23 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
-#include <QtWidgets/QWidget>
-#include <functional>
-#include <memory>
-#include <string>
 
-#include "platform/Window.h"
 #include "platform/qt/window/ControlList.h"
 #include "platform/qt/window/MenuBinding.h"
 
-/// The widget of a window: a menu bar, if it has one, and below it the area of the controls. In fullscreen the bar lies
-/// over that area instead, so that the controls don't move when it comes and goes.
+/// The widget of a window: a menu bar, if it has one, and below it the area of the controls. In fullscreen
+/// the bar lies over that area instead, so that the controls don't move when it comes and goes.
 class WindowPeer final : public QWidget {
   public:
     explicit WindowPeer(Window& owner);
 
-    /// Lays the window out, creates its controls and delivers Open. It must be in the list of open windows by then.
+    /// Lays the window out, creates its controls and delivers Open. It must be in the list of open windows.
     void Build();
 
     void SetCentred(bool on) { isCentred_ = on; }
 
-    /// The window's inside on the screen: its controls and a menu bar that takes room. At the end of fullscreen it is
-    /// at once what it will be when the window manager has brought it back.
+    /// The window's inside on the screen: its controls and a menu bar that takes room. When fullscreen is
+    /// left, it is at once what it will be when the window manager has brought it back.
     QRect Inside() const;
     void MoveTo(QPoint corner);
     void SetSize(QSize size);
@@ -40,12 +35,10 @@ class WindowPeer final : public QWidget {
 
     QWidget& Content() { return content_; }
     ControlList& Controls() { return controls_; }
-    void AddHandler(const std::string& itemName, Window::MenuHandler handler) {
-        handlers_[itemName] = std::move(handler);
-    }
+    MenuBinding::Handlers& Handlers() { return handlers_; }
 
-    /// Whether the program has asked for fullscreen. Without that, a window that the window manager has made fullscreen
-    /// is just a large one.
+    /// Whether the program has asked for fullscreen. A window that only the window manager has made
+    /// fullscreen is just a large one.
     bool IsFullScreen() const { return fullScreen_ == FullScreen::On; }
     void SetFullScreen(bool on);
     void Zoom();
