@@ -4,9 +4,9 @@
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QPushButton>
 #include <algorithm>
-#include <utility>
 
 #include "platform/Text.h"
+#include "platform/qt/drawing/Styles.h"
 #include "platform/qt/drawing/Surfaces.h"
 #include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/events/MainThread.h"
@@ -24,19 +24,13 @@ QString SizeText(double bytesPerMinute) {
     constexpr double kMegabyte = 1024 * 1024;
     const std::string kilobytes = Format(bytesPerMinute / 1024, "###,##0") + " KB";
     const std::string megabytes = Format(bytesPerMinute / kMegabyte, "###,##0.0") + " MB";
-    return QString::fromStdString("About " + (bytesPerMinute < kMegabyte ? kilobytes : megabytes) + " a minute");
+    return ToQString("About " + (bytesPerMinute < kMegabyte ? kilobytes : megabytes) + " a minute");
 }
 
 QString Note(const QString& codec, SizeSupport support) {
-    switch (support) {
-        case SizeSupport::Refused:
-            return codec + QStringLiteral(" can't make frames of this size.");
-        case SizeSupport::PoorlyPlayed:
-            return QStringLiteral("Many players can't show ") + codec + QStringLiteral(" of an odd width or height.");
-        case SizeSupport::Full:
-            break;
-    }
-    return {};
+    if (support == SizeSupport::Full) return {};
+    if (support == SizeSupport::Refused) return codec + QStringLiteral(" can't make frames of this size.");
+    return QStringLiteral("Many players can't show %1 of an odd width or height.").arg(codec);
 }
 
 }  // namespace
@@ -60,10 +54,13 @@ CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testIm
     connect(&quality_, &QSlider::valueChanged, this, [this] { Encode(); });
     connect(&frameRate_, &QLineEdit::textChanged, this, [this] { Encode(); });
     connect(&frameRate_, &QLineEdit::editingFinished, this, [this] { ShowFrameRate(FrameRate()); });
-    connect(&isActualSize_, &QCheckBox::toggled, this, [this] {
-        previewArea_.setFocusPolicy(isActualSize_.isChecked() ? Qt::StrongFocus : Qt::NoFocus);
+    connect(&isActualSize_, &QCheckBox::toggled, this, [this](bool on) {
+        previewArea_.setFocusPolicy(on ? Qt::StrongFocus : Qt::NoFocus);
         ShowPreview();
-        ShowMiddle();
+        // The clock is in the middle; the corners are empty.
+        preview_.adjustSize();
+        const QSize half = kPreviewSize / 2;
+        previewArea_.ensureVisible(preview_.width() / 2, preview_.height() / 2, half.width(), half.height());
     });
     codec_.setFocus();
     ShowCodec();
@@ -91,7 +88,7 @@ QLayout* CompressionDialog::MakeSettingsSide() {
     auto* form = new QFormLayout;
     rows->addLayout(form);
     for (const CodecChoice& codec : codecs_)
-        codec_.addItem(QString::fromStdString(codec.name), static_cast<int>(codec.codec));
+        codec_.addItem(ToQString(codec.name), static_cast<int>(codec.codec));
     form->addRow(QStringLiteral("Compression &type:"), &codec_);
     quality_.setRange(0, 100);
     quality_.setPageStep(25);
@@ -118,25 +115,26 @@ QLayout* CompressionDialog::MakeSettingsSide() {
     return rows;
 }
 
-void CompressionDialog::ShowFrameRate(double rate) { frameRate_.setText(QString::fromStdString(Str(rate))); }
-
 CompressionSettings CompressionDialog::Settings() const { return {Codec().codec, quality_.value(), FrameRate()}; }
 
 const CodecChoice& CompressionDialog::Codec() const {
     return codecs_.at(static_cast<std::size_t>(codec_.currentIndex()));
 }
 
-/// The rate in the field, clamped to what can be chosen or was proposed; without a number there, the proposed rate.
+/// The rate in the field, clamped to what can be chosen or was proposed. Without a number, the proposed one.
 double CompressionDialog::FrameRate() const {
     const double rate = Val(frameRate_.text().toStdString());
-    return rate > 0 ? std::clamp(rate, kLowestFrameRate, std::max(kHighestRate, proposedRate_)) : proposedRate_;
+    const double highest = std::max(kHighestRate, proposedRate_);
+    return rate > 0 ? std::clamp(rate, kLowestFrameRate, highest) : proposedRate_;
 }
 
+void CompressionDialog::ShowFrameRate(double rate) { frameRate_.setText(ToQString(Str(rate))); }
+
 void CompressionDialog::ShowCodec() {
-    quality_.setEnabled(Codec().hasQuality);
-    qualityEnds_.setEnabled(Codec().hasQuality);
-    const SizeSupport support =
-        MovieLibrary::Installed().Supports(Codec().codec, frameSize_.width(), frameSize_.height());
+    const auto& [codec, name, hasQuality] = Codec();
+    quality_.setEnabled(hasQuality);
+    qualityEnds_.setEnabled(hasQuality);
+    const auto support = MovieLibrary::Installed().Supports(codec, frameSize_.width(), frameSize_.height());
     note_.setText(Note(codec_.currentText(), support));
     codec_.setAccessibleDescription(note_.text());
     buttons_.button(QDialogButtonBox::Ok)->setEnabled(support != SizeSupport::Refused);
@@ -147,7 +145,8 @@ void CompressionDialog::ShowCodec() {
 void CompressionDialog::Encode() {
     size_.setEnabled(false);  // until it is known again
     worker_.request_stop();
-    auto work = [this, settings = Settings(), before = std::move(worker_)](const std::stop_token& stop) mutable {
+    const CompressionSettings settings = Settings();
+    auto work = [this, settings, before = std::move(worker_)](const std::stop_token& stop) mutable {
         before = std::jthread();
         Deliver([&] { EncodeSample(settings, stop); });
     };
@@ -157,14 +156,21 @@ void CompressionDialog::Encode() {
 void CompressionDialog::EncodeSample(const CompressionSettings& settings, const std::stop_token& stop) {
     const auto image = MovieLibrary::Installed().EncodePreview(settings, View(*testImage_), stop);
     if (stop.stop_requested()) return;
-    OnMainThread(*this, [this, image] { ShowImage(image); });
-    const auto size = EstimateSize(settings, stop);
+    OnMainThread(*this, [this, image] {
+        rendered_ = ToQImage(image);
+        ShowPreview();
+    });
+    const std::optional<double> bytesPerSecond = BytesPerSecond(settings, stop);
     if (stop.stop_requested()) return;
-    OnMainThread(*this, [this, size] { ShowSize(size); });
+    OnMainThread(*this, [this, bytesPerSecond] {
+        constexpr double kSecondsPerMinute = 60;
+        size_.setEnabled(true);
+        size_.setText(bytesPerSecond ? SizeText(*bytesPerSecond * kSecondsPerMinute) : QString());
+    });
 }
 
-std::optional<double> CompressionDialog::EstimateSize(const CompressionSettings& settings,
-                                                      const std::stop_token& stop) const {
+std::optional<double> CompressionDialog::BytesPerSecond(const CompressionSettings& settings,
+                                                        const std::stop_token& stop) const {
     if (!plan_.draw) return std::nullopt;
     const Ref<Picture> drawn = NewPicture(frameSize_.width(), frameSize_.height(), 32);
     const auto pictureAt = [&](double seconds) {
@@ -174,31 +180,13 @@ std::optional<double> CompressionDialog::EstimateSize(const CompressionSettings&
     return MovieLibrary::Installed().EstimateBytesPerSecond(settings, {plan_.seconds, pictureAt}, stop);
 }
 
-void CompressionDialog::ShowImage(const std::optional<RgbImage>& image) {
-    rendered_ = ToQImage(image);
-    ShowPreview();
-}
-
-void CompressionDialog::ShowSize(std::optional<double> bytesPerSecond) {
-    constexpr double kSecondsPerMinute = 60;
-    size_.setEnabled(true);
-    size_.setText(bytesPerSecond ? SizeText(*bytesPerSecond * kSecondsPerMinute) : QString());
-}
-
 void CompressionDialog::ShowPreview() {
     QPixmap picture = QPixmap::fromImage(rendered_);
     if (IsLarge(picture.size()) && !isActualSize_.isChecked()) {
         const double ratio = devicePixelRatioF();
-        picture =
-            picture.scaled((QSizeF(kPreviewSize) * ratio).toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        const QSize pixels = (QSizeF(kPreviewSize) * ratio).toSize();
+        picture = picture.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         picture.setDevicePixelRatio(ratio);
     }
     preview_.setPixmap(picture);
-}
-
-// The clock is in the middle; the corners are empty.
-void CompressionDialog::ShowMiddle() {
-    preview_.adjustSize();
-    const QSize half = kPreviewSize / 2;
-    previewArea_.ensureVisible(preview_.width() / 2, preview_.height() / 2, half.width(), half.height());
 }

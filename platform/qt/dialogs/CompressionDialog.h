@@ -8,18 +8,15 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QSlider>
-#include <optional>
-#include <stop_token>
 #include <thread>
-#include <vector>
 
 #include "platform/EditableMovie.h"
 #include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
 
-/// Lets the user choose how the frames of a movie are encoded. Shows `testImage` as the choice renders it, encoded and
-/// decoded again, and how much space the movie takes; both come from a worker, so the dialog never waits for them. A
-/// choice that can't make frames of the image's size can't be confirmed.
+/// Lets the user choose how the frames of a movie are encoded. Shows `testImage` as the choice renders it,
+/// encoded and decoded again, and how much space the movie takes; both come from a worker, so the dialog
+/// never waits for them. A choice that can't make frames of the image's size can't be confirmed.
 class CompressionDialog final : public QDialog {
   public:
     /// The picture must not be drawn on while the dialog lives.
@@ -31,17 +28,14 @@ class CompressionDialog final : public QDialog {
   private:
     QLayout* MakePreviewSide();
     QLayout* MakeSettingsSide();
+    const CodecChoice& Codec() const;
     double FrameRate() const;
     void ShowFrameRate(double rate);
-    const CodecChoice& Codec() const;
     void ShowCodec();
     void Encode();
     void EncodeSample(const CompressionSettings& settings, const std::stop_token& stop);
-    std::optional<double> EstimateSize(const CompressionSettings& settings, const std::stop_token& stop) const;
-    void ShowImage(const std::optional<RgbImage>& image);
-    void ShowSize(std::optional<double> bytesPerSecond);
+    std::optional<double> BytesPerSecond(const CompressionSettings& settings, const std::stop_token& stop) const;
     void ShowPreview();
-    void ShowMiddle();
 
     const Ref<Picture> testImage_;
     const MoviePlan plan_;

@@ -13,33 +13,27 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QMessageBox>
-#include <algorithm>
 
 #include "platform/qt/dialogs/CompressionDialog.h"
-#include "platform/qt/dialogs/SaveDialog.h"
 #include "platform/qt/drawing/Styles.h"
 #include "platform/qt/drawing/Surfaces.h"
 #include "platform/qt/events/MainThread.h"
 
 namespace {
 
-/// The folder that a variable of the environment names. Empty if it is unset or relative, which counts as unset.
+/// The folder that an environment variable names. Empty if it is unset or relative, which counts as unset.
 std::filesystem::path FolderIn(const char* variable) {
     const char* const value = getenv(variable);
     const std::filesystem::path folder = value ? value : "";
     return folder.is_absolute() ? folder : std::filesystem::path();
 }
 
-// Without these, Qt's dialogs would keep their own settings in the root folder; with relative ones in the folder in
-// which the program was started.
+// Qt's dialogs keep settings of their own: without these, in the root folder; with relative ones, in the
+// folder in which the program was started.
 void CompleteEnvironment() {
     const passwd* const user = FolderIn("HOME").empty() ? getpwuid(getuid()) : nullptr;
     if (user) setenv("HOME", user->pw_dir, 1);
     if (FolderIn("XDG_CONFIG_HOME").empty()) unsetenv("XDG_CONFIG_HOME");
-}
-
-void RingBell() {
-    OnMainThread(*qApp, [] { QApplication::beep(); });
 }
 
 }  // namespace
@@ -47,26 +41,25 @@ void RingBell() {
 DesktopHost::DesktopHost(const std::string& applicationId, const std::string& name,
                          const std::filesystem::path& alertSound)
     : desktopSaver_(applicationId),
-      alertSound_(applicationId, name, alertSound, RingBell),
+      alertSound_(applicationId, name, alertSound, [] { OnMainThread(*qApp, QApplication::beep); }),
       notification_(applicationId, name) {
     CompleteEnvironment();
-    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &listener_, [this] { FocusChanged(); });
-}
-
-void DesktopHost::FocusChanged() {
-    QWidget* const active = QApplication::activeWindow();
-    if (!active || active->windowType() == Qt::Popup) return;
-    notification_.Withdraw();
-    windows_.removeAll(active);
-    windows_.removeAll(nullptr);  // those that have gone
-    windows_.prepend(active);
+    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &listener_, [this] {
+        QWidget* const active = QApplication::activeWindow();
+        if (!active || active->windowType() == Qt::Popup) return;
+        notification_.Withdraw();
+        windows_.removeAll(active);
+        windows_.removeAll(nullptr);  // those that have gone
+        windows_.prepend(active);
+    });
 }
 
 QWidget* DesktopHost::Owner() const {
     if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
-    const auto takesInput = [](const QWidget* window) { return window && window->isVisible() && window->isEnabled(); };
-    const auto latest = std::ranges::find_if(windows_, takesInput);
-    return latest == windows_.end() ? nullptr : latest->data();
+    for (QWidget* const window : windows_) {
+        if (window && window->isVisible() && window->isEnabled()) return window;
+    }
+    return nullptr;
 }
 
 double DesktopHost::Microseconds() {
@@ -91,14 +84,14 @@ void DesktopHost::Announce(const std::string& text, const std::function<void()>&
 
 void DesktopHost::MsgBox(const std::string& text) {
     const QString title = QApplication::applicationName();
-    QMessageBox box(QMessageBox::NoIcon, title, QString::fromStdString(text), QMessageBox::Ok, Owner());
+    QMessageBox box(QMessageBox::NoIcon, title, ToQString(text), QMessageBox::Ok, Owner());
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }
 
 bool DesktopHost::SelectColor(Color& color, const std::string& prompt) {
     QColorDialog dialog(ToQColor(color), Owner());
-    dialog.setWindowTitle(QString::fromStdString(prompt));
+    dialog.setWindowTitle(ToQString(prompt));
     if (dialog.exec() != QDialog::Accepted) return false;
     color = ToColor(dialog.selectedColor());
     return true;
@@ -106,7 +99,7 @@ bool DesktopHost::SelectColor(Color& color, const std::string& prompt) {
 
 void DesktopHost::DragText(const std::string& text, const Ref<Picture>& picture, int x, int y) {
     auto* data = new QMimeData;
-    data->setText(QString::fromStdString(text));
+    data->setText(ToQString(text));
     auto* drag = new QDrag(qApp);  // Qt deletes it, and the data with it
     drag->setMimeData(data);
     if (picture) drag->setPixmap(QPixmap::fromImage(WithMask(*picture)));
@@ -118,12 +111,8 @@ void DesktopHost::ShowURL(const std::string& url) {
     QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(url)));
 }
 
-std::filesystem::path DesktopHost::SaveFile(const std::string& filter, const std::filesystem::path& proposal) {
-    return AskWhereToSave(Owner(), filter, proposal);
-}
-
 void DesktopHost::Launch(const std::filesystem::path& file) {
-    const QUrl url = QUrl::fromLocalFile(QString::fromStdString(file.string()));
+    const QUrl url = QUrl::fromLocalFile(ToQString(file));
     OnMainThread(*qApp, [url] { QDesktopServices::openUrl(url); });
 }
 
@@ -140,10 +129,9 @@ void DesktopHost::ReleaseScreenSaver() {
 void DesktopHost::DelayScreenSaver() { serverSaver_.Delay(); }
 
 std::filesystem::path DesktopHost::PreferencesFolder() {
-    std::filesystem::path config = FolderIn("XDG_CONFIG_HOME");
+    const std::filesystem::path config = FolderIn("XDG_CONFIG_HOME");
     const std::filesystem::path home = FolderIn("HOME");
-    if (config.empty() && !home.empty()) config = home / ".config";
-    return config;
+    return config.empty() && !home.empty() ? home / ".config" : config;
 }
 
 bool DesktopHost::SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan,

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QtCore/QList>
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
@@ -13,9 +12,9 @@
 /// The real host: the desktop that the program runs on.
 class DesktopHost final : public Host {
   public:
-    /// `applicationId` and `name` tell services who asks; `alertSound` is played where the desktop has no sound for it.
-    /// A HOME that is unset or relative becomes that of the user's account, for the whole process; a relative
-    /// XDG_CONFIG_HOME is unset.
+    /// `applicationId` and `name` tell services who asks; `alertSound` is the file to play where the desktop
+    /// has no sound. A HOME that is unset or relative becomes that of the user's account, for the whole
+    /// process; a relative XDG_CONFIG_HOME is unset.
     DesktopHost(const std::string& applicationId, const std::string& name, const std::filesystem::path& alertSound);
 
     double Microseconds() override;
@@ -35,9 +34,8 @@ class DesktopHost final : public Host {
                                    CompressionSettings& settings) override;
 
   private:
-    void FocusChanged();
-    /// What a dialog belongs to: the window over which the user acts or, while none of ours is active, acted last. Nil
-    /// when there is none. A modal dialog that belonged to no window could vanish behind the one that it blocks.
+    /// What a dialog belongs to: the window that is active or, while none of ours is, was last. Nil when
+    /// there is none. A modal dialog that belonged to no window could vanish behind the one that it blocks.
     QWidget* Owner() const;
 
     /// The windows that have been active, the latest first.

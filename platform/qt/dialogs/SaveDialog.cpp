@@ -1,17 +1,16 @@
-#include "platform/qt/dialogs/SaveDialog.h"
-
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <QtCore/QDir>
-#include <QtCore/QFileInfo>
 #include <QtCore/QMimeDatabase>
 #include <QtCore/QStandardPaths>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
 #include <cerrno>
-#include <system_error>
+
+#include "platform/qt/dialogs/DesktopHost.h"
+#include "platform/qt/drawing/Styles.h"
 
 namespace fs = std::filesystem;
 
@@ -31,27 +30,24 @@ QString Readable(const QString& filter) {
     return type.isValid() ? type.comment() + filter.mid(name.size()) : filter;
 }
 
-/// Where the search for a file begins: in `wanted` if it is there, else in the user's folder for movies or at home.
+/// Where the search for a file begins: in `wanted` if it exists, else in the user's movies folder or at home.
 QString FirstFolder(const fs::path& wanted) {
     const QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
-    for (const QString& folder : {QString::fromStdString(wanted), movies}) {
-        if (QFileInfo(folder).isDir()) return folder;
-    }
-    return QDir::homePath();
+    if (QFileInfo(ToQString(wanted)).isDir()) return ToQString(wanted);
+    return QFileInfo(movies).isDir() ? movies : QDir::homePath();
 }
 
 /// The file's name as a message has it: a long one would make the message wider than the screen.
 QString ShortName(const fs::path& file) {
     constexpr int kWidest = 300;
-    const QString name = QString::fromStdString(file.filename());
-    return QFontMetrics(QApplication::font()).elidedText(name, Qt::ElideMiddle, kWidest);
+    return QFontMetrics(QApplication::font()).elidedText(ToQString(file.filename()), Qt::ElideMiddle, kWidest);
 }
 
 int AccessError(const fs::path& path, int access) {
     return faccessat(AT_FDCWD, path.c_str(), access, AT_EACCESS) == 0 ? 0 : errno;
 }
 
-/// Why a file can't be written; empty if it can, as far as that is known. To find out, nothing is made or changed.
+/// Why a file can't be written; empty if it can, as far as that is known without making or changing anything.
 std::string Obstacle(const fs::path& file) {
     std::error_code ignored;
     if (fs::is_directory(file, ignored)) return "it is a folder";
@@ -60,42 +56,37 @@ std::string Obstacle(const fs::path& file) {
     return error == 0 ? "" : std::generic_category().message(error);
 }
 
-int SayCantBeWritten(QWidget* owner, const fs::path& file, const std::string& why) {
-    const QString path = QString::fromStdString(file.parent_path() / ShortName(file).toStdString());
-    return Ask(owner, QStringLiteral("Can't Save File"),
-               QStringLiteral("The file %1 can't be written: %2.\nPlease choose another name or folder.")
-                   .arg(path, QString::fromStdString(why)),
-               QMessageBox::Ok);
-}
-
-int AskWhetherToReplace(QWidget* owner, const fs::path& file) {
-    return Ask(owner, QStringLiteral("Replace File"),
-               QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(ShortName(file)),
-               QMessageBox::No | QMessageBox::Yes);
-}
-
-/// Yes if the file may be saved to, NoButton if the program ends meanwhile; otherwise the user is to choose another.
+/// Yes if the file may be saved to, NoButton if the program ends meanwhile; otherwise the user chooses another.
 int AskAbout(QWidget* owner, const fs::path& file) {
-    const std::string obstacle = Obstacle(file);
-    if (!obstacle.empty()) return SayCantBeWritten(owner, file, obstacle);
+    const QString name = ShortName(file);
+    if (const std::string obstacle = Obstacle(file); !obstacle.empty()) {
+        const QString path = ToQString(file.parent_path() / name.toStdString());
+        const QString text = QStringLiteral(
+            "The file %1 can't be written: %2.\n"
+            "Please choose another name or folder.");
+        return Ask(owner, QStringLiteral("Can't Save File"), text.arg(path, ToQString(obstacle)), QMessageBox::Ok);
+    }
     std::error_code ignored;
-    return fs::exists(file, ignored) ? AskWhetherToReplace(owner, file) : QMessageBox::Yes;
+    if (!fs::exists(file, ignored)) return QMessageBox::Yes;
+    const QString text = QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(name);
+    return Ask(owner, QStringLiteral("Replace File"), text, QMessageBox::No | QMessageBox::Yes);
 }
 
 }  // namespace
 
 // The questions are asked here: some desktops' dialogs ask before the ending is added, which is too early.
-fs::path AskWhereToSave(QWidget* owner, const std::string& filter, const fs::path& proposal) {
+fs::path DesktopHost::SaveFile(const std::string& filter, const fs::path& proposal) {
+    QWidget* const owner = Owner();
     QFileDialog dialog(owner, QStringLiteral("Save As"));  // a title that not every desktop's has by itself
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    dialog.setNameFilter(Readable(QString::fromStdString(filter)));
+    dialog.setNameFilter(Readable(ToQString(filter)));
     fs::path file = proposal;
     int answer = QMessageBox::No;
     while (answer != QMessageBox::Yes) {
         if (answer == QMessageBox::NoButton) return {};
         dialog.setDirectory(FirstFolder(file.parent_path()));
-        dialog.selectFile(QString::fromStdString(file.filename()));
+        dialog.selectFile(ToQString(file.filename()));
         if (dialog.exec() != QDialog::Accepted) return {};
         file = dialog.selectedFiles().constFirst().toStdString();
         if (file.filename().string().find('.') == std::string::npos) file += proposal.extension();
