@@ -1,18 +1,13 @@
 #include "platform/Application.h"
 
-#include <QtCore/QTimer>
-#include <QtGui/QCloseEvent>
 #include <QtGui/QIcon>
-#include <QtWidgets/QApplication>
 #include <csignal>
-#include <filesystem>
-#include <utility>
 #include <vector>
 
-#include "platform/Host.h"
 #include "platform/qt/application/ProcessEnd.h"
 #include "platform/qt/controls/Accessibility.h"
 #include "platform/qt/dialogs/DesktopHost.h"
+#include "platform/qt/drawing/Styles.h"
 #include "platform/qt/events/EventBoundary.h"
 #include "platform/qt/events/Keys.h"
 #include "platform/qt/window/OpenWindows.h"
@@ -37,11 +32,11 @@ std::vector<WindowPeer*> Windows() {
     return windows;
 }
 
-/// Gives all windows an icon: a small one of the program's own at once, so that no window shows without, and
-/// after the first paint the one of that name in the desktop's theme, since looking for it takes long.
+/// Gives all windows an icon: a small one of the program's own at once, so that no window shows without one,
+/// and after the first paint the one of that name in the desktop's theme, since looking for it takes long.
 class WindowIcon final : public QObject {
   public:
-    explicit WindowIcon(const std::string& name) : QObject(qApp), name_(QString::fromStdString(name)) {
+    explicit WindowIcon(const std::string& name) : QObject(qApp), name_(ToQString(name)) {
         QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/hicolor/32x32/apps/%1.png").arg(name_)));
         qApp->installEventFilter(this);
     }
@@ -49,7 +44,7 @@ class WindowIcon final : public QObject {
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::Paint) {
             qApp->removeEventFilter(this);
-            QTimer::singleShot(0, qApp, [name = name_] { QApplication::setWindowIcon(QIcon::fromTheme(name)); });
+            QTimer::singleShot(0, this, [this] { QApplication::setWindowIcon(QIcon::fromTheme(name_)); });
         }
         return false;
     }
@@ -88,8 +83,8 @@ void RuntimeInit(char* program, const std::string& name, const std::string& desk
             QCoreApplication::sendEvent(window, &close);
         }
     });
-    QApplication::setApplicationName(QString::fromStdString(name));
-    QApplication::setDesktopFileName(QString::fromStdString(desktopId));
+    QApplication::setApplicationName(ToQString(name));
+    QApplication::setDesktopFileName(ToQString(desktopId));
     QApplication::setQuitOnLastWindowClosed(false);
     new WindowIcon(desktopId);
     InstallAccessibility();
@@ -97,8 +92,8 @@ void RuntimeInit(char* program, const std::string& name, const std::string& desk
     // A write beyond the limit of a file's size must only fail. What we launch would inherit SIG_IGN.
     std::signal(SIGXFSZ, [](int) {});
     OnEndSignals(open_windows::CloseAll);
-    Host::Install(
-        std::make_unique<DesktopHost>(desktopId, name, alertSound ? alertSound->Path() : std::filesystem::path()));
+    const std::filesystem::path sound = alertSound ? alertSound->Path() : std::filesystem::path();
+    Host::Install(std::make_unique<DesktopHost>(desktopId, name, sound));
 }
 
 void RunFrameworkInitialization(const std::function<int()>& startUp) {

@@ -12,12 +12,14 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/qt/events/MainThread.h"
+
 namespace {
 
 std::string lineWithoutDisplay;
 std::string messagesSoFar;
 
-// Collects Qt's messages during start-up. If Qt aborts for want of a display, one line of our own is printed instead.
+// Collects Qt's messages during start-up. If Qt aborts for want of a display, a line of our own replaces them.
 void MessageWhileStarting(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     messagesSoFar += qFormatLogMessage(type, context, text).toStdString() + '\n';
     if (type != QtFatalMsg) return;
@@ -36,15 +38,15 @@ void SaveAndEnd() {
     std::_Exit(EXIT_FAILURE);
 }
 
-// On X11 as on Wayland, a warning is the only notice of a lost display that comes while Qt still works. The process
-// ends here, since the event loop, which has called this, can't be left any more.
+// On X11 as on Wayland, a warning is the only notice of a lost display that comes while Qt still works. The
+// event loop, which has called this, can't be left any more, so the process ends here.
 void WatchForLostDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     previousHandler(type, context, text);
     const bool isLost = text.contains(u"connection broke") || text.contains(u"connection experienced");
-    if (!isLost || !qApp) return;  // without an application object the program is ending and has saved already
+    if (!isLost || !qApp) return;  // without an application object, the program has saved already
     if (QThread::currentThread() == qApp->thread()) return SaveAndEnd();
-    // The thread that reads from Wayland gets the warning as well, and would end the process when this returns.
-    QMetaObject::invokeMethod(qApp, SaveAndEnd, Qt::QueuedConnection);
+    // The thread that reads from Wayland gets the warning, too. It would end the process when this returns.
+    AfterThisEvent(*qApp, SaveAndEnd);
     constexpr unsigned long kLongestSave = 10;
     QThread::sleep(kLongestSave);
 }
@@ -92,7 +94,8 @@ void OnEndSignals(const std::function<void()>& asked) {
         sigaction(signal, nullptr, &before);
         if (before.sa_handler == SIG_IGN) continue;
         sigaction(signal, &ours, nullptr);
-        QObject::connect(qApp, &QObject::destroyed, [signal, before] { sigaction(signal, &before, nullptr); });
+        const auto restore = [signal, before] { sigaction(signal, &before, nullptr); };
+        QObject::connect(qApp, &QObject::destroyed, restore);
     }
     QObject::connect(qApp, &QObject::destroyed, [] { close(eventForHandler); });
 }
