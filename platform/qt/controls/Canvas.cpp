@@ -77,7 +77,7 @@ class CanvasWidget final : public QWidget {
             Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
             if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // no release comes after a drag
         } else if (event->buttons() == Qt::NoButton) {
-            // The release is lost if a dialog blocked the window. It counts as one outside of the canvas.
+            // If a dialog blocked the window, the release was lost. It counts as one outside of the canvas.
             Release({-1, -1});
             pointer_ = PixelAt(event->position());
             Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());

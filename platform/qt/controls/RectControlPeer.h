@@ -7,7 +7,7 @@
 
 #include "platform/Control.h"
 
-/// The widget of a control, which owns it, unless the window's widget was destroyed first.
+/// Owns the widget of a control, unless the window's widget was destroyed first, and this one with it.
 struct RectControl::Peer {
     explicit Peer(QWidget* control) : widget(control), place(control->geometry()) {}
     ~Peer() { delete widget.data(); }

@@ -71,7 +71,7 @@ double DesktopHost::Microseconds() {
 void DesktopHost::Beep() {
     alertSound_.Play();
     if (QApplication::activeWindow()) return;
-    // Not both: of the request that X11 has, some desktops make a notification of their own.
+    // Not both: on X11, some desktops show a notification of their own for this request.
     if (QGuiApplication::platformName() == u"xcb") return QApplication::alert(nullptr);
     notification_.Show(announcement_, bringForward_);
 }

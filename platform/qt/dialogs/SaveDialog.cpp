@@ -23,7 +23,7 @@ int Ask(QWidget* owner, const QString& title, const QString& text, QMessageBox::
     return box.exec();
 }
 
-/// The text form of a file type whose name is a MIME type, with the words for it that desktops show.
+/// A file type in its text form. Where its name is a MIME type, the words that desktops show replace it.
 QString Readable(const QString& filter) {
     const QString name = filter.section(QStringLiteral(" ("), 0, 0);
     const QMimeType type = QMimeDatabase().mimeTypeForName(name);
@@ -77,7 +77,7 @@ int AskAbout(QWidget* owner, const fs::path& file) {
 // The questions are asked here: some desktops' dialogs ask before the ending is added, which is too early.
 fs::path DesktopHost::SaveFile(const std::string& filter, const fs::path& proposal) {
     QWidget* const owner = Owner();
-    QFileDialog dialog(owner, QStringLiteral("Save As"));  // a title that not every desktop's has by itself
+    QFileDialog dialog(owner, QStringLiteral("Save As"));  // not every desktop's dialog has a title by itself
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilter(Readable(ToQString(filter)));

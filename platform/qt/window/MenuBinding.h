@@ -21,7 +21,7 @@ class MenuBinding {
     /// The command that quits, for dialogs over the window to offer as well; nil if the bar has none.
     QAction* Quit() const { return quit_; }
 
-    /// A hidden bar still shows while a menu is open: by F10 the first, by Alt and a menu's letter that one.
+    /// A hidden bar shows while a menu is open. F10 opens the first menu, Alt with a menu's letter opens that one.
     void SetVisible(bool on);
     /// Updates which items are enabled, and their captions. Must be called before a shortcut is looked up.
     void UpdateEnabled();
