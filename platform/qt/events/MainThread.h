@@ -4,7 +4,8 @@
 #include <functional>
 #include <string_view>
 
-// Any thread has an action carried out on the main one. It is dropped if `context` is destroyed before.
+// These may be called on any thread. The action is carried out on the main one, or dropped if `context` has been
+// destroyed by then.
 
 /// At once when called on the main thread, otherwise soon, in the order of the calls.
 void OnMainThread(QObject& context, std::function<void()> action);
