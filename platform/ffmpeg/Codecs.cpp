@@ -3,11 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
-}
-
 namespace {
 
 using enum QualityScale::Unit;
@@ -21,7 +16,7 @@ constexpr OtherSizes kWhereOdd{2, 2, AV_PIX_FMT_YUV444P, SizeSupport::PoorlyPlay
 
 constexpr std::uint32_t Tag(const char (&type)[5]) { return MKTAG(type[0], type[1], type[2], type[3]); }
 
-// The limits keep exact seeking fast; MPEG-4 has the lowest, as rounding errors add up until a key frame.
+// keyFrameLimit keeps exact seeking fast. MPEG-4's is the lowest, because its rounding errors add up.
 constexpr Codec kCodecs[] = {
     // H.264 and H.265: looking far ahead would take a lot of memory and not make a clock's movie smaller; nor
     // would a finer search for motion, as nothing moves. Frames that depend on later ones would make it
@@ -30,9 +25,8 @@ constexpr Codec kCodecs[] = {
      .tag = Tag("avc1"),
      .name = "H.264",
      .encoder = "libx264",
-     .format = AV_PIX_FMT_YUV420P,
+     .layout = {AV_PIX_FMT_YUV420P, kVideo},
      .otherSizes = kWhereOdd,
-     .colours = kVideo,
      .quality = {RateFactor, 40, 8},
      .options = "preset=veryfast,rc-lookahead=5,x264-params=subme=0:me=dia:weightp=0:bframes=0",
      .keyFrameLimit = 300},
@@ -40,9 +34,8 @@ constexpr Codec kCodecs[] = {
      .tag = Tag("hvc1"),  // the only form that Apple's players take
      .name = "H.265",
      .encoder = "libx265",
-     .format = AV_PIX_FMT_YUV420P,
+     .layout = {AV_PIX_FMT_YUV420P, kVideo},
      .otherSizes = kWhereOdd,
-     .colours = kVideo,
      .quality = {RateFactor, 42, 10},
      // Without "cutree=0" libx265 writes beyond its memory when a picture is as small as 33 pixels.
      .options = "preset=superfast,x265-params=log-level=none:frame-threads=1:rc-lookahead=5:bframes=0:cutree=0",
@@ -51,10 +44,9 @@ constexpr Codec kCodecs[] = {
      .tag = Tag("mp4v"),
      .name = "MPEG-4",
      .encoder = "mpeg4",
-     .format = AV_PIX_FMT_YUV420P,
-     .colours = kVideo,
+     .layout = {AV_PIX_FMT_YUV420P, kVideo},
      .quality = {Quantiser, 31, 1},
-     // Each block is coded in the way of fewest bits: a still clock takes a seventh of the bytes, a fifth more time.
+     // Each block in its shortest form: a still clock takes a seventh of the bytes and a fifth more time.
      .options = "mbd=bits",
      .rateLimit = 65535,
      .keyFrameLimit = 120},
@@ -63,29 +55,25 @@ constexpr Codec kCodecs[] = {
      .tag = Tag("ap4h"),
      .name = "Apple ProRes 4444",
      .encoder = "prores_ks",
-     .format = AV_PIX_FMT_YUV444P10,
-     .colours = kVideo,
+     .layout = {AV_PIX_FMT_YUV444P10, kVideo},
      .options = "profile=4444,flags=+qscale,global_quality=236"},
     {.id = MovieCodec::PhotoJpeg,
      .tag = Tag("jpeg"),
      .name = "Photo - JPEG",
      .encoder = "mjpeg",
-     .format = AV_PIX_FMT_YUV444P,
-     .colours = kJpeg,
+     .layout = {AV_PIX_FMT_YUV444P, kJpeg},
      .quality = {Quantiser, 31, 1}},
     {.id = MovieCodec::Png,
      .tag = Tag("png "),
      .name = "PNG",
      .encoder = "png",
-     .format = AV_PIX_FMT_RGB24,
-     .colours = kRgb,
+     .layout = {AV_PIX_FMT_RGB24, kRgb},
      .options = "compression_level=1"},
     {.id = MovieCodec::Animation,
      .tag = Tag("rle "),
      .name = "Animation",
      .encoder = "qtrle",
-     .format = AV_PIX_FMT_RGB24,
-     .colours = kRgb,
+     .layout = {AV_PIX_FMT_RGB24, kRgb},
      .keyFrameLimit = 300},
     // Rows of 3 bytes a pixel are read wrongly by FFmpeg or GStreamer unless their length is a multiple of 4;
     // 4 bytes a pixel always suit. The muxer writes most other formats wrongly, without an error.
@@ -93,9 +81,8 @@ constexpr Codec kCodecs[] = {
      .tag = Tag("raw "),
      .name = "None",
      .encoder = "rawvideo",
-     .format = AV_PIX_FMT_RGB24,
+     .layout = {AV_PIX_FMT_RGB24, kRgb},
      .otherSizes = {4, 1, AV_PIX_FMT_ARGB},
-     .colours = kRgb,
      .options = "threads=1"},
 };
 

@@ -1,13 +1,7 @@
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
 #include "platform/MovieLibrary.h"
-
-extern "C" {
-#include <libavutil/pixfmt.h>
-}
+#include "platform/ffmpeg/Ffmpeg.h"
 
 /// What a quality from 0 to 100 means to an encoder: a value from `least` to `best`, in the encoder's unit.
 struct QualityScale {
@@ -24,6 +18,12 @@ struct ColourCoding {
 };
 inline constexpr ColourCoding kRgb{AVCOL_RANGE_JPEG, AVCOL_SPC_RGB};
 
+/// How pixels are stored in memory.
+struct PixelLayout {
+    AVPixelFormat format;
+    ColourCoding colours;
+};
+
 /// How frames are stored whose sides aren't multiples of these steps.
 struct OtherSizes {
     int widthStep = 1;
@@ -35,15 +35,11 @@ struct OtherSizes {
 /// All that is peculiar to a codec.
 struct Codec {
     MovieCodec id;
-    /// The type of the sample entry in the file, four characters.
-    std::uint32_t tag;
-    /// The name that the user sees.
-    const char* name;
-    /// The encoder's name in FFmpeg.
-    const char* encoder;
-    AVPixelFormat format;
+    std::uint32_t tag;    ///< the type of the sample entry in the file, four characters
+    const char* name;     ///< what the user sees
+    const char* encoder;  ///< its name in FFmpeg
+    PixelLayout layout;
     OtherSizes otherSizes = {};
-    ColourCoding colours;
     QualityScale quality = {};
     /// The encoder's own options: "name=value,name=value".
     const char* options = "";
@@ -59,9 +55,9 @@ struct Codec {
     bool IsOtherSize(int width, int height) const {
         return width % otherSizes.widthStep != 0 || height % otherSizes.heightStep != 0;
     }
-    /// The pixel format in which frames of that size are encoded.
-    AVPixelFormat FormatFor(int width, int height) const {
-        return IsOtherSize(width, height) ? otherSizes.format : format;
+    /// How frames of that size are encoded.
+    PixelLayout LayoutFor(int width, int height) const {
+        return {IsOtherSize(width, height) ? otherSizes.format : layout.format, layout.colours};
     }
 };
 

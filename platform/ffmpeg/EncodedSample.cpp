@@ -1,7 +1,5 @@
 #include "platform/ffmpeg/EncodedSample.h"
 
-#include "platform/ffmpeg/Codecs.h"
-
 namespace {
 
 Owned<AVCodecContext> OpenDecoder(const AVCodecContext& encoder) {

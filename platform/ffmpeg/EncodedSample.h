@@ -1,8 +1,6 @@
 #pragma once
 
-#include "platform/MovieLibrary.h"
 #include "platform/ffmpeg/Encoder.h"
-#include "platform/ffmpeg/PixelConversion.h"
 
 /// A few frames, encoded in memory. Every failure throws.
 class EncodedSample {

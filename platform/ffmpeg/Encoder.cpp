@@ -1,23 +1,8 @@
 #include "platform/ffmpeg/Encoder.h"
 
 #include <cmath>
-#include <utility>
-
-#include "platform/ffmpeg/Codecs.h"
-
-extern "C" {
-#include <libavutil/dict.h>
-#include <libavutil/opt.h>
-}
 
 namespace {
-
-/// Each thread holds frames in memory, so there are two at most. To share a small frame takes longer than to
-/// encode it.
-int Threads(int width, int height) {
-    constexpr int kSmall = 640 * 480;
-    return width * height <= kSmall ? 1 : 2;
-}
 
 void SetQuality(AVCodecContext& context, const QualityScale& scale, int quality) {
     const double part = quality / 100.0;
@@ -48,18 +33,19 @@ Encoder::Encoder(const CompressionSettings& settings, int width, int height, Sin
       received_(Own(av_packet_alloc())),
       packet_(Own(av_packet_alloc())) {
     constexpr const char* kStep = "opening the encoder";
+    constexpr int kSmallFrame = 640 * 480;  // sharing it between threads takes longer than encoding it
     const AVCodec* const encoder = avcodec_find_encoder_by_name(codec_.encoder);
     Require(encoder != nullptr, AVERROR_ENCODER_NOT_FOUND, kStep);
     context_ = Own(avcodec_alloc_context3(encoder));
     context_->width = width;
     context_->height = height;
-    context_->pix_fmt = codec_.FormatFor(width, height);
+    context_->pix_fmt = codec_.LayoutFor(width, height).format;
+    context_->thread_count = width * height <= kSmallFrame ? 1 : 2;  // each holds frames in memory
     context_->framerate = ExactRate(settings.frameRate, codec_.rateLimit);
     context_->time_base = av_inv_q(context_->framerate);
     context_->gop_size = codec_.KeyFrameDistance(settings.frameRate);
     context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // the codec's header stands in the container only
-    context_->thread_count = Threads(width, height);
-    SetColours(*context_, codec_.colours);
+    SetColours(*context_, codec_.layout.colours);
     SetQuality(*context_, codec_.quality, settings.quality);
     AVDictionary* options = nullptr;
     av_dict_parse_string(&options, codec_.options, "=", ",", 0);
@@ -71,20 +57,17 @@ Encoder::Encoder(const CompressionSettings& settings, int width, int height, Sin
 
 void Encoder::Write(NextFrame next) {
     auto* const frame = std::get_if<Owned<AVFrame>>(&next);
-    if (!frame && codec_.IsIntraOnly()) return RepeatPacket();
+    if (!frame && codec_.IsIntraOnly()) {
+        if (copies_.empty()) return Emit();
+        ++copies_.back();
+        return;
+    }
     if (frame) frame_ = std::move(*frame);
     frame_->pts = framesSent_++;
     frame_->quality = context_->global_quality;  // encoders look here for a fixed quantiser
     copies_.push_back(1);
     Send(frame_.get());
 }
-
-void Encoder::RepeatPacket() {
-    if (copies_.empty()) return Emit();
-    ++copies_.back();
-}
-
-void Encoder::Finish() { Send(nullptr); }
 
 void Encoder::Send(const AVFrame* frame) {
     constexpr const char* kStep = "encoding";

@@ -6,6 +6,9 @@
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
+#include <libavutil/imgutils.h>
+#include <libavutil/opt.h>
+#include <libavutil/pixdesc.h>
 #include <libswscale/swscale.h>
 }
 
@@ -27,12 +30,12 @@ struct Freer {
 template <class T>
 using Owned = std::unique_ptr<T, Freer>;
 
-// In this folder a failure is FFmpeg's negative code, or AVERROR(errno), until one of these makes it an exception.
+// A failure is FFmpeg's negative code, or AVERROR(errno), until one of these turns it into an exception.
 
 /// Throws std::runtime_error with the step and the reason as its text.
 [[noreturn]] void Fail(int error, const char* step);
 
-/// Fails when `result` is such a code.
+/// Fails when `result` is the code of a failure.
 inline void Check(int result, const char* step) {
     if (result < 0) Fail(result, step);
 }

@@ -1,7 +1,4 @@
-#include "platform/MovieLibrary.h"
-#include "platform/ffmpeg/Codecs.h"
 #include "platform/ffmpeg/EncodedSample.h"
-#include "platform/ffmpeg/Encoder.h"
 #include "platform/ffmpeg/PictFile.h"
 #include "platform/ffmpeg/QuickTimeWriter.h"
 #include "platform/ffmpeg/SizeEstimate.h"
@@ -18,8 +15,7 @@ auto ResultOrEmpty(const Work& work) noexcept -> decltype(work()) {
     }
 }
 
-/// The module's boundary: nothing is thrown across it, and the only call back into the program is
-/// `pictureAt`.
+/// The module's boundary: nothing is thrown across it, and only `pictureAt` calls back into the program.
 class FfmpegLibrary final : public MovieLibrary {
   public:
     std::vector<CodecChoice> Codecs() const noexcept override { return ResultOrEmpty(InstalledCodecs); }

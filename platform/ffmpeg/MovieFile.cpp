@@ -7,10 +7,6 @@
 #include <limits>
 #include <utility>
 
-extern "C" {
-#include <libavutil/opt.h>
-}
-
 namespace {
 
 constexpr int kFragmentSize = 1 << 16;
@@ -23,7 +19,7 @@ int Open(const std::filesystem::path& path) {
     std::error_code ignored;
     const auto present = std::filesystem::status(path, ignored);
     Require(!exists(present) || is_regular_file(present), AVERROR(EINVAL), kStep);
-    // It is opened for reading, too, which posix_fallocate does where the file system can't reserve room.
+    // O_RDWR, because posix_fallocate reads the file where the file system can't reserve room.
     const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, kForAll);
     Require(descriptor >= 0, AVERROR(errno), kStep);
     return descriptor;
@@ -75,8 +71,6 @@ void ReservedFile::Flush(const char* step) {
     Check(std::exchange(error_, 0), step);
 }
 
-void ReservedFile::Close() { Check(Release(), "closing the file"); }
-
 int ReservedFile::Release() {
     if (descriptor_ < 0) return 0;
     const bool isTruncated = ftruncate(descriptor_, size_) == 0;
@@ -87,8 +81,8 @@ int ReservedFile::Release() {
 // A failure is kept here, because a stream that knows of it would refuse all that follows, the index too.
 int ReservedFile::Write(const std::uint8_t* bytes, int count) {
     for (int written = 0; written < count;) {
-        const ssize_t step =
-            pwrite(descriptor_, bytes + written, static_cast<std::size_t>(count - written), position_ + written);
+        const auto rest = static_cast<std::size_t>(count - written);
+        const ssize_t step = pwrite(descriptor_, bytes + written, rest, position_ + written);
         if (step < 0 && errno == EINTR) continue;
         if (step < 0 && error_ == 0) error_ = AVERROR(errno);
         if (step < 0) break;
@@ -142,7 +136,8 @@ void MovieFile::Write(const AVPacket& packet) {
     av_packet_rescale_ts(written.get(), av_inv_q(stream_->avg_frame_rate), stream_->time_base);
     Check(av_write_frame(context_, written.get()), kStep);
     ++packetCount_;
-    if (isFragmented_ && packetCount_ % kFramesInFragment == 0) Check(av_write_frame(context_, nullptr), kStep);
+    const bool endsFragment = isFragmented_ && packetCount_ % kFramesInFragment == 0;
+    if (endsFragment) Check(av_write_frame(context_, nullptr), kStep);
     file_.Flush(kStep);
 }
 
@@ -159,17 +154,17 @@ void MovieFile::Finish() {
     file_.Close();
 }
 
-// FFmpeg 5.1 and 7.1 write up to 790 bytes besides the encoder's own header, and nearly twice as much is safe. A
-// fragmented file has them twice, at its beginning and at its end.
+// FFmpeg 5.1 and 7.1 write up to 790 bytes besides the encoder's own header, and nearly twice as much is
+// safe. A fragmented file has them twice, at its beginning and at its end.
 std::int64_t MovieFile::RoomForHeaders() const {
     constexpr std::int64_t kHeadersAndIndex = 1536;
     return (isFragmented_ ? 2 : 1) * (kHeadersAndIndex + stream_->codecpar->extradata_size);
 }
 
-// In the index a frame has 4 bytes for its size and 4 for its number if it is a key frame; in a fragment 4 each for
-// duration, size, flags and offset. A fragment takes 120 bytes and 20 in the index, so less than 256. There is one
-// for each 60 frames and for each 64 KB, so each frame pays 256 / 60 bytes and each 256 bytes of a packet pay one.
-// That covers the index of a file without fragments, too. The 3 make up for what the divisions round off.
+// In the index a frame takes 4 bytes for its size, and 4 for its number if it is a key frame; in a fragment, 4 each
+// for duration, size, flags and offset. A fragment takes 120 bytes and 20 in the index, so less than 256. There is
+// one for each 60 frames and for each 64 KB, so a frame pays 256 / 60 bytes, and each 256 bytes of a packet pay one.
+// That covers the index of a file without fragments, too. The 3 are for what the divisions round off.
 std::int64_t MovieFile::RoomFor(const AVPacket& packet) const {
     constexpr int kFragmentHeaders = 256;
     constexpr int kInIndex = 4 + 4 + 3;

@@ -5,7 +5,7 @@
 
 #include "platform/ffmpeg/Ffmpeg.h"
 
-/// A file that is being written and has room reserved for what follows: by the file system or, where it can't
+/// A file that is being written, with room reserved for what follows: by the file system or, where it can't
 /// do that, by writing zeros. So neither the disk nor a quota fills up in the middle of a write, except where
 /// reserving is no promise, as on a network drive that reports a full disk only when the file is closed.
 class ReservedFile {
@@ -24,7 +24,7 @@ class ReservedFile {
     void Flush(const char* step);
 
     /// Gives back the reserved room that was not needed, and closes the file. Throws when that fails.
-    void Close();
+    void Close() { Check(Release(), "closing the file"); }
 
   private:
     // These return the code of a failure, or at least 0.
@@ -39,13 +39,12 @@ class ReservedFile {
     std::int64_t size_ = 0;
     std::int64_t needed_ = 0;
     std::int64_t reserved_ = 0;
-    /// The code of the first failed write, or 0.
-    int error_ = 0;
+    int error_ = 0;  ///< the code of the first failed write, or 0
 };
 
-/// A QuickTime file with one video track that is being written. One thread at a time. Every failure throws; what
-/// was written before it still becomes a movie. With FFmpeg from 7.1 on, even a killed process leaves a movie that
-/// lacks only its latest 60 frames or 64 KB; before, it leaves a file without an index.
+/// A QuickTime file with one video track that is being written. One thread at a time. Every failure throws;
+/// what was written before still becomes a movie. A killed process leaves a movie without its latest 60
+/// frames or 64 KB; with FFmpeg before 7.1, it leaves a file without an index.
 class MovieFile {
   public:
     /// Creates the file, or empties the one that is there.

@@ -1,6 +1,5 @@
 #include "platform/ffmpeg/PictFile.h"
 
-#include "platform/ffmpeg/Ffmpeg.h"
 #include "platform/ffmpeg/PixelConversion.h"
 
 RgbImage ReadPictFile(const std::filesystem::path& file) {

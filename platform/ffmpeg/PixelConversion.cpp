@@ -3,32 +3,18 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/ffmpeg/Codecs.h"
-
-extern "C" {
-#include <libavutil/pixdesc.h>
-}
-
 namespace {
 
-/// The layout of a frame or a picture in memory.
-struct Layout {
-    int width;
-    int height;
-    AVPixelFormat format;
-    ColourCoding colours;
-};
+const int* Coefficients(const PixelLayout& layout) { return sws_getCoefficients(layout.colours.matrix); }
 
-const int* Coefficients(const Layout& layout) { return sws_getCoefficients(layout.colours.matrix); }
+int IsFullRange(const PixelLayout& layout) { return layout.colours.range == AVCOL_RANGE_JPEG ? 1 : 0; }
 
-int IsFullRange(const Layout& layout) { return layout.colours.range == AVCOL_RANGE_JPEG ? 1 : 0; }
-
-Owned<SwsContext> MakeConverter(const Layout& from, const Layout& to) {
+Owned<SwsContext> MakeConverter(int width, int height, const PixelLayout& from, const PixelLayout& to) {
     // This is the most exact of swscale's methods, and the fastest.
     constexpr int kMethod = SWS_AREA | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INP;
     constexpr int kUnchanged = 1 << 16;
-    Owned<SwsContext> converter = Own(sws_getContext(from.width, from.height, from.format, to.width, to.height,
-                                                     to.format, kMethod, nullptr, nullptr, nullptr));
+    Owned<SwsContext> converter =
+        Own(sws_getContext(width, height, from.format, width, height, to.format, kMethod, nullptr, nullptr, nullptr));
     sws_setColorspaceDetails(converter.get(), Coefficients(from), IsFullRange(from), Coefficients(to), IsFullRange(to),
                              0, kUnchanged, kUnchanged);
     return converter;
@@ -37,19 +23,19 @@ Owned<SwsContext> MakeConverter(const Layout& from, const Layout& to) {
 /// The height of bands that divide a frame evenly, in whole pairs of rows, which may share their colours.
 int BandHeight(int height) {
     constexpr int kLeast = 16;
-    for (int band = kLeast; band < height; band += 2) {
+    for (int band = kLeast; band < height; band += 2)
         if (height % band == 0) return band;
-    }
     return height;
 }
 
 }  // namespace
 
 FrameMaker::FrameMaker(const Codec& codec, int width, int height)
-    : codec_(codec), width_(width), height_(height), bandHeight_(BandHeight(height)) {
-    const Layout picture{width, bandHeight_, AV_PIX_FMT_0RGB32, kRgb};
-    converter_ = MakeConverter(picture, {width, bandHeight_, codec.FormatFor(width, height), codec.colours});
-}
+    : layout_(codec.LayoutFor(width, height)),
+      width_(width),
+      height_(height),
+      bandHeight_(BandHeight(height)),
+      converter_(MakeConverter(width, bandHeight_, {AV_PIX_FMT_0RGB32, kRgb}, layout_)) {}
 
 NextFrame FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
     const auto [first, end] = ChangedRows(pixels);
@@ -71,9 +57,9 @@ AVFrame& FrameMaker::UnusedFrame() {
     AVFrame& frame = *frames_.emplace_back(Own(av_frame_alloc()));
     frame.width = width_;
     frame.height = height_;
-    frame.format = codec_.FormatFor(width_, height_);
-    frame.color_range = codec_.colours.range;
-    frame.colorspace = codec_.colours.matrix;
+    frame.format = layout_.format;
+    frame.color_range = layout_.colours.range;
+    frame.colorspace = layout_.colours.matrix;
     Check(av_frame_get_buffer(&frame, 0), "allocating");
     return frame;
 }
@@ -107,9 +93,8 @@ RgbImage ToRgbImage(const AVFrame& frame) {
     constexpr int kBytesPerPixel = 3;
     const int width = frame.width;
     const int height = frame.height;
-    const Owned<SwsContext> converter =
-        MakeConverter({width, height, static_cast<AVPixelFormat>(frame.format), {frame.color_range, frame.colorspace}},
-                      {width, height, AV_PIX_FMT_RGB24, kRgb});
+    const PixelLayout decoded{static_cast<AVPixelFormat>(frame.format), {frame.color_range, frame.colorspace}};
+    const Owned<SwsContext> converter = MakeConverter(width, height, decoded, {AV_PIX_FMT_RGB24, kRgb});
     const auto size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kBytesPerPixel;
     RgbImage image{width, height, std::vector<std::uint8_t>(size)};
     std::uint8_t* const rows[] = {image.bytes.data()};

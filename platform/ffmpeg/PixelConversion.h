@@ -1,24 +1,18 @@
 #pragma once
 
-#include <cstdint>
-#include <span>
 #include <utility>
 #include <variant>
-#include <vector>
 
-#include "platform/MovieLibrary.h"
-#include "platform/ffmpeg/Ffmpeg.h"
+#include "platform/ffmpeg/Codecs.h"
 
-struct Codec;
-
-/// Stands for a frame that shows what the frame before it shows.
+/// Stands for a frame that is equal to the one before it.
 struct SameFrame {};
 
-/// What a movie goes on with. Nobody may write to the pixels of a frame.
+/// The next frame of a movie. Nobody may write to its pixels.
 using NextFrame = std::variant<SameFrame, Owned<AVFrame>>;
 
-/// Makes frames for one codec from the pixels of pictures of one size. Rows that are the same as in the
-/// picture before aren't converted again: of a clock little changes from one second to the next.
+/// Makes frames for one codec from pictures of one size. Rows that haven't changed since the picture before
+/// aren't converted again: little of a clock changes from one second to the next.
 class FrameMaker {
   public:
     FrameMaker(const Codec& codec, int width, int height);
@@ -35,13 +29,12 @@ class FrameMaker {
     /// The index of a row's first pixel.
     std::size_t At(int row) const { return static_cast<std::size_t>(row) * static_cast<std::size_t>(width_); }
 
-    const Codec& codec_;
+    PixelLayout layout_;
     int width_;
     int height_;
     int bandHeight_;
+    Owned<SwsContext> converter_;  ///< converts one band
     std::vector<std::uint32_t> pixels_;
-    /// Converts one band.
-    Owned<SwsContext> converter_;
     std::vector<Owned<AVFrame>> frames_;
     Owned<AVFrame> newest_;
 };

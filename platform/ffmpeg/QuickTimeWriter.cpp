@@ -7,16 +7,9 @@
 #include <exception>
 #include <mutex>
 #include <thread>
-#include <utility>
 
-#include "platform/ffmpeg/Codecs.h"
 #include "platform/ffmpeg/Encoder.h"
 #include "platform/ffmpeg/MovieFile.h"
-#include "platform/ffmpeg/PixelConversion.h"
-
-extern "C" {
-#include <libavutil/imgutils.h>
-}
 
 namespace {
 
@@ -82,7 +75,7 @@ class QuickTimeWriter final : public MovieWriter {
     explicit QuickTimeWriter(const std::filesystem::path& path) : path_(path), file_(path) {}
 
     ~QuickTimeWriter() override {
-        if (saveOnClose_ && frameMaker_) Try([this] { StartEncoding(); });  // makes the track, if no frame did
+        if (saveOnClose_ && frameMaker_) Try([this] { StartEncoding(); });  // makes the track if no frame has
         worker_ = std::jthread();
         if (saveOnClose_ && file_.HasTrack()) Try([this] { file_.Finish(); });
     }

@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
-#include <span>
 
-#include "platform/ffmpeg/Codecs.h"
 #include "platform/ffmpeg/EncodedSample.h"
 
-// A few frames are encoded, and the sizes of their packets tell what the movie's take. An example: H.264, 320 x
-// 240 pixels, 30 frames a second, 20 seconds, so 601 frames.
+// A few frames are encoded, and the sizes of their packets tell what the movie's take. An example: H.264,
+// 320 x 240 pixels, 30 frames a second, 20 seconds, so 601 frames.
 // - The excerpt has 3 pictures in runs of 10 frames. Its packets have 5839 + 231 + 35 + 7 x 16 bytes for a key
 //   frame, its detail and repeats, and 44 + 9 x 16, then 50 + 9 x 16 for a new picture and its repeats.
 // - In the last run a frame takes (50 + 9 x 16) / 10 = 19.4 on average. The movie's runs have 20 repeats more,
@@ -23,14 +21,14 @@ namespace {
 
 using Packets = std::span<const Owned<AVPacket>>;
 
-/// Which frames are encoded to estimate a movie whose picture changes once a second: for each picture a run of
-/// equal frames, as long as in the movie, but of 10 frames at most.
+/// Which frames are encoded to estimate a movie whose picture changes once a second: for each picture a run
+/// of equal frames, as long as in the movie, but of 10 frames at most.
 struct Excerpt {
     static constexpr int kLongestRun = 10;
     double frames;  // of the movie
     double rate;
     int run = static_cast<int>(std::clamp<double>(std::round(rate), 1, kLongestRun));
-    int lastPart = kLongestRun / run * run;  // whole runs, before which a key frame's detail is complete
+    int lastPart = kLongestRun / run * run;  // whole runs; by then a key frame's detail is complete
     int count = static_cast<int>(std::min<double>(frames, 3 * lastPart));
 
     double SecondsUpTo(int frame) const {
@@ -59,7 +57,7 @@ double MeanBytes(Packets packets) {
 /// The bytes of all packets of the movie, from those of the excerpt.
 double BytesOfPackets(const Excerpt& excerpt, Packets packets, int keyFrameDistance) {
     const auto& [frames, rate, run, lastPart, count] = excerpt;
-    const auto upTo = [&excerpt](int most) { return static_cast<std::size_t>(std::min(most, excerpt.count - 1)); };
+    const auto upTo = [rest = count - 1](int most) { return static_cast<std::size_t>(std::min(most, rest)); };
     const double mean = MeanBytes(packets.last(upTo(lastPart)));
     const double repeat = MeanBytes(packets.last(upTo(run / 2)));  // no new picture is in the latter half
     const double usual = rate > run ? (mean * run + repeat * (rate - run)) / rate : mean;
@@ -76,13 +74,14 @@ std::optional<double> EstimateBytesPerSecond(const CompressionSettings& settings
     const double rate = settings.frameRate;
     const double frames = std::max(std::ceil(movie.seconds * rate), 0.0) + 1;
     const Excerpt excerpt{frames, rate};
-    // Not in the very middle, where the clock's edges may be level and upright, which takes the least bytes.
+    // Not the very middle: there the clock's edges may be level and upright, which takes the fewest bytes.
     const double latest = std::max(0.55 * movie.seconds, 0.0);
     const double start = std::clamp(movie.seconds - excerpt.SecondsUpTo(excerpt.count), 0.0, latest);
     std::optional<EncodedSample> sample;
     for (int i = 0; i < excerpt.count; ++i) {
         if (stop.stop_requested()) return std::nullopt;
-        const PixelView picture = movie.pictureAt(codec.IsIntraOnly() ? start : start + excerpt.SecondsUpTo(i));
+        const double seconds = codec.IsIntraOnly() ? start : start + excerpt.SecondsUpTo(i);
+        const PixelView picture = movie.pictureAt(seconds);
         if (!sample) sample.emplace(settings, picture.width, picture.height);
         sample->Add(picture.pixels);
     }
