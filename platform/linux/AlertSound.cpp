@@ -10,18 +10,19 @@ namespace {
 struct Disconnect {
     void operator()(ca_context* context) const { ca_context_destroy(context); }
 };
-/// A connection to the sound service of the session; nil where there is none. What goes through it may wait.
+/// A connection to the session's sound service; nil where there is none. Calls through it may block.
 using SoundService = std::unique_ptr<ca_context, Disconnect>;
 
 SoundService Connect(const std::string& applicationId, const std::string& name) {
     ca_context* context = nullptr;
     if (ca_context_create(&context) != CA_SUCCESS) return nullptr;
-    ca_context_change_props(context, CA_PROP_APPLICATION_NAME, name.c_str(), CA_PROP_APPLICATION_ID,
-                            applicationId.c_str(), CA_PROP_APPLICATION_ICON_NAME, applicationId.c_str(), nullptr);
+    const char* const id = applicationId.c_str();
+    ca_context_change_props(context, CA_PROP_APPLICATION_NAME, name.c_str(), CA_PROP_APPLICATION_ID, id,
+                            CA_PROP_APPLICATION_ICON_NAME, id, nullptr);
     return SoundService(context);
 }
 
-/// Begins to play the theme's sound (CA_PROP_EVENT_ID) or a file's (CA_PROP_MEDIA_FILENAME). False when it can't.
+/// Begins the theme's sound (CA_PROP_EVENT_ID) or a file's (CA_PROP_MEDIA_FILENAME). False when it can't.
 bool Begin(const SoundService& service, const char* property, const std::string& value) {
     constexpr std::uint32_t kNoNumber = 0;
     return service && ca_context_play(service.get(), kNoNumber, property, value.c_str(), CA_PROP_MEDIA_ROLE, "event",

@@ -7,8 +7,8 @@
 #include <functional>
 #include <limits>
 
-/// Calls a method over the session bus and doesn't wait. `done` gets the answer, which may be an error, however
-/// late it comes, as long as the application object lives.
+/// Calls a method over the session bus and doesn't wait. `done` gets the answer, which may be an error,
+/// however late it comes, as long as the application object lives.
 inline void CallOverDBus(const QDBusMessage& call, const std::function<void(const QDBusMessage& answer)>& done) {
     // After a timeout Qt would discard a late answer, and what it grants could never be given back.
     constexpr int kForever = std::numeric_limits<int>::max();

@@ -2,13 +2,9 @@
 
 #include <QDBusObjectPath>
 #include <QDBusServiceWatcher>
-#include <QVariantMap>
-#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <span>
-#include <utility>
-#include <vector>
 
 #include "platform/linux/DBusCall.h"
 
@@ -16,39 +12,37 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-struct Service {
-    /// What it wants to be told, and what it grants.
-    enum class Protocol {
-        Saver,    ///< (application, reason), grants a cookie
-        Session,  ///< (application, window, reason, flags), grants a cookie
-        Portal,   ///< (window, flags, options), grants a request object, which is closed in the end
-    };
+/// What a service wants to be told, and what it grants.
+enum class Protocol {
+    Saver,    ///< (application, reason), grants a cookie
+    Session,  ///< (application, window, reason, flags), grants a cookie
+    Portal,   ///< (window, flags, options), grants a request object, which is closed in the end
+};
+using enum Protocol;
 
+struct Service {
     Protocol protocol;
     QLatin1StringView name, path, interface, release;
 };
 
-/// The portal is last: in a sandbox only it is called, and elsewhere never, since it grants whatever it is asked for
+/// The portal is last: in a sandbox only it is called, elsewhere never. It grants whatever it is asked for,
 /// and its back ends only pass the call on to the services above.
-constexpr std::array kServices{
-    Service{Service::Protocol::Saver, "org.freedesktop.ScreenSaver"_L1, "/org/freedesktop/ScreenSaver"_L1,
-            "org.freedesktop.ScreenSaver"_L1, "UnInhibit"_L1},
-    Service{Service::Protocol::Saver, "org.freedesktop.PowerManagement"_L1,
-            "/org/freedesktop/PowerManagement/Inhibit"_L1, "org.freedesktop.PowerManagement.Inhibit"_L1,
-            "UnInhibit"_L1},
-    Service{Service::Protocol::Session, "org.gnome.SessionManager"_L1, "/org/gnome/SessionManager"_L1,
-            "org.gnome.SessionManager"_L1, "Uninhibit"_L1},
-    Service{Service::Protocol::Session, "org.mate.SessionManager"_L1, "/org/mate/SessionManager"_L1,
-            "org.mate.SessionManager"_L1, "Uninhibit"_L1},
-    Service{Service::Protocol::Portal, "org.freedesktop.portal.Desktop"_L1, "/org/freedesktop/portal/desktop"_L1,
-            "org.freedesktop.portal.Inhibit"_L1, "Close"_L1},
+constexpr Service kServices[] = {
+    {Saver, "org.freedesktop.ScreenSaver"_L1, "/org/freedesktop/ScreenSaver"_L1, "org.freedesktop.ScreenSaver"_L1,
+     "UnInhibit"_L1},
+    {Saver, "org.freedesktop.PowerManagement"_L1, "/org/freedesktop/PowerManagement/Inhibit"_L1,
+     "org.freedesktop.PowerManagement.Inhibit"_L1, "UnInhibit"_L1},
+    {Session, "org.gnome.SessionManager"_L1, "/org/gnome/SessionManager"_L1, "org.gnome.SessionManager"_L1,
+     "Uninhibit"_L1},
+    {Session, "org.mate.SessionManager"_L1, "/org/mate/SessionManager"_L1, "org.mate.SessionManager"_L1,
+     "Uninhibit"_L1},
+    {Portal, "org.freedesktop.portal.Desktop"_L1, "/org/freedesktop/portal/desktop"_L1,
+     "org.freedesktop.portal.Inhibit"_L1, "Close"_L1},
 };
 
 constexpr auto kBus = "org.freedesktop.DBus"_L1;
 constexpr auto kBusPath = "/org/freedesktop/DBus"_L1;
-constexpr auto kPortalRequest = "org.freedesktop.portal.Request"_L1;
-/// Session managers and the portal name the same thing by the same bit: the session isn't to be taken for idle.
-constexpr uint kIdle = 8;
+constexpr uint kIdle = 8;  // the flag of session managers and the portal: the session isn't to count as idle
 constexpr uint kNoWindow = 0;
 
 std::span<const Service> ServicesToAsk() {
@@ -58,28 +52,22 @@ std::span<const Service> ServicesToAsk() {
     return isSandbox ? all.last(1) : all.first(all.size() - 1);
 }
 
-QVariantList Arguments(Service::Protocol protocol, const QString& application, const QString& reason) {
-    switch (protocol) {
-        case Service::Protocol::Saver:
-            return {application, reason};
-        case Service::Protocol::Session:
-            return {application, kNoWindow, reason, kIdle};
-        case Service::Protocol::Portal:
-            return {QString(), kIdle, QVariantMap{{u"reason"_s, reason}}};
-    }
-    return {};
+QVariantList Arguments(Protocol protocol, const QString& application, const QString& reason) {
+    if (protocol == Saver) return {application, reason};
+    if (protocol == Session) return {application, kNoWindow, reason, kIdle};
+    return {QString(), kIdle, QVariantMap{{u"reason"_s, reason}}};
 }
 
 bool IsGrant(const Service& service, const QDBusMessage& reply) {
-    const auto expected = service.protocol == Service::Protocol::Portal ? "o"_L1 : "u"_L1;
+    const auto expected = service.protocol == Portal ? "o"_L1 : "u"_L1;
     return reply.type() == QDBusMessage::ReplyMessage && reply.signature() == expected;
 }
 
 /// The call that gives a cookie, or the portal's request object, back to `owner`, which has granted it.
 QDBusMessage ReleaseCall(const Service& service, const QString& owner, const QVariant& cookie) {
-    if (service.protocol == Service::Protocol::Portal) {
+    if (service.protocol == Portal) {
         const QString request = cookie.value<QDBusObjectPath>().path();
-        return QDBusMessage::createMethodCall(owner, request, kPortalRequest, service.release);
+        return QDBusMessage::createMethodCall(owner, request, "org.freedesktop.portal.Request"_L1, service.release);
     }
     auto call = QDBusMessage::createMethodCall(owner, service.path, service.interface, service.release);
     call << cookie;
@@ -88,31 +76,32 @@ QDBusMessage ReleaseCall(const Service& service, const QString& owner, const QVa
 
 }  // namespace
 
-/// From Inhibit to Release. Lives until every service that was called has answered.
+/// One inhibition, from Inhibit to Release. Lives until every service that was called has answered.
 class DBusInhibitor::Inhibition : public std::enable_shared_from_this<Inhibition> {
   public:
     Inhibition(const std::string& applicationId, const std::string& reason)
         : application_(QString::fromStdString(applicationId)), reason_(QString::fromStdString(reason)) {
         watcher_.setConnection(QDBusConnection::sessionBus());
         // A service that starts, or restarts, in the meantime knows nothing of the inhibition.
-        QObject::connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, &watcher_,
-                         [this](const QString& name, const QString&, const QString& owner) {
-                             for (const Service& service : kServices)
-                                 if (service.name == name && !owner.isEmpty() && !hasEnded_) AskOwner(service, owner);
-                         });
+        const auto askNew = [this](const QString& name, const QString&, const QString& owner) {
+            if (owner.isEmpty() || hasEnded_) return;
+            for (const Service& service : kServices)
+                if (service.name == name) AskOwner(service, owner);
+        };
+        QObject::connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, &watcher_, askNew);
     }
 
     void Ask(const Service& service) {
         // The portal may have to be started first. Its request object is known to no other service.
-        if (service.protocol == Service::Protocol::Portal) return AskOwner(service, service.name);
-        // A running service is called by its unique bus name, so that a release can't reach a successor that knows
-        // another cookie. The name is asked for first, because with Qt 6.8 a reply doesn't carry it.
+        if (service.protocol == Portal) return AskOwner(service, service.name);
+        // A running service is called by its unique bus name, so that a release can't reach a successor that
+        // knows another cookie. The name is asked for first, because with Qt 6.8 a reply doesn't carry it.
         watcher_.addWatchedService(service.name);
         auto call = QDBusMessage::createMethodCall(kBus, kBusPath, kBus, u"GetNameOwner"_s);
         call << QString(service.name);
         CallOverDBus(call, [self = shared_from_this(), &service](const QDBusMessage& answer) {
-            const bool isOwned = answer.type() == QDBusMessage::ReplyMessage;
-            if (isOwned && !self->hasEnded_) self->AskOwner(service, answer.arguments().constFirst().toString());
+            if (answer.type() != QDBusMessage::ReplyMessage || self->hasEnded_) return;
+            self->AskOwner(service, answer.arguments().constFirst().toString());
         });
     }
 
@@ -137,8 +126,7 @@ class DBusInhibitor::Inhibition : public std::enable_shared_from_this<Inhibition
     const QString reason_;
     QDBusServiceWatcher watcher_;
     bool hasEnded_ = false;
-    /// A call for each grant that gives it back.
-    std::vector<QDBusMessage> releases_;
+    std::vector<QDBusMessage> releases_;  ///< the calls that give back what was granted
 };
 
 DBusInhibitor::DBusInhibitor(std::string applicationId) : applicationId_(std::move(applicationId)) {}

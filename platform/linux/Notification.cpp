@@ -1,9 +1,5 @@
 #include "platform/linux/Notification.h"
 
-#include <QObject>
-#include <QVariantMap>
-#include <utility>
-
 #include "platform/linux/DBusCall.h"
 
 namespace {
@@ -38,7 +34,7 @@ class ShownNotification final : public QObject, public std::enable_shared_from_t
   public:
     explicit ShownNotification(std::function<void()> chosen) : chosen_(std::move(chosen)) {
         auto bus = QDBusConnection::sessionBus();
-        // From any sender: for a service's name, the bus would be asked for its owner and waited for.
+        // From any sender: with a service's name, Qt would ask the bus for its owner, and wait.
         bus.connect({}, kPath, kService, u"ActivationToken"_s, this, SLOT(KeepToken(uint, QString)));
         bus.connect({}, kPath, kService, u"ActionInvoked"_s, this, SLOT(Choose(uint)));
     }
@@ -61,11 +57,11 @@ class ShownNotification final : public QObject, public std::enable_shared_from_t
     }
 
   private:
-    /// Comes before Choose, from services that have one. Qt hands it to Wayland with the next activation of a window.
+    /// Some services send one before the choice. Qt hands it to Wayland when a window is activated next.
     Q_SLOT void KeepToken(uint id, const QString& token) {
         if (id == id_) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
     }
-    /// Calls later, since a window that comes to the front ends this object.
+    /// Calls `chosen_` later, because a window that comes to the front may destroy this object.
     Q_SLOT void Choose(uint id) {
         if (id == id_ && !hasEnded_) QMetaObject::invokeMethod(qApp, chosen_, Qt::QueuedConnection);
     }

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-/// A notification by the desktop's service for them, one at a time. No operation waits for the service, and
-/// where there is none, nothing happens. For the thread of the user interface.
+/// Shows one notification at a time by the desktop's service for them. No call waits for the service, and
+/// without one nothing happens. For the main thread.
 class Notification {
   public:
     /// The desktop shows the name and the icon of the application.
@@ -13,8 +13,8 @@ class Notification {
     /// Withdraws it.
     ~Notification();
 
-    /// Shows a text until Withdraw, whatever becomes of it meanwhile. `chosen` is called when the user chooses
-    /// it; a window that is activated then comes to the front. Nothing happens while a text is shown already.
+    /// Shows a text; until Withdraw, no other is shown. `chosen` is called when the user chooses it; a window
+    /// that is activated then comes to the front.
     void Show(const std::string& text, const std::function<void()>& chosen);
     void Withdraw();
 

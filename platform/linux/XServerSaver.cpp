@@ -7,20 +7,11 @@
 
 namespace {
 
-/// Shorter than any time-out that people set; at the pace of a clock's ticks it would only be traffic.
-constexpr std::chrono::seconds kDelayInterval{10};
-
 /// Qt's connection to the X server, which lives as long as the application object; nil on any other platform.
 xcb_connection_t* Connection() {
     const auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
     auto* x11 = application ? application->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
     return x11 ? x11->connection() : nullptr;
-}
-
-/// Whether the server has the screen saver extension. A request to a missing one would end the connection.
-bool HasSaver(xcb_connection_t* connection) {
-    const auto* extension = xcb_get_extension_data(connection, &xcb_screensaver_id);
-    return extension && extension->present;
 }
 
 void Suspend(xcb_connection_t* connection, bool on) {
@@ -39,7 +30,10 @@ XServerSaver::~XServerSaver() { Release(); }
 
 void XServerSaver::Inhibit() {
     auto* connection = Connection();
-    if (suspended_ || !connection || !HasSaver(connection)) return;
+    if (suspended_ || !connection) return;
+    // A request to an extension that the server doesn't have would end the connection.
+    const auto* extension = xcb_get_extension_data(connection, &xcb_screensaver_id);
+    if (!extension || !extension->present) return;
     // The protocol wants the version to be asked before anything else; suspending came with 1.1.
     xcb_discard_reply(connection, xcb_screensaver_query_version_unchecked(connection, 1, 1).sequence);
     Suspend(connection, true);
@@ -53,11 +47,13 @@ void XServerSaver::Release() {
 }
 
 void XServerSaver::Delay() {
+    // Shorter than any time-out that people set; at the pace of a clock's ticks it would only be traffic.
+    constexpr std::chrono::seconds kInterval{10};
     const auto now = std::chrono::steady_clock::now();
-    if (lastDelay_ && now - *lastDelay_ < kDelayInterval) return;
+    if (lastDelay_ && now - *lastDelay_ < kInterval) return;
     lastDelay_ = now;
-    if (auto* connection = Connection()) {
-        xcb_force_screen_saver(connection, XCB_SCREEN_SAVER_RESET);
-        xcb_flush(connection);
-    }
+    auto* connection = Connection();
+    if (!connection) return;
+    xcb_force_screen_saver(connection, XCB_SCREEN_SAVER_RESET);
+    xcb_flush(connection);
 }
