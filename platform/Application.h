@@ -1,12 +1,8 @@
 #pragma once
 
 #include <functional>
-#include <memory>
-#include <string>
 
 #include "platform/FolderItem.h"
-#include "platform/Ref.h"
-#include "platform/Values.h"
 
 enum MouseCursors { StandardPointer, FingerPointer };
 
@@ -26,8 +22,7 @@ class Application {
     Property<Int32> MajorVersion = 0;
     Property<Int32> MinorVersion = 0;
     Property<Int32> BugVersion = 0;
-    /// 0 development, 1 alpha, 2 beta, 3 final.
-    Property<Int32> StageCode = 0;
+    Property<Int32> StageCode = 0;  ///< 0 development, 1 alpha, 2 beta, 3 final
     Property<Int32> NonReleaseVersion = 0;
 
     /// The file that is running, with all links resolved.
@@ -36,9 +31,9 @@ class Application {
     static Application* Registered();
 };
 
-/// Brings the toolkit up for `program`, the first of the process's arguments. `name` and `desktopId` tell the desktop
-/// which program this is; the icon of its windows is the one named `desktopId` in the desktop's theme, else among the
-/// program's own (packaging/icons). `alertSound` is the file that Beep plays where the desktop has no sound of its own.
+/// Starts the toolkit. `program` is the first of the process's arguments. By `name` and `desktopId` the desktop
+/// knows the program; the windows' icon is the one named `desktopId`, in the desktop's theme or else among the
+/// program's own (packaging/icons). Where the desktop has no sound of its own, Beep plays the file `alertSound`.
 void RuntimeInit(char* program, const std::string& name, const std::string& desktopId,
                  const Ref<FolderItem>& alertSound);
 /// Runs the start-up code, whose result doesn't matter. What it throws ends the program with status 1.

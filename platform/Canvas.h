@@ -1,9 +1,6 @@
 #pragma once
 
-#include <functional>
 #include <optional>
-#include <string>
-#include <utility>
 
 #include "platform/Control.h"
 #include "platform/Ref.h"
@@ -11,17 +8,15 @@
 class Graphics;
 class Picture;
 
-/// What a canvas tells a screen reader, on the main thread at any moment. Either function may be empty.
+/// What a screen reader is told. Either function may be empty; each is called at any time on the main thread.
 struct Accessible {
     enum class Roles { Picture = 1, Button };
     Roles Role = Roles::Picture;
-    /// The present state in words.
-    std::function<std::string()> Description;
-    /// Does what a click does; empty where a click does nothing.
-    std::function<void()> Press;
+    std::function<std::string()> Description;  ///< the present state in words
+    std::function<void()> Press;               ///< what a click does; empty where it does nothing
 };
 
-/// A text that is dragged with the pointer, from the canvas that makes it to the one that is given it.
+/// A text that is dragged with the pointer from one canvas to another.
 class DragItem {
   public:
     /// `drag` carries out Drag().
@@ -66,7 +61,7 @@ class Canvas : public RectControl {
     /// A text was dropped here. The action is always 0, because all drops are copies.
     virtual void Event_DropObject(const Ref<DragItem>&, Int32) {}
 
-    /// From now on texts can be dropped on the canvas.
+    /// Lets texts be dropped on the canvas from now on.
     void AcceptTextDrop();
     /// An item to be dragged, without text and picture so far. The rectangle is in the window's coordinates.
     Ref<DragItem> NewDragItem(Int32 left, Int32 top, Int32 width, Int32 height);
@@ -75,12 +70,11 @@ class Canvas : public RectControl {
     Accessible Accessibility;
     /// Invalidates the description that a screen reader may have cached. Nothing is spoken.
     void DescriptionChanged();
-    /// Has a screen reader, if one is active, speak a text; the last one, if there are several in one event.
-    /// Host::Beep tells it as well.
+    /// Has an active screen reader speak a text; of several in one event, the last. Host::Beep may show it, too.
     void Announce(const std::string& text);
 
-    /// The canvas's surface. While Paint runs, it is the window's own. At any other moment it is a picture
-    /// that is kept and shown beneath all later paints; the call asks for a repaint.
+    /// The canvas's surface: while Paint runs, the window's own; at any other moment a picture, which is kept
+    /// and shown beneath all later paints. The call asks for a repaint.
     Ref<::Graphics> Graphics();
     /// The width, and height, of a logical pixel in pixels of the screen.
     double ScaleFactor() const;

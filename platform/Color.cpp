@@ -1,7 +1,5 @@
 #include "platform/Color.h"
 
-#include <cmath>
-
 namespace {
 
 Int32 Highest(Color color) { return std::max({color.Red(), color.Green(), color.Blue()}); }

@@ -6,7 +6,7 @@
 
 #include "platform/Values.h"
 
-/// What a window holds by name. The window owns its controls.
+/// What a window owns and finds by name.
 class Control {
   public:
     virtual ~Control() = default;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <string>
 #include <vector>
 
 #include "platform/Color.h"
@@ -47,8 +45,8 @@ class EditField : public RectControl {
   public:
     EditField();
 
-    /// A key as one character, also one that an on-screen keyboard enters, before the field sees it: True
-    /// consumes it. Not called for commands (keys held with Ctrl, Alt or Meta) nor for pasted text.
+    /// A key as one character, also from an on-screen keyboard, before the field sees it. True consumes it.
+    /// Not called for commands (keys held with Ctrl, Alt or Meta) nor for pasted text.
     std::function<bool(const std::string& key)> KeyDown;
     std::function<void()> LostFocus;
     /// The text has changed, whoever changed it.
@@ -73,7 +71,7 @@ class UpDownArrows : public RectControl {
     std::function<void()> Up;
     std::function<void()> Down;
 
-    /// The name of the pair. To it each arrow adds its direction.
+    /// The name of the pair, to which each arrow adds its direction.
     void AccessibleName(const std::string& name) override;
 };
 
@@ -107,8 +105,7 @@ class ProgressBar : public RectControl {
 struct TextStyle {
     bool isBold = false;
     bool isItalic = false;
-    /// In pixels; 0 is the font's own default.
-    Int32 size = 0;
+    Int32 size = 0;  ///< in pixels; 0 is the font's own default
 
     bool operator==(const TextStyle&) const = default;
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 
 #include "platform/Ref.h"
 #include "platform/Values.h"
@@ -29,36 +28,31 @@ class QTVideoTrack {
     /// Frames per second.
     double FrameRate() const;
 
-    /// Adds a frame, which lasts 1 / FrameRate seconds, to the end of the track. A picture that isn't of the
-    /// track's size is left out. The picture may be drawn on again as soon as the call returns. Waits while
-    /// too many frames are still to be written. Once a frame could not be written, all that follow are
-    /// dropped.
+    /// Adds a frame, which lasts 1 / FrameRate seconds. Waits while too many frames are still to be written.
+    /// The picture may be drawn on again as soon as the call returns. It is left out if it isn't of the
+    /// track's size, or if an earlier frame couldn't be written.
     void AppendPicture(const Ref<Picture>& picture);
 
-    /// Lets the user choose how the frames are encoded, with `testImage` as the preview, and waits. Before
-    /// the first picture, on the main thread. Stores the choice in the track, with its frame rate, and
-    /// proposes it the next time. False, with nothing changed, when the user cancels. A track for which
-    /// nothing was chosen is uncompressed. Without a plan the user isn't told the movie's size.
+    /// Lets the user choose how frames are encoded, and their rate, with `testImage` as the preview; waits. On
+    /// the main thread, before the first picture. False, with nothing changed, when the user cancels. A choice
+    /// is proposed the next time; a track without one is uncompressed. Without a plan, no size is shown.
     bool SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan = {});
 
   private:
     std::shared_ptr<MovieWriter> writer_;
 };
 
-/// A movie that is being written. The file is closed when the last reference to the movie or its track is
-/// dropped, on the thread that drops it, which waits until all frames are written. The caller isn't told of a
-/// failure.
+/// A movie that is being written. Whoever drops the last reference to the movie or its track waits until all
+/// frames are written and the file is closed. No failure is reported to the caller.
 class EditableMovie {
   public:
     explicit EditableMovie(std::shared_ptr<MovieWriter> writer) : writer_(std::move(writer)) {}
 
-    /// Whether closing makes a movie of what was appended. Otherwise the file is left incomplete. Initially
-    /// False.
+    /// Whether closing makes a movie of what was appended. Otherwise, as at first, the file stays incomplete.
     void SaveOnClose(bool value);
 
-    /// Adds a track of `width` times `height` pixels and `frameRate` frames per second. Nil when a QuickTime
-    /// file can't have such a track (its sides have 1 to 65,535 pixels), or when the movie has its track
-    /// already.
+    /// Adds the track; sides are in pixels, the rate in frames per second. Nil when a QuickTime file can't
+    /// have such a track (its sides have 1 to 65,535 pixels), or when the movie has its track already.
     Ref<QTVideoTrack> NewVideoTrack(Int32 width, Int32 height, double frameRate);
 
   private:
@@ -66,8 +60,6 @@ class EditableMovie {
 };
 
 namespace System::Quicktime {
-
 /// Whether movies can be written on this machine. Any thread.
 bool Installed();
-
 }  // namespace System::Quicktime

@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <sstream>
-#include <system_error>
 
 #include "platform/EditableMovie.h"
 #include "platform/Host.h"
@@ -33,7 +32,7 @@ Ref<Stream> Unopened(const fs::path& path, const char* failure) {
     return Ref<Stream>::Nil("The file " + path.string() + failure + reason + ".");
 }
 
-/// Makes a folder and all above it that are missing, for the user alone. 0, or why there is no such folder.
+/// Makes a folder and its missing parents, for the user alone. 0, or the errno that says why there is none.
 int MakeFolder(const fs::path& folder) {
     int error = EEXIST;
     fs::path made;
@@ -47,10 +46,7 @@ int MakeFolder(const fs::path& folder) {
 }
 
 /// The folder of the latest movie that could be made; empty before the first.
-fs::path& MovieFolder() {
-    static fs::path folder;
-    return folder;
-}
+fs::path movieFolder;
 
 }  // namespace
 
@@ -67,8 +63,6 @@ std::string TextInputStream::ReadAll() {
     return std::move(contents).str();
 }
 
-void TextOutputStream::WriteLine(std::string_view text) { file_ << text << '\n'; }
-
 Ref<FolderItem> FolderItem::Parent() const {
     const fs::path parent = path_.parent_path();
     if (parent.empty() || parent == path_) return nullptr;
@@ -77,7 +71,7 @@ Ref<FolderItem> FolderItem::Parent() const {
 
 Ref<FolderItem> FolderItem::Child(const std::string& name) const {
     const bool isReserved = name.empty() || name == "." || name == "..";
-    const bool isStorable = name.size() <= NAME_MAX && name.find('/') == name.npos && name.find('\0') == name.npos;
+    const bool isStorable = name.size() <= NAME_MAX && name.find_first_of("/\0", 0, 2) == name.npos;
     if (isReserved || !isStorable) return nullptr;
     return MakeRef<FolderItem>(path_ / name);
 }
@@ -109,14 +103,14 @@ Ref<TextOutputStream> FolderItem::CreateTextFile() {
 Ref<EditableMovie> FolderItem::CreateMovie() {
     std::shared_ptr<MovieWriter> writer = MovieLibrary::Installed().Create(path_);
     if (!writer) return nullptr;
-    MovieFolder() = path_.parent_path();
+    movieFolder = path_.parent_path();
     return MakeRef<EditableMovie>(std::move(writer));
 }
 
 void FolderItem::Launch(bool) const { Host::Current().Launch(path_); }
 
 Ref<FolderItem> GetSaveFolderItem(const std::string& filter, const std::string& defaultName) {
-    fs::path file = Host::Current().SaveFile(filter, MovieFolder() / defaultName);
+    fs::path file = Host::Current().SaveFile(filter, movieFolder / defaultName);
     if (file.empty()) return nullptr;
     return MakeRef<FolderItem>(std::move(file));
 }

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <string>
 #include <string_view>
 
 #include "platform/Ref.h"
@@ -43,7 +42,7 @@ class TextOutputStream {
     explicit TextOutputStream(std::ofstream file) : file_(std::move(file)) {}
 
     /// Writes the text and one line feed.
-    void WriteLine(std::string_view text);
+    void WriteLine(std::string_view text) { file_ << text << '\n'; }
     void Close() { file_.close(); }
 
   private:
@@ -61,26 +60,22 @@ class FolderItem {
     Ref<FolderItem> Parent() const;
 
     /// The item of that name in this folder, whether it exists or not. Nil when no file can have that name:
-    /// one that is empty, "." or "..", longer than 255 bytes, or holds a "/" or a zero byte.
+    /// it is empty, "." or "..", longer than 255 bytes, or holds a "/" or a zero byte.
     Ref<FolderItem> Child(const std::string& name) const;
 
     bool Exists() const;
-
     /// Removes the file, or the folder if it is empty. A failure isn't reported.
     void Delete();
 
     /// The file, opened for reading; nil when it can't be.
     Ref<TextInputStream> OpenAsTextFile() const;
-
     /// A new empty file, which replaces an old one, opened for writing; nil when it can't be made.
     Ref<TextOutputStream> CreateTextFile();
 
     /// The picture in the file (BMP, PNG, PICT); nil if it can't be read. On a dense screen, a file beside it
     /// whose name ends in "@2x", with twice the pixels for the same size, is taken instead if there is one.
     Ref<Picture> OpenAsPicture() const;
-
-    /// A new movie without a track, which replaces the file; the file exists from now on. Nil when it can't
-    /// be made, and for anything but a plain file.
+    /// A new movie without a track, in place of the file, which has to be a plain one. Nil if it can't be made.
     Ref<EditableMovie> CreateMovie();
 
     /// Opens the file with the desktop's program for its type, in front if `activate`; doesn't wait.
@@ -95,10 +90,8 @@ class FolderItem {
 };
 
 namespace SpecialFolder {
-
 /// The user's folder for settings, which is made if it is missing; nil when it can't be made.
 Ref<FolderItem> Preferences();
-
 }  // namespace SpecialFolder
 
 /// Lets the user choose a file in the desktop's dialog for saving, which proposes `defaultName` in the folder

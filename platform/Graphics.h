@@ -1,11 +1,7 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "platform/Color.h"
 #include "platform/Ref.h"
-#include "platform/Values.h"
 
 class Picture;
 
@@ -18,18 +14,15 @@ class RectShape {
     Property<double> Width = 0.0;
     Property<double> Height = 0.0;
     Property<Color> FillColor;
-    /// Opacity of the interior in percent.
-    Property<double> Fill = 100.0;
+    Property<double> Fill = 100.0;  ///< opacity of the interior in percent
 };
 
 /// An ellipse.
 class OvalShape : public RectShape {
   public:
     Property<Color> BorderColor;
-    /// Opacity of the outline in percent.
-    Property<double> Border = 0.0;
-    /// Width of the outline, half of which lies outside the ellipse.
-    Property<double> BorderWidth = 1.0;
+    Property<double> Border = 0.0;       ///< opacity of the outline in percent
+    Property<double> BorderWidth = 1.0;  ///< half of it lies outside the ellipse
 };
 
 /// A pie slice from StartAngle over ArcAngle. A turn or more covers the whole ellipse.
@@ -69,8 +62,7 @@ class Graphics {
 
     /// The font of later texts: "System", the desktop's interface font, "SmallSystem" or a font family.
     Property<std::string> TextFont = std::string("System");
-    /// In pixels; 0 is the default of the font's name.
-    Property<Int32> TextSize = 0;
+    Property<Int32> TextSize = 0;  ///< in pixels; 0 is the default of the font's name
     Property<bool> Bold = false;
     Property<bool> Italic = false;
 

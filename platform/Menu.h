@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "platform/Ref.h"
@@ -9,7 +8,7 @@
 /// The commands that the toolkit itself carries out on the text field that has the focus.
 enum class EditCommands { None, Undo, Cut, Copy, Paste, Clear, SelectAll };
 
-/// An entry of a menu, or a menu. The program sets these values; the menu's window reads them after each enabling pass.
+/// A menu or an entry of one. The program sets these values; the window reads them after each enabling pass.
 class MenuItem {
   public:
     virtual ~MenuItem() = default;
@@ -45,7 +44,7 @@ class MenuItem {
     std::vector<Ref<MenuItem>> children_;
 };
 
-// These three stand where the tree puts them, since Linux has no application menu.
+// Linux has no application menu, so these three stay where the program puts them.
 class PrefsMenuItem : public MenuItem {};
 class AppleMenuItem : public MenuItem {};
 /// Closes all windows by itself; it needs no handler.

@@ -16,10 +16,8 @@ enum class MovieCodec { Uncompressed = 1, H264, H265, Mpeg4, ProRes4444, PhotoJp
 /// How the frames of a movie are encoded. A plain value.
 struct CompressionSettings {
     MovieCodec codec = MovieCodec::Uncompressed;
-    /// From 0 (least) to 100 (best). Codecs without a quality ignore it.
-    int quality = 75;
-    /// Frames per second.
-    double frameRate = 1;
+    int quality = 75;      ///< from 0 (least) to 100 (best); codecs without a quality ignore it
+    double frameRate = 1;  ///< frames per second
 
     bool operator==(const CompressionSettings&) const = default;
 };
@@ -31,8 +29,7 @@ struct CodecChoice {
     bool hasQuality;
 };
 
-/// How well a codec suits frames of a certain size. PoorlyPlayed frames have a form that many players can't
-/// show.
+/// How well a codec suits a size of frames. Many players can't show the form that PoorlyPlayed ones take.
 enum class SizeSupport { Refused, PoorlyPlayed, Full };
 
 /// Pixels as 0xFFRRGGBB, `width` times `height` of them, row by row without padding.
@@ -42,8 +39,7 @@ struct PixelView {
     std::span<const std::uint32_t> pixels;
 };
 
-/// An image of `width` times `height` pixels, three bytes each (red, green, blue), row by row without
-/// padding.
+/// An image of `width` times `height` pixels of three bytes (red, green, blue), row by row without padding.
 struct RgbImage {
     int width = 0;
     int height = 0;
@@ -77,8 +73,7 @@ class MovieWriter {
 
 /// Writes movies, and reads pictures in formats that Qt lacks. It is in a module of its own, because loading
 /// all the libraries that it needs would take most of the program's start. This base class serves a machine
-/// without the module. Any thread. Nothing is thrown: an operation that runs out of memory fails like any
-/// other.
+/// without the module. Any thread. Nothing is thrown: to run out of memory is a failure like any other.
 class MovieLibrary {
   public:
     /// The codecs that this machine can write, in the order in which they are offered; none where movies
@@ -94,7 +89,7 @@ class MovieLibrary {
     virtual std::shared_ptr<MovieWriter> Create(const std::filesystem::path&) const noexcept { return nullptr; }
 
     /// How an image looks as the first frame of a movie: encoded and decoded again. Nothing when that fails
-    /// or `stop` is requested; that is checked before each of the few frames that are encoded.
+    /// or a stop is requested, which is checked before each of the few frames that are encoded.
     virtual std::optional<RgbImage> EncodePreview(const CompressionSettings&, const PixelView&,
                                                   const std::stop_token& /*stop*/) const noexcept {
         return std::nullopt;

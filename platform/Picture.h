@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <span>
 
 #include "platform/Ref.h"
@@ -9,8 +8,8 @@
 
 class Graphics;
 
-/// An off-screen image of opaque pixels, with a mask beside it that may give it transparent parts. Its size is in
-/// logical pixels, each of which may be several of its own. Any thread, but one at a time.
+/// An off-screen image of opaque pixels, with a mask beside it that may give it transparent parts. Its size
+/// is in logical pixels, each of which may be several of the image's own. Any thread, but one at a time.
 class Picture {
   public:
     struct Pixels;
@@ -24,8 +23,8 @@ class Picture {
     /// The surface that draws on this picture; the same object at each call. It must not outlive the picture.
     Ref<::Graphics> Graphics();
 
-    /// The mask, a grey picture of the same size and scale: black is opaque, white transparent. With `create`, a
-    /// picture without one gets a mask that is all black; otherwise nil stands for none.
+    /// The mask, a grey picture of the same size and scale: black is opaque, white transparent. With
+    /// `create`, a picture without one gets a mask that is all black; otherwise nil stands for none.
     Ref<Picture> Mask(bool create);
 
     /// The pixels as 0xFFRRGGBB, row by row without padding. They change as the picture is drawn on.
@@ -40,6 +39,6 @@ class Picture {
     Ref<Picture> mask_;
 };
 
-/// A new white picture; nil when the size is not above 0 or there is no memory for it. The one depth is 32. `scale` is
-/// how many of its own pixels a logical one is, either way.
+/// A new white picture; nil when the size is not above 0 or there is no memory for it. `depth` is always 32.
+/// A logical pixel is `scale` of the picture's pixels wide and high.
 Ref<Picture> NewPicture(Int32 width, Int32 height, Int32 depth, double scale = 1);

@@ -7,18 +7,20 @@
 namespace {
 
 std::string ReadableName(const std::type_info& type) {
-    int status = 0;
-    const std::unique_ptr<char, decltype(&std::free)> name(abi::__cxa_demangle(type.name(), nullptr, nullptr, &status),
-                                                           &std::free);
-    return name ? name.get() : type.name();
+    char* const demangled = abi::__cxa_demangle(type.name(), nullptr, nullptr, nullptr);
+    const std::unique_ptr<char, decltype(&std::free)> owner(demangled, &std::free);
+    return demangled ? demangled : type.name();
 }
 
-std::string Text(const std::string& wanted) { return "NilObjectException: no " + wanted; }
+std::string Message(const std::string& wanted, const std::string& why) {
+    const std::string message = "NilObjectException: no " + wanted;
+    return why.empty() ? message : why + " (" + message + ")";
+}
 
 }  // namespace
 
-NilObjectException::NilObjectException(const std::type_info& type, const std::string& why)
-    : std::runtime_error(why.empty() ? Text(ReadableName(type)) : why + " (" + Text(ReadableName(type)) + ")"),
-      why_(why) {}
+NilObjectException::NilObjectException(const std::string& wanted, const std::string& why)
+    : std::runtime_error(Message(wanted, why)), why_(why) {}
 
-NilObjectException::NilObjectException(const std::string& wanted) : std::runtime_error(Text(wanted)) {}
+NilObjectException::NilObjectException(const std::type_info& type, const std::string& why)
+    : NilObjectException(ReadableName(type), why) {}

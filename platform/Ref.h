@@ -10,9 +10,9 @@
 /// Thrown when a reference that names no object is used as if it did.
 class NilObjectException : public std::runtime_error {
   public:
-    /// `type` is that of the missing object. what() gives the reason, if there is one, and the type's name.
+    /// `wanted`, or the name of `type`, is what is missing; what() says so, after the reason if there is one.
+    explicit NilObjectException(const std::string& wanted, const std::string& why = "");
     explicit NilObjectException(const std::type_info& type, const std::string& why = "");
-    explicit NilObjectException(const std::string& wanted);
 
     /// The reason alone, in words for the user; empty if none is known.
     const std::string& Why() const { return why_; }

@@ -5,13 +5,12 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <cstdlib>
-#include <limits>
 
 namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
+constexpr auto kFixed = std::chars_format::fixed;
 
 /// The beginning of `text` that consists of the given characters alone.
 std::string Leading(std::string_view text, std::string_view characters) {
@@ -45,10 +44,8 @@ std::string RoundedDigits(double number, std::size_t places) {
     const double rounded = scaled < 0x1p53 ? std::round(scaled) / scale : number;
 
     std::string digits(std::numeric_limits<double>::max_exponent10 + 2 + places, '\0');
-    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), rounded, std::chars_format::fixed,
-                                       static_cast<int>(places));
-    digits.resize(static_cast<std::size_t>(written.ptr - digits.data()));
-    return digits;
+    char* const end = digits.data() + digits.size();
+    return {digits.data(), std::to_chars(digits.data(), end, rounded, kFixed, static_cast<int>(places)).ptr};
 }
 
 std::string Grouped(std::string digits) {
@@ -75,7 +72,7 @@ double Val(std::string_view text) {
 std::string Str(double number) {
     std::array<char, 400> digits;  // the longest text, of a very small number, has 327 characters
     char* const end = digits.data() + digits.size();
-    return {digits.data(), std::to_chars(digits.data(), end, number, std::chars_format::fixed).ptr};
+    return {digits.data(), std::to_chars(digits.data(), end, number, kFixed).ptr};
 }
 
 std::string Format(double number, std::string_view mask) {

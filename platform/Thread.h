@@ -1,14 +1,11 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-
 #include "platform/Control.h"
 
 /// A worker. What a control lets any thread do is carried out on the main thread, in the order of the calls.
 class Thread : public Control {
   public:
-    /// Running also stands for one that is about to begin.
+    /// A worker that is about to begin counts as Running.
     enum class States { Running = 0, NotRunning = 4 };
 
     Thread();
@@ -21,10 +18,10 @@ class Thread : public Control {
     /// Starts RunEvent on a thread of its own and returns. Does nothing while one runs, and after End.
     void Run();
     States State() const;
-    /// Ends the worker at its next yield and waits for that. From then on none starts, as the program is quitting.
+    /// Ends the worker at its next yield and waits for that. None starts afterwards: the program is quitting.
     void End();
 
-    /// Called by a worker where it may be ended: it doesn't return when that is wanted. Does nothing on other threads.
+    /// Called by a worker where it may be ended; if it is to end, doesn't return. No effect on other threads.
     static void Yield();
 
   private:

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-
 #include "platform/Control.h"
 
 /// Fires on the main event loop.
@@ -18,7 +15,7 @@ class Timer : public Control {
     /// In milliseconds.
     void Period(Int32 milliseconds);
 
-    /// Any thread. The first firing comes one period after the mode was set, also to what it was.
+    /// Any thread. The timer first fires one period after its mode was set, even to the same one.
     void Mode(Modes mode);
 
   private:

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -46,6 +45,5 @@ class Dictionary {
   private:
     std::vector<Variant> keys_;
     std::vector<Variant> values_;
-    /// The index of each key in both, by the key's text.
-    std::unordered_map<std::string, std::size_t> index_;
+    std::unordered_map<std::string, std::size_t> index_;  ///< where a key's text stands in keys_ and values_
 };

@@ -1,18 +1,12 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <string>
-
 #include "platform/Color.h"
 #include "platform/Control.h"
 #include "platform/Menu.h"
-#include "platform/Ref.h"
 
-/// A window of the desktop. Width and Height are those of the area below the menu bar, where the controls are; Left
-/// and Top are the place of the window's inside on the screen. All in logical pixels.
-///
-/// Open windows are owned by the toolkit; a closed one is destroyed once no handler is under way any more.
+/// A window of the desktop. Width and Height are those of the area below the menu bar, where the controls
+/// are; Left and Top are the place of the window's inside on the screen; all in logical pixels. The toolkit
+/// owns the open windows. A closed one is destroyed as soon as no handler is running.
 class Window : public std::enable_shared_from_this<Window> {
   public:
     enum class Frames { Document = 0, Sheet = 8 };
@@ -51,7 +45,7 @@ class Window : public std::enable_shared_from_this<Window> {
 
     bool FullScreen() const;
     void FullScreen(bool on);
-    /// Zooms the window to the size of the screen; one that goes fullscreen in the same event isn't zoomed first.
+    /// Zooms the window to the screen's size. One that goes fullscreen in the same event isn't zoomed first.
     void Maximize();
 
     /// Shows the window, or brings it forward, also from the taskbar.
@@ -78,8 +72,8 @@ class Window : public std::enable_shared_from_this<Window> {
     /// Sets the handler of a command of the menu bar. Its result makes no difference.
     void _AddMenuHandler(const std::string& itemName, MenuHandler handler);
 
-    /// The open window of class W. If there is none, it is built, opened and, unless it is a sheet, shown; but only on
-    /// the main thread: any other one gets a NilObjectException.
+    /// The open window of class W. If there is none, it is built, opened and, unless it is a sheet, shown;
+    /// but only on the main thread: any other one gets a NilObjectException.
     template <class W>
     static W& ImplicitInstance(const std::string& key) {
         if (Window* open = FindOpen(key)) return static_cast<W&>(*open);

@@ -1,18 +1,18 @@
 #pragma once
 
-/// What differs between the platforms that the program can be built for, as it is on Linux. Nothing ties one of these
-/// to another; the code on both sides of each is compiled.
+/// What differs between the platforms that the program can be built for. These are Linux's values. Each is
+/// independent of the others, and the code on both sides of it is compiled.
 namespace targets {
 
 /// Files carry four-character codes of owner and type.
 constexpr bool kFileCodes = false;
-/// The clock leaves 6 percent of its nominal diameter free instead of 3, and disc and wedge are 1 percent larger.
+/// The clock leaves 6 percent of its nominal diameter free, not 3; disc and wedge are 1 percent larger.
 constexpr bool kWiderClockMargin = false;
 /// A canvas is cleared before a picture is copied to it, which may be transparent in parts.
 constexpr bool kClearBeforeCopy = true;
 /// The drawing of a colour well is a pixel smaller than the well, at the right and below.
 constexpr bool kShrunkColorWell = false;
-/// What is dragged from a colour well begins where it was pressed, not where the pointer has come to.
+/// A drag from a colour well begins where the button was pressed, not where the pointer is by then.
 constexpr bool kDragFromPress = false;
 /// The settings file has a dot-file name.
 constexpr bool kDotFileSettings = false;
