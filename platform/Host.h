@@ -42,8 +42,7 @@ class Host {
     /// Opens a file with the desktop's program for its type; doesn't wait. May be called on any thread.
     virtual void Launch(const std::filesystem::path& file) = 0;
 
-    /// Inhibits the screen saver until ReleaseScreenSaver; the desktop may show the user `reason`. Each is
-    /// harmless when repeated.
+    /// Inhibit and release the screen saver, once or again. The desktop may show the user `reason`.
     virtual void InhibitScreenSaver(const std::string& reason) = 0;
     virtual void ReleaseScreenSaver() = 0;
     /// Counts as activity of the user; may be called at any rate.

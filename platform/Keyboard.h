@@ -10,10 +10,7 @@ constexpr Int32 kBackspace = 8;
 constexpr Int32 kTab = 9;
 constexpr Int32 kReturn = 13;
 constexpr Int32 kEscape = 27;
-constexpr Int32 kLeft = 28;
-constexpr Int32 kRight = 29;
-constexpr Int32 kUp = 30;
-constexpr Int32 kDown = 31;
+constexpr Int32 kLeft = 28, kRight = 29, kUp = 30, kDown = 31;
 constexpr Int32 kSpace = 32;
 constexpr Int32 kDelete = 127;
 

@@ -91,8 +91,8 @@ constexpr Codec kCodecs[] = {
 const Codec& FindCodec(MovieCodec id) { return *std::ranges::find(kCodecs, id, &Codec::id); }
 
 int Codec::KeyFrameDistance(double framesPerSecond) const {
-    constexpr double kSeconds = 60;  // players seek to key frames, so to every minute at least
-    constexpr double kFewest = 30;   // a key frame takes about as many bytes as so many others
+    constexpr double kSeconds = 60;  // players seek to key frames, so to each minute
+    constexpr double kFewest = 30;   // unless these are further apart: a key frame is as large as so many others
     const double wanted = std::max(kFewest, std::round(kSeconds * framesPerSecond));
     return static_cast<int>(std::min<double>(wanted, keyFrameLimit));
 }

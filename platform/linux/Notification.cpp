@@ -59,7 +59,7 @@ class ShownNotification final : public QObject, public std::enable_shared_from_t
   private:
     /// Some services send one before the choice. Qt hands it to Wayland when a window is activated next.
     Q_SLOT void KeepToken(uint id, const QString& token) {
-        if (id == id_) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+        if (id == id_ && !hasEnded_) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
     }
     /// Calls `chosen_` later, because a window that comes to the front may destroy this object.
     Q_SLOT void Choose(uint id) {

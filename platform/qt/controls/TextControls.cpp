@@ -72,12 +72,15 @@ class FieldWidget final : public QLineEdit {
         return QLineEdit::event(event);
     }
 
-    // An on-screen keyboard commits texts rather than pressing keys. Each character counts as typed.
+    // An on-screen keyboard commits texts rather than pressing keys. Each character counts as typed. Text that
+    // is still being composed would replace the selection, so a field that judges its keys shows none.
     void inputMethodEvent(QInputMethodEvent* event) override {
-        showsHead_ = false;
         const std::u32string typed = event->commitString().toStdU32String();
-        event->setCommitString(QString(), event->replacementStart(), event->replacementLength());
-        QLineEdit::inputMethodEvent(event);
+        QInputMethodEvent rest =
+            owner_.KeyDown ? QInputMethodEvent() : QInputMethodEvent(event->preeditString(), event->attributes());
+        rest.setCommitString(QString(), event->replacementStart(), event->replacementLength());
+        if (!rest.preeditString().isEmpty()) showsHead_ = false;
+        QLineEdit::inputMethodEvent(&rest);
         for (const char32_t character : typed) {
             const QString text = QString::fromUcs4(&character, 1);
             QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text);

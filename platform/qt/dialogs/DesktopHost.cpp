@@ -56,9 +56,10 @@ DesktopHost::DesktopHost(const std::string& applicationId, const std::string& na
 
 QWidget* DesktopHost::Owner() const {
     if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
-    for (QWidget* const window : windows_) {
-        if (window && window->isVisible() && window->isEnabled()) return window;
-    }
+    QWidgetList candidates(windows_.begin(), windows_.end());
+    candidates += QApplication::topLevelWidgets();  // at the start none has been active yet
+    for (QWidget* const window : candidates)
+        if (window && window->windowType() != Qt::Popup && window->isVisible() && window->isEnabled()) return window;
     return nullptr;
 }
 

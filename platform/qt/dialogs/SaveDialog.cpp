@@ -51,6 +51,7 @@ int AccessError(const fs::path& path, int access) {
 std::string Obstacle(const fs::path& file) {
     std::error_code ignored;
     if (fs::is_directory(file, ignored)) return "it is a folder";
+    if (fs::exists(file, ignored) && !fs::is_regular_file(file, ignored)) return "it is a device or a pipe";
     int error = AccessError(file, R_OK | W_OK);
     if (error == ENOENT) error = AccessError(file.parent_path(), W_OK | X_OK);
     return error == 0 ? "" : std::generic_category().message(error);

@@ -26,6 +26,8 @@ Report Describe() {
     } catch (const NilObjectException& exception) {
         const std::string& why = exception.Why();
         return {unexpected + ": " + exception.what(), why.empty() ? unexpected + "." : why};
+    } catch (const std::bad_alloc& exception) {
+        return {unexpected + ": " + exception.what(), "There isn't enough memory."};
     } catch (const std::exception& exception) {
         const std::string line = unexpected + ": " + exception.what();
         return {line, line + "."};

@@ -4,8 +4,7 @@
 #include <functional>
 #include <string_view>
 
-// These may be called on any thread. The action is carried out on the main one, or dropped if `context` has been
-// destroyed by then.
+// Any thread may call these. The action runs on the main one, or is dropped if `context` has gone by then.
 
 /// At once when called on the main thread, otherwise soon, in the order of the calls.
 void OnMainThread(QObject& context, std::function<void()> action);

@@ -59,11 +59,8 @@ void MenuBinding::AddMenu(const MenuItem& menu) {
     auto* widget = new Menu(ToQString(menu.Text()), widget_.get());
     QAction* action = widget_->addMenu(widget);
     QObject::connect(widget, &QMenu::aboutToShow, widget, [this] { UpdateEnabled(); });
-    // If the pointer is on the bar by now, the bar stays until the next call of SetVisible.
-    const auto hasClosed = [this] {
-        if (!widget_->rect().contains(widget_->mapFromGlobal(QCursor::pos()))) SetVisible(isVisible_);
-    };
     // Queued, because the arrow keys close a menu and then open the next one.
+    const auto hasClosed = [this] { SetVisible(isVisible_); };
     QObject::connect(widget, &QMenu::aboutToHide, widget, hasClosed, Qt::QueuedConnection);
     const QKeySequence accessKey = QKeySequence::mnemonic(action->text());
     accessKeys_.push_back(new QShortcut(accessKey, &window_, [this, action] { Open(*action); }));

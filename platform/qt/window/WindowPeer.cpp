@@ -43,18 +43,22 @@ void WindowPeer::Build() {
 }
 
 QRect WindowPeer::Inside() const {
-    if (fullScreen_ == FullScreen::Leaving) return wantedInside_;
+    if (fullScreen_ == FullScreen::Leaving) return placed_.value_or(insideBefore_);
     return isFullScreen() && !IsFullScreen() ? normalGeometry() : geometry();
 }
 
 void WindowPeer::MoveTo(QPoint corner) {
-    if (fullScreen_ == FullScreen::Leaving) return wantedInside_.moveTopLeft(corner);
-    setGeometry(QRect(corner, Inside().size()));
+    const QRect inside(corner, Inside().size());
+    if (fullScreen_ != FullScreen::Leaving) return setGeometry(inside);
+    placed_ = inside;
 }
 
 // Before the window shows, no resize event tells it of its new size: hence the last line.
 void WindowPeer::SetSize(QSize size) {
-    if (fullScreen_ == FullScreen::Leaving) return wantedInside_.setSize(size);
+    if (fullScreen_ == FullScreen::Leaving) {
+        placed_ = QRect(Inside().topLeft(), size);
+        return;
+    }
     if (isResizeable_) {
         setMinimumSize(minimum_ + QSize(0, BarHeight()));
         setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
@@ -129,8 +133,7 @@ void WindowPeer::WaitUntilClosed() {
     closed_ = nullptr;
 }
 
-// The event under way may go on to fullscreen, after which the window manager would bring back the zoomed
-// window instead of the saved frame.
+// The event under way may go on to fullscreen. The window manager would then bring back the zoomed window.
 void WindowPeer::Zoom() {
     AfterThisEvent(*this, [this] {
         if (fullScreen_ == FullScreen::Off) setWindowState(windowState() | Qt::WindowMaximized);
@@ -140,7 +143,8 @@ void WindowPeer::Zoom() {
 void WindowPeer::SetFullScreen(bool on) {
     if (on == IsFullScreen()) return;
     if (fullScreen_ == FullScreen::Off) {
-        insideBefore_ = wantedInside_ = Inside();
+        insideBefore_ = Inside();
+        placed_.reset();
         wasMaximised_ = isMaximized();
     }
     fullScreen_ = on ? FullScreen::On : FullScreen::Leaving;
@@ -180,14 +184,14 @@ void WindowPeer::FrameChanged() {
 void WindowPeer::Settle() {
     settling_.stop();
     if (fullScreen_ != FullScreen::Leaving) return;
-    const bool isOther = wantedInside_ != insideBefore_;
+    const bool isOther = placed_ && !insideBefore_.isNull() && placed_ != insideBefore_;
     if (isOther && isMaximized()) {  // on Wayland a maximised window must not have another size
         insideBefore_ = {};          // whatever comes back now
         settling_.start(kPatience);
         return setWindowState(Qt::WindowNoState);
     }
     fullScreen_ = FullScreen::Off;
-    if (isOther) setGeometry(wantedInside_);
+    if (placed_ && placed_ != geometry() && !isMaximized()) setGeometry(*placed_);
 }
 
 void WindowPeer::changeEvent(QEvent* event) {

@@ -37,8 +37,7 @@ class WindowPeer final : public QWidget {
     ControlList& Controls() { return controls_; }
     MenuBinding::Handlers& Handlers() { return handlers_; }
 
-    /// Whether the program has asked for fullscreen. A window that only the window manager has made
-    /// fullscreen is just a large one.
+    /// Whether the program has asked for fullscreen. One by the window manager alone is just a large window.
     bool IsFullScreen() const { return fullScreen_ == FullScreen::On; }
     void SetFullScreen(bool on);
     void Zoom();
@@ -81,10 +80,11 @@ class WindowPeer final : public QWidget {
     FullScreen fullScreen_ = FullScreen::Off;
     /// Runs while the window manager is busy with a request to enter or leave fullscreen.
     QTimer settling_;
-    /// What the window was when fullscreen was entered, and the inside that the program wants after it.
+    /// What the window was when fullscreen was entered.
     QRect insideBefore_;
     bool wasMaximised_ = false;
-    QRect wantedInside_;
+    /// Where the program wants the window after fullscreen; nothing leaves that to the window manager.
+    std::optional<QRect> placed_;
     /// The window that lies over this one and takes its input, and the one that this lies over.
     QPointer<WindowPeer> blocker_;
     QPointer<WindowPeer> blocked_;
