@@ -178,8 +178,7 @@ void SmartColorWell::draw() {
     g->DrawPicture(look, 0, 0);
 }
 
-// Five bands, each of which starts lower, is lighter and covers the lower half of the one before; then the
-// outline, then the edges.
+// Five bands: each starts lower, is lighter and covers the lower half of the one before. Then the lines.
 void SmartColorWell::drawBevel(::Graphics& g) const {
     const Int32 width = Width() - cShrink;
     const Int32 height = Height() - cShrink;

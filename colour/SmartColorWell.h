@@ -21,8 +21,7 @@ class SmartColorWell : public Canvas {
     Color ColorSelected;
     /// The prompt of the colour picker; set when the control opens.
     std::string PickerPromptText;
-    /// Distance of the swatch from the control's edge. When the control opens, 0 is replaced by 2 or 5
-    /// pixels, depending on the height.
+    /// Distance of the swatch from the control's edge in pixels. 0 becomes 2 or 5 when the control opens.
     Int32 Margin = 0;
     /// A dimmed well dims its swatch as well.
     bool AlsoDimColor = false;
@@ -60,8 +59,7 @@ class SmartColorWell : public Canvas {
     /// Whether the button is shown pressed.
     bool mouseDownAndWithin = false;
     /// Where the press began.
-    Int32 mouseDownX = 0;
-    Int32 mouseDownY = 0;
+    Int32 mouseDownX = 0, mouseDownY = 0;
     /// Whether the press may become a drag of the colour, and whether it has become one.
     bool mouseDownWithinColorBox = false;
     bool draggedColorBox = false;

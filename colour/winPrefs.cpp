@@ -8,12 +8,19 @@
 
 namespace {
 
+struct Well {
+    const char* name;
+    Int32 left, top, tabIndex;
+};
+struct Label {
+    const char* name;
+    const char* text;
+    Int32 tabIndex;
+};
 /// One of the four colours: its well, the label beside it, and where the colour is kept.
 struct ColourRow {
-    const char* well;
-    Int32 left, top, tabIndex, labelTabIndex;
-    const char* label;
-    const char* text;
+    Well well;
+    Label label;
     void (winPrefs::*changed)(Color);
     Color winPrefs::*before;
     Color ClockColours::*onClock;
@@ -22,43 +29,23 @@ struct ColourRow {
 enum { kBackground, kWedge, kFace, kFrame };
 
 constexpr ColourRow kColours[] = {
-    {.well = "cBackground",
-     .left = 20,
-     .top = 14,
-     .tabIndex = 0,
-     .labelTabIndex = 5,
-     .label = "StaticText1",
-     .text = "Background",
+    {.well = {"cBackground", 20, 14, 0},
+     .label = {"StaticText1", "Background", 5},
      .changed = &winPrefs::cBackground_ColorChange,
      .before = &winPrefs::mBackground,
      .onClock = &ClockColours::Color_Window_Background},
-    {.well = "cWedge",
-     .left = 187,
-     .top = 52,
-     .tabIndex = 2,
-     .labelTabIndex = 7,
-     .label = "StaticText3",
-     .text = "Wedge",
+    {.well = {"cWedge", 187, 52, 2},
+     .label = {"StaticText3", "Wedge", 7},
      .changed = &winPrefs::cWedge_ColorChange,
      .before = &winPrefs::mWedge,
      .onClock = &ClockColours::Color_Clock_Wedge},
-    {.well = "cFace",
-     .left = 20,
-     .top = 52,
-     .tabIndex = 1,
-     .labelTabIndex = 6,
-     .label = "StaticText2",
-     .text = "Face",
+    {.well = {"cFace", 20, 52, 1},
+     .label = {"StaticText2", "Face", 6},
      .changed = &winPrefs::cFace_ColorChange,
      .before = &winPrefs::mFace,
      .onClock = &ClockColours::Color_Clock_Face},
-    {.well = "cFrame",
-     .left = 187,
-     .top = 14,
-     .tabIndex = 11,
-     .labelTabIndex = 10,
-     .label = "StaticText6",
-     .text = "Frame",
+    {.well = {"cFrame", 187, 14, 11},
+     .label = {"StaticText6", "Frame", 10},
      .changed = &winPrefs::cFrame_ColorChange,
      .before = &winPrefs::mFrame,
      .onClock = &ClockColours::Color_Clock_Frame},
@@ -83,19 +70,20 @@ void winPrefs::Layout() {
 
 void winPrefs::_CreateControls0() {
     const auto addWell = [this](const ColourRow& colour) {
-        auto& well = AddControl<SmartColorWell>(colour.well, colour.left, colour.top, 32, 32, colour.tabIndex);
-        well.ColorChange = [this, changed = colour.changed](Color c) { (this->*changed)(c); };
+        const auto& [name, left, top, tabIndex] = colour.well;
+        AddControl<SmartColorWell>(name, left, top, 32, 32, tabIndex).ColorChange =
+            [this, changed = colour.changed](Color c) { (this->*changed)(c); };
     };
     // Screen readers list the controls as they were added, which is the order of the tab indexes.
     for (const int colour : {kBackground, kFace, kWedge})
         addWell(kColours[colour]);
     for (const int i : {kBackground, kFace, kWedge, kFrame}) {
-        const ColourRow& colour = kColours[i];
-        AddLabel(colour.label, colour.text, colour.left + 66, colour.top + 3, 95, 20, colour.labelTabIndex);
+        const auto& [name, text, tabIndex] = kColours[i].label;
+        AddLabel(name, text, kColours[i].well.left + 66, kColours[i].well.top + 3, 95, 20, tabIndex);
     }
     addWell(kColours[kFrame]);
     for (const ColourRow& colour : kColours)
-        Find<StaticText>(colour.label).LabelFor(Find<SmartColorWell>(colour.well));
+        Find<StaticText>(colour.label.name).LabelFor(Find<SmartColorWell>(colour.well.name));
     auto& ok = AddButton("bOK", "OK", 268, 101, 80, 22, 12, [this] { bOK_Action(); });
     ok.Default(true);
     auto& cancel = AddButton("bCancel", "Cancel", 176, 101, 80, 22, 13, [this] { bCancel_Action(); });
@@ -114,11 +102,11 @@ void winPrefs::Event_Open() {
 // A well that changes here writes the same colour back, which does no harm.
 void winPrefs::SetButtons() {
     for (const ColourRow& colour : kColours)
-        Find<SmartColorWell>(colour.well).setColor(winMain::Instance().*colour.onClock);
+        Find<SmartColorWell>(colour.well.name).setColor(winMain::Instance().*colour.onClock);
 }
 
 void winPrefs::TakeFrom(const std::string& well) {
-    const auto* colour = std::ranges::find(kColours, well, &ColourRow::well);
+    const auto* colour = std::ranges::find_if(kColours, [&](const ColourRow& row) { return row.well.name == well; });
     winMain::Instance().*colour->onClock = Find<SmartColorWell>(well).getColor();
     ShowOnClock();
 }

@@ -154,10 +154,7 @@ class winMain final : public Window, public ClockColours {
     static constexpr const char* kTimeUp = "Time is Up!";
 
     // The window's frame at the moment when fullscreen was last entered.
-    Int32 mLeft = 0;
-    Int32 mTop = 0;
-    Int32 mWidth = 0;
-    Int32 mHeight = 0;
+    Int32 mLeft = 0, mTop = 0, mWidth = 0, mHeight = 0;
 
     /// The remaining time in the description that a screen reader got last.
     Int32 mDescribedSeconds = 0;

@@ -9,10 +9,9 @@
 #include "platform/Values.h"
 #include "shell/Dialog.h"
 
-/// The Create Movie dialog and the job that renders a count-down into a movie. The settings stand in the
-/// dialog's controls and are read when Start is pressed. The job runs on the worker `thr`. While it runs, the
-/// main thread touches none of the fields below except Cancel. The worker drops the last reference to the
-/// movie, which closes and so saves it.
+/// The Create Movie dialog and the job that renders a count-down into a movie. The controls hold the settings
+/// until Start reads them. While the job runs on the worker `thr`, the main thread touches none of the fields
+/// below except Cancel. The worker drops the last reference to the movie, which closes and so saves it.
 class winMakeMovie final : public Dialog {
   public:
     static winMakeMovie& Instance() { return ImplicitInstance<winMakeMovie>("winMakeMovie.winMakeMovie"); }
@@ -36,8 +35,7 @@ class winMakeMovie final : public Dialog {
     void CalculateSize();
 
     // The job (movie/winMakeMovie_job.cpp).
-    /// Asks for the file and the compression and starts the worker. Does nothing more, silently, if a step
-    /// fails or the user cancels.
+    /// Asks for the file and the compression and starts the worker; ends silently where one step fails.
     void bStart_Action();
     /// Stops the job that is running; closes the dialog if none is.
     void bCancel_Action();
@@ -61,8 +59,7 @@ class winMakeMovie final : public Dialog {
     Ref<QTVideoTrack> t;
     Ref<EditableMovie> m;
     std::atomic<bool> Cancel = false;
-    Int32 SizeX = 0;
-    Int32 SizeY = 0;
+    Int32 SizeX = 0, SizeY = 0;
     double FrameRate = 0;
     Int32 StartTime = 0;
     bool Compress = false;

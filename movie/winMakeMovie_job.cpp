@@ -78,8 +78,7 @@ void winMakeMovie::bCancel_Action() {
     }
 }
 
-// If a job is under way, the program is quitting and has ended the worker. Dropping the movie saves what was
-// made so far.
+// Under way, a job has lost its worker, as the program quits. Dropping the movie saves what was made so far.
 void winMakeMovie::Event_Close() {
     m = nullptr;
     t = nullptr;

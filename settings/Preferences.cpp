@@ -37,8 +37,7 @@ constexpr const char* kNotKept = "The colours will not be kept.";
 constexpr const char* kReplaced =
     "The clock has its default colours. At its end the program will try to replace the file.";
 
-/// The positions of a tag in a text. They are found once for all searches, since an odd file is searched from
-/// near its beginning again and again.
+/// The positions of a tag in a text, found once, since an odd file is searched from its top again and again.
 class TagPositions {
   public:
     TagPositions(std::string_view text, std::string_view tag) {

@@ -5,9 +5,9 @@
 #include "platform/Variant.h"
 
 /// A small key-value store: a dictionary in memory and a text file in the user's folder for settings. It
-/// writes a property list; it reads any file, because it only looks for four tags. Nothing is escaped. An
-/// object lives for one read or one write. A message box says what is missing. A folder or file that can't be
-/// used throws NilObjectException.
+/// writes a property list and reads any file, looking for four tags only. Nothing is escaped. An object lives
+/// for one read or one write. A message box says what is missing. An unusable folder or file throws
+/// NilObjectException.
 class Preferences {
   public:
     virtual ~Preferences() = default;
