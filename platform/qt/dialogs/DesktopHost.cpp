@@ -18,6 +18,7 @@
 #include "platform/qt/drawing/Styles.h"
 #include "platform/qt/drawing/Surfaces.h"
 #include "platform/qt/events/MainThread.h"
+#include "platform/qt/window/WindowPeer.h"
 
 namespace {
 
@@ -57,7 +58,7 @@ DesktopHost::DesktopHost(const std::string& applicationId, const std::string& na
 QWidget* DesktopHost::Owner() const {
     if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
     QWidgetList candidates(windows_.begin(), windows_.end());
-    candidates += QApplication::topLevelWidgets();  // at the start none has been active yet
+    candidates += QApplication::topLevelWidgets();  // another program may have been in front since the start
     for (QWidget* const window : candidates)
         if (window && window->windowType() != Qt::Popup && window->isVisible() && window->isEnabled()) return window;
     return nullptr;
@@ -84,6 +85,11 @@ void DesktopHost::Announce(const std::string& text, const std::function<void()>&
 }
 
 void DesktopHost::MsgBox(const std::string& text) {
+    if (windows_.isEmpty()) {  // at the start: the window manager has yet to place the window that it belongs to
+        QEventLoop loop;
+        WindowPeer::QuitAtFocus(loop);
+        loop.exec();
+    }
     const QString title = QApplication::applicationName();
     QMessageBox box(QMessageBox::NoIcon, title, ToQString(text), QMessageBox::Ok, Owner());
     box.setTextFormat(Qt::PlainText);

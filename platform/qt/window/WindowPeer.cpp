@@ -1,6 +1,5 @@
 #include "platform/qt/window/WindowPeer.h"
 
-#include <QtCore/QEventLoop>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <chrono>
@@ -123,14 +122,16 @@ void WindowPeer::ShowOver(WindowPeer& parent) {
 void WindowPeer::WaitUntilClosed() {
     if (isClosed_) return;
     QEventLoop loop;
-    closed_ = [&loop] {
-        QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &loop, [&loop](const QWindow* focused) {
-            if (focused) loop.quit();
-        });
-        QTimer::singleShot(kPatience, &loop, &QEventLoop::quit);
-    };
+    closed_ = [&loop] { QuitAtFocus(loop); };
     loop.exec();
     closed_ = nullptr;
+}
+
+void WindowPeer::QuitAtFocus(QEventLoop& loop) {
+    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &loop, [&loop](const QWindow* focused) {
+        if (focused) loop.quit();
+    });
+    QTimer::singleShot(kPatience, &loop, &QEventLoop::quit);
 }
 
 // The event under way may go on to fullscreen. The window manager would then bring back the zoomed window.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QEventLoop>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 
@@ -45,6 +46,8 @@ class WindowPeer final : public QWidget {
     void ShowOver(WindowPeer& parent);
     /// Returns when the window has closed or the program quits.
     void WaitUntilClosed();
+    /// Quits `loop` when a window of the program gets the keyboard, or after two seconds.
+    static void QuitAtFocus(QEventLoop& loop);
 
   protected:
     bool event(QEvent* event) override;
