@@ -11,12 +11,12 @@ class Application {
   public:
     virtual ~Application() = default;
 
-    /// Delivered once, when the event loop begins.
+    /// Called once, just before the event loop starts.
     virtual void Event_Open() {}
 
-    /// Whether the program ends when its last window closes.
+    /// Sets whether the program quits when its last window closes; false by default.
     void AutoQuit(bool on);
-    /// The pointer's shape over the windows' own area; controls and menus with a shape of their own keep it.
+    /// Sets the pointer's shape over all existing windows, except over menus and controls that set their own.
     void MouseCursor(MouseCursors cursor);
 
     Property<Int32> MajorVersion = 0;
@@ -25,25 +25,25 @@ class Application {
     Property<Int32> StageCode = 0;  ///< 0 development, 1 alpha, 2 beta, 3 final
     Property<Int32> NonReleaseVersion = 0;
 
-    /// The file that is running, with all links resolved.
+    /// Returns the running executable, with symbolic links resolved.
     static Ref<FolderItem> ExecutableFile();
-    /// The registered application object; nil before there is one.
+    /// Returns the registered application object; nil before RuntimeRegisterAppObject.
     static Application* Registered();
 };
 
-/// Starts the toolkit. `program` is the first of the process's arguments. By `name` and `desktopId` the desktop
-/// knows the program; the windows' icon is the one named `desktopId`, in the desktop's theme or else among the
-/// program's own (packaging/icons). Where the desktop has no sound of its own, Beep plays the file `alertSound`.
+/// Starts the toolkit. `program` is argv[0]; `name` and `desktopId` identify the program to the desktop. The
+/// windows' icon is the theme's icon `desktopId`, or else the built-in one (packaging/icons). Beep plays the
+/// file `alertSound` if the desktop's sound theme has no alert sound.
 void RuntimeInit(char* program, const std::string& name, const std::string& desktopId,
                  const Ref<FolderItem>& alertSound);
-/// Runs the start-up code, whose result doesn't matter. What it throws ends the program with status 1.
+/// Runs the start-up code and ignores its result. An exception from it ends the program with status 1.
 void RunFrameworkInitialization(const std::function<int()>& startUp);
-/// Makes `application` the program's one application object, owned by the toolkit.
+/// Makes `application` the program's application object. The toolkit owns it.
 void RuntimeRegisterAppObject(std::unique_ptr<Application> application);
-/// Runs the event loop until Quit; not at all when the start-up code has thrown.
+/// Runs the event loop until Quit. Returns at once if the start-up code has thrown.
 void RuntimeRun();
-/// Releases the windows, the application object, the host and the toolkit. Gives the exit status.
+/// Destroys the windows, the application object, the host and the toolkit. Returns the exit status.
 int RuntimeExit();
 
-/// Ends all workers, each at its next yield, then the event loop, with a status.
+/// Waits until each worker has ended at its next yield, then ends the event loop. Sets the exit status.
 void Quit(int status);

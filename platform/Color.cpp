@@ -4,13 +4,12 @@ namespace {
 
 Int32 Highest(Color color) { return std::max({color.Red(), color.Green(), color.Blue()}); }
 
-/// The difference between the highest component and the lowest.
 Int32 Range(Color color) { return Highest(color) - std::min({color.Red(), color.Green(), color.Blue()}); }
 
 }  // namespace
 
 Color HSV(double hue, double saturation, double value) {
-    // Each component is the value, reduced the more, the farther its own hue is from this one.
+    // The farther a component's own hue is from `hue`, the more it is reduced below `value`.
     const auto component = [&](double offset) {
         const double place = std::fmod(offset + hue * 6, 6);
         const double distance = std::clamp(std::min(place, 4 - place), 0.0, 1.0);

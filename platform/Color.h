@@ -15,16 +15,16 @@ struct Color {
     constexpr bool operator==(const Color&) const = default;
 };
 
-/// A colour of three components from 0 to 255; a component outside is clamped.
+/// Returns the colour with these components, each clamped to 0 to 255.
 constexpr Color RGB(Int32 red, Int32 green, Int32 blue) {
     constexpr auto component = [](Int32 c) { return std::clamp(c, 0, 255); };
     return Color{component(red) << 16 | component(green) << 8 | component(blue)};
 }
 
-/// A colour of hue, saturation and value, each from 0 to 1; the components are rounded to the nearest. From
-/// the three numbers that the functions below give for a colour, it makes that same colour.
+/// Converts hue, saturation and value, each from 0 to 1, to a colour, with components rounded to the nearest.
+/// Given the results of the three functions below for a colour, it returns exactly that colour.
 Color HSV(double hue, double saturation, double value);
-/// From 0 (red) over 1/3 (green) and 2/3 (blue) to below 1; 0 for a grey.
+/// Returns the hue, from 0 to below 1: 0 is red, 1/3 green, 2/3 blue. The hue of a grey is 0.
 double readColorHue(Color color);
 double readColorSaturation(Color color);
 double readColorValue(Color color);

@@ -6,20 +6,20 @@
 
 #include "platform/Values.h"
 
-/// What a window owns and finds by name.
+/// An object that a window owns and finds by name, visible or not.
 class Control {
   public:
     virtual ~Control() = default;
 };
 
-/// A control that is seen: a rectangle in its window. Positions are logical pixels below the menu bar.
+/// A visible control. Its position, in logical pixels, is relative to the window's area below the menu bar.
 class RectControl : public Control {
   public:
     struct Peer;
 
     ~RectControl() override;
 
-    /// Called when the control's window is being opened, before the window's own event.
+    /// Called when the control's window opens, before the window's own Event_Open.
     std::function<void()> Open;
 
     Int32 Left() const;
@@ -29,41 +29,41 @@ class RectControl : public Control {
     Int32 Height() const;
     void Bounds(Int32 left, Int32 top, Int32 width, Int32 height);
 
-    /// Edges of the window that the control's own edges follow when the window's size changes.
+    /// Whether the control's edge keeps its distance from that edge of the window when the window is resized.
     Property<bool> LockLeft = false;
     Property<bool> LockTop = false;
     Property<bool> LockRight = false;
     Property<bool> LockBottom = false;
 
-    /// The group that the control lies in, by name. A disabled group disables what lies in it.
+    /// Puts the control into the group with this name. A disabled group disables the controls in it.
     void InitialParent(const std::string& name);
 
-    // These two may be set on any thread.
+    // Enabled and Visible may be set on any thread.
     bool Enabled() const;
     void Enabled(bool on);
     void Visible(bool on);
 
-    /// The place in the order in which the Tab key goes through the window.
+    /// The control's place in the tab order of the window or, for a control in a group, of the group.
     Property<Int32> TabIndex = 0;
 
-    /// Whether the control's window is the one that the user works in.
+    /// Returns whether the control's window is the active window of the desktop.
     bool Active() const;
-    /// The group that the control lies in; nil when it lies directly in its window.
+    /// Returns the group that contains the control; nil if the control lies directly in its window.
     RectControl* Parent() const;
 
-    /// What a screen reader calls the control, where neither its own text nor a label does.
+    /// Sets the name that screen readers use for a control that has neither a text of its own nor a label.
     virtual void AccessibleName(const std::string& name);
 
-    /// For subclasses to override; an override must call the owner's function itself.
+    /// Calls Open. A subclass that overrides this must call Open itself.
     virtual void Event_Open();
 
     void SetFocus();
 
-    /// Asks for a repaint, on any thread; several requests make one, with the next turn of the event loop. An
-    /// erased background never shows, so both values of `eraseBackground` look the same.
+    /// Requests a repaint, on any thread. All requests of one turn of the event loop cause one repaint.
+    /// Painting is double-buffered, so `eraseBackground` makes no difference.
     void Refresh(bool eraseBackground);
 
-    /// For platform/ alone.
+    /// Only for use within platform/.
     Peer& peer() const { return *peer_; }
 
   protected:

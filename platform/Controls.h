@@ -5,23 +5,23 @@
 #include "platform/Color.h"
 #include "platform/Control.h"
 
-// A text that doesn't fit its control is set narrower, and smaller if need be.
+// Labels, buttons and text fields condense a text that doesn't fit, and reduce its size if that isn't enough.
 
 enum class TextAlignment { Left = 1, Centre = 2, Right = 3 };
 
-/// A label. Carriage returns separate its lines.
+/// A label. A carriage return in the text starts a new line.
 class StaticText : public RectControl {
   public:
     StaticText();
 
     void Text(const std::string& text);
-    /// "System" or "SmallSystem", or a family of the desktop.
+    /// Sets the font: "System", "SmallSystem" or the name of an installed font family.
     void TextFont(const std::string& name);
-    /// In pixels; 0 is the font's own default.
+    /// Sets the font's size in logical pixels; 0 is the font's default size.
     void TextSize(Int32 size);
     void Bold(bool on);
     void TextAlign(TextAlignment alignment);
-    /// Makes this the name that screen readers use for `control`, which is already in the same window.
+    /// Makes screen readers use this text as the name of `control`, which must be in the same window already.
     void LabelFor(const RectControl& control);
 };
 
@@ -33,7 +33,7 @@ class PushButton : public RectControl {
 
     void Caption(const std::string& caption);
 
-    /// Whether Return and Enter press this button, wherever the focus is, unless it is on another button.
+    /// Whether Return and Enter press this button, unless another button has the focus.
     bool Default() const;
     void Default(bool on);
     /// Whether Escape presses this button.
@@ -45,25 +45,25 @@ class EditField : public RectControl {
   public:
     EditField();
 
-    /// A key as one character, also from an on-screen keyboard, before the field sees it. True consumes it.
-    /// Not called for commands (keys held with Ctrl, Alt or Meta) nor for pasted text.
+    /// Called with a typed key as one character, also from an on-screen keyboard, before the field handles
+    /// it. True consumes the key. Not called for pasted text or keys held with Ctrl, Alt or Meta.
     std::function<bool(const std::string& key)> KeyDown;
     std::function<void()> LostFocus;
-    /// The text has changed, whoever changed it.
+    /// Called after each change of the text, by the user or by the program.
     std::function<void()> TextChange;
 
     std::string Text() const;
-    /// Puts the caret at the end, but shows the beginning of a text that is longer than the field.
+    /// Sets the text, with the caret at its end, but scrolls to the beginning of a text that is too long.
     void Text(const std::string& text);
-    /// Replaces the selection; with nothing selected, inserts at the caret.
+    /// Replaces the selection by `text`; inserts `text` at the caret if nothing is selected.
     void SelText(const std::string& text);
     void Alignment(TextAlignment alignment);
-    /// Colours of the enabled field. They are the desktop's until set, and while the field is disabled.
+    // These colours apply while the field is enabled; a disabled field has the desktop's colours.
     void TextColor(Color color);
     void BackColor(Color color);
 };
 
-/// A pair of small arrows. Each event comes at the press and is repeated while the button is held.
+/// A pair of arrow buttons. Up and Down are called at the press and repeatedly while the button is held.
 class UpDownArrows : public RectControl {
   public:
     UpDownArrows();
@@ -71,7 +71,7 @@ class UpDownArrows : public RectControl {
     std::function<void()> Up;
     std::function<void()> Down;
 
-    /// The name of the pair, to which each arrow adds its direction.
+    /// Sets the pair's name. Screen readers call the arrows by this name followed by "up" or "down".
     void AccessibleName(const std::string& name) override;
 };
 
@@ -92,12 +92,12 @@ class GroupBox : public RectControl {
     void Caption(const std::string& caption);
 };
 
-/// A bar that shows the progress of a job. Its properties may be set on any thread.
+/// A progress bar. Maximum and Value may be set on any thread.
 class ProgressBar : public RectControl {
   public:
     ProgressBar();
 
-    /// 0 makes the bar indeterminate.
+    /// Sets the value at which the bar is full; 0 makes the bar indeterminate.
     void Maximum(Int32 maximum);
     void Value(Int32 value);
 };
@@ -105,7 +105,7 @@ class ProgressBar : public RectControl {
 struct TextStyle {
     bool isBold = false;
     bool isItalic = false;
-    Int32 size = 0;  ///< in pixels; 0 is the font's own default
+    Int32 size = 0;  ///< in logical pixels; 0 is the font's default size
 
     bool operator==(const TextStyle&) const = default;
 };
@@ -119,23 +119,23 @@ struct StyleRun {
 
 using StyledText = std::vector<StyleRun>;
 
-/// A field of wrapped text that the user can scroll, select and copy, but not change. Carriage returns
-/// separate its lines. It has a caret only while a screen reader is active; otherwise the arrow keys scroll.
+/// A read-only field of wrapped text that can be scrolled, selected and copied. A carriage return starts a
+/// new line. There is a caret only while a screen reader is active; otherwise the arrow keys scroll.
 class StyledTextField : public RectControl {
   public:
     StyledTextField();
 
     std::string Text() const;
-    /// Shows a text in the style of the field, that is, in its size and neither bold nor italic.
+    /// Shows a text in the field's size, neither bold nor italic.
     void Text(const std::string& text);
-    /// Shows a text with its first line on top and nothing selected.
+    /// Shows a text, scrolled to its beginning, with nothing selected.
     void StyledText(const ::StyledText& text);
 
     Int32 TextSize() const;
     void TextSize(Int32 size);
-    /// "System", or a family of the desktop.
+    /// Sets the font: "System" or the name of an installed font family.
     void TextFont(const std::string& name);
-    /// See EditField.
+    // These colours apply while the field is enabled; a disabled field has the desktop's colours.
     void TextColor(Color color);
     void BackColor(Color color);
 };

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// What the compression dialog proposes: the last choice in this run of the program.
+/// The settings that the compression dialog proposes: the user's last choice since the program started.
 CompressionSettings& Proposal() {
     static CompressionSettings proposal = [] {
         const std::vector<CodecChoice> choices = MovieLibrary::Installed().Codecs();

@@ -9,50 +9,49 @@ class Graphics;
 class MovieWriter;
 class Picture;
 
-/// The lowest frame rate that can be chosen, in frames per second: a frame a minute.
+/// The lowest frame rate that the user can choose, in frames per second: one frame per minute.
 constexpr double kLowestFrameRate = 0.016666666666666;
 
-/// What a movie is going to show. The user is told how much space it will take.
+/// The content of a planned movie, from which the compression dialog estimates the size of the file.
 struct MoviePlan {
-    double seconds = 0;
-    /// Draws the picture that is shown so many seconds from the beginning, on a surface of the movie's size.
-    /// Called on another thread while the user chooses.
+    double seconds = 0;  ///< the duration
+    /// Draws the movie's picture at a time, in seconds, on a surface of the movie's size. Called on a worker
+    /// thread while the dialog is open. If this is empty, no size is estimated.
     std::function<void(const Ref<Graphics>&, double seconds)> draw;
 };
 
-/// The video track of a movie that is being written. Any thread, but one at a time.
+/// The video track of a movie that is being written. May be used on any thread, by one thread at a time.
 class QTVideoTrack {
   public:
     explicit QTVideoTrack(std::shared_ptr<MovieWriter> writer) : writer_(std::move(writer)) {}
 
-    /// Frames per second.
+    /// Returns the frame rate in frames per second.
     double FrameRate() const;
 
-    /// Adds a frame, which lasts 1 / FrameRate seconds. Waits while too many frames are still to be written.
-    /// The picture may be drawn on again as soon as the call returns. It is left out if it isn't of the
-    /// track's size, or if an earlier frame couldn't be written.
+    /// Adds a copy of a picture as a frame of 1 / FrameRate seconds; waits while the queue of frames is full.
+    /// Does nothing if the picture's size isn't the track's or an earlier frame couldn't be written.
     void AppendPicture(const Ref<Picture>& picture);
 
-    /// Lets the user choose how frames are encoded, and their rate, with `testImage` as the preview; waits. On
-    /// the main thread, before the first picture. False, with nothing changed, when the user cancels. A choice
-    /// is proposed the next time; a track without one is uncompressed. Without a plan, no size is shown.
+    /// Shows a modal dialog for codec, quality and frame rate, with `testImage` as the preview. Returns
+    /// false, with nothing changed, if the user cancels. The next dialog proposes the same codec and quality.
+    /// Without a choice the track is uncompressed. Call this on the main thread, before the first picture.
     bool SelectCompressionSettings(const Ref<Picture>& testImage, const MoviePlan& plan = {});
 
   private:
     std::shared_ptr<MovieWriter> writer_;
 };
 
-/// A movie that is being written. Whoever drops the last reference to the movie or its track waits until all
-/// frames are written and the file is closed. No failure is reported to the caller.
+/// A movie that is being written. Releasing the last reference to it and its track closes the file, and waits
+/// until all frames are written. Failures to write aren't reported to the caller.
 class EditableMovie {
   public:
     explicit EditableMovie(std::shared_ptr<MovieWriter> writer) : writer_(std::move(writer)) {}
 
-    /// Whether closing makes a movie of what was appended. Otherwise, as at first, the file stays incomplete.
+    /// Sets whether closing the file completes it to a playable movie. By default the file stays incomplete.
     void SaveOnClose(bool value);
 
-    /// Adds the track; sides are in pixels, the rate in frames per second. Nil when a QuickTime file can't
-    /// have such a track (its sides have 1 to 65,535 pixels), or when the movie has its track already.
+    /// Adds the track, with its sides in pixels and its rate in frames per second. Returns nil if the movie
+    /// has a track already or QuickTime can't store this one (a side must have 1 to 65,535 pixels).
     Ref<QTVideoTrack> NewVideoTrack(Int32 width, Int32 height, double frameRate);
 
   private:
@@ -60,6 +59,6 @@ class EditableMovie {
 };
 
 namespace System::Quicktime {
-/// Whether movies can be written on this machine. Any thread.
+/// Returns whether movies can be written on this machine. May be called on any thread.
 bool Installed();
 }  // namespace System::Quicktime

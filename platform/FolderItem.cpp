@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Whether the path leads to a plain file. Opening anything else, such as a pipe, may block for ever.
+/// Returns whether the path leads to a plain file. Opening anything else, such as a pipe, may block for ever.
 bool IsPlainFile(const fs::path& path) {
     std::error_code ignored;
     return fs::is_regular_file(path, ignored);
@@ -23,7 +23,7 @@ bool IsPlainFile(const fs::path& path) {
 
 std::string InWords(int error) { return std::generic_category().message(error); }
 
-/// Nil for a file that couldn't be opened; errno says why, unless it isn't a plain file.
+/// Returns nil with the reason why a file wasn't opened: errno's message, or that it isn't a plain file.
 template <class Stream>
 Ref<Stream> Unopened(const fs::path& path, const char* failure) {
     std::string reason = InWords(errno);
@@ -32,7 +32,7 @@ Ref<Stream> Unopened(const fs::path& path, const char* failure) {
     return Ref<Stream>::Nil("The file " + path.string() + failure + reason + ".");
 }
 
-/// Makes a folder and its missing parents, for the user alone. 0, or the errno that says why there is none.
+/// Makes a folder and its missing parents, accessible to the user only. Returns 0 or, on failure, an errno.
 int MakeFolder(const fs::path& folder) {
     int error = EEXIST;
     fs::path made;
@@ -45,7 +45,7 @@ int MakeFolder(const fs::path& folder) {
     return fs::is_directory(folder, ignored) ? 0 : error;
 }
 
-/// The folder of the latest movie that could be made; empty before the first.
+/// The folder in which the latest movie was created; empty before the first movie.
 fs::path movieFolder;
 
 }  // namespace

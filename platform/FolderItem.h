@@ -14,21 +14,21 @@ class Picture;
 class FileType {
   public:
     Property<std::string> Name;
-    /// The endings of file names, each with its point, separated by semicolons.
+    /// The file name extensions, each with its leading point, separated by semicolons.
     Property<std::string> Extensions;
     Property<std::string> MacType;
     Property<std::string> MacCreator;
 
-    /// The text form that a file dialog takes as its filter: "Name (*.one *.two)".
+    /// Returns the type in the form of a file dialog's filter: "Name (*.one *.two)".
     std::string ToString() const;
 };
 
-/// A file being read. The bytes of the file aren't converted.
+/// A file being read. Its bytes aren't converted.
 class TextInputStream {
   public:
     explicit TextInputStream(std::ifstream file) : file_(std::move(file)) {}
 
-    /// The rest of the file.
+    /// Returns the rest of the file.
     std::string ReadAll();
     void Close() { file_.close(); }
 
@@ -41,7 +41,7 @@ class TextOutputStream {
   public:
     explicit TextOutputStream(std::ofstream file) : file_(std::move(file)) {}
 
-    /// Writes the text and one line feed.
+    /// Writes the text and a line feed.
     void WriteLine(std::string_view text) { file_ << text << '\n'; }
     void Close() { file_.close(); }
 
@@ -56,32 +56,32 @@ class FolderItem {
 
     const std::filesystem::path& Path() const { return path_; }
 
-    /// The folder that holds this item; nil for the root.
+    /// Returns the folder that contains this item; nil for the root.
     Ref<FolderItem> Parent() const;
 
-    /// The item of that name in this folder, whether it exists or not. Nil when no file can have that name:
-    /// it is empty, "." or "..", longer than 255 bytes, or holds a "/" or a zero byte.
+    /// Returns the item called `name` in this folder, which need not exist. Returns nil if `name` isn't a
+    /// valid file name: it is empty, "." or "..", is longer than 255 bytes, or contains a "/" or a zero byte.
     Ref<FolderItem> Child(const std::string& name) const;
 
     bool Exists() const;
-    /// Removes the file, or the folder if it is empty. A failure isn't reported.
+    /// Removes the file or empty folder. Failures aren't reported.
     void Delete();
 
-    /// The file, opened for reading; nil when it can't be.
+    /// Opens the file for reading; returns nil if that fails.
     Ref<TextInputStream> OpenAsTextFile() const;
-    /// A new empty file, which replaces an old one, opened for writing; nil when it can't be made.
+    /// Creates the file, or truncates an existing one, and opens it for writing; returns nil if that fails.
     Ref<TextOutputStream> CreateTextFile();
 
-    /// The picture in the file (BMP, PNG, PICT); nil if it can't be read. On a dense screen, a file beside it
-    /// whose name ends in "@2x", with twice the pixels for the same size, is taken instead if there is one.
+    /// Reads the picture in the file (BMP, PNG, PICT); returns nil if that fails. At a scale factor above 1,
+    /// prefers a file in the same folder with "@2x" before the extension and twice the pixels.
     Ref<Picture> OpenAsPicture() const;
-    /// A new movie without a track, in place of the file, which has to be a plain one. Nil if it can't be made.
+    /// Creates a movie without a track, overwriting an existing plain file. Returns nil if that fails.
     Ref<EditableMovie> CreateMovie();
 
-    /// Opens the file with the desktop's program for its type, in front if `activate`; doesn't wait.
+    /// Opens the file with the desktop's program for its type; doesn't wait. `activate` has no effect.
     void Launch(bool activate) const;
 
-    /// Four-character codes of owner and type. No file system of Linux keeps them, so nothing is done.
+    // The setters of four-character codes do nothing, because Linux file systems can't store the codes.
     void MacCreator(const std::string&) {}
     void MacType(const std::string&) {}
 
@@ -90,10 +90,10 @@ class FolderItem {
 };
 
 namespace SpecialFolder {
-/// The user's folder for settings, which is made if it is missing; nil when it can't be made.
+/// Returns the user's folder for settings, after creating it if it is missing; nil if that fails.
 Ref<FolderItem> Preferences();
 }  // namespace SpecialFolder
 
-/// Lets the user choose a file in the desktop's dialog for saving, which proposes `defaultName` in the folder
-/// of the latest movie and shows the files of `filter` (a FileType's text form). Nil when the user cancels.
+/// Shows the desktop's Save dialog for files of `filter` (see FileType::ToString), which proposes
+/// `defaultName` in the folder of the latest movie. Returns the chosen file; nil if the user cancels.
 Ref<FolderItem> GetSaveFolderItem(const std::string& filter, const std::string& defaultName);

@@ -5,10 +5,10 @@
 
 class Picture;
 
-// Shapes are plain values: build one, hand it to Graphics::DrawObject, let it go. Lengths are in pixels,
-// angles in radians; angle 0 points along +x and angles grow clockwise as seen on the screen.
+// Shapes are plain values that DrawObject doesn't keep. Lengths are in logical pixels, angles in radians.
+// Angle 0 points along +x, and angles grow clockwise as seen on the screen.
 
-/// The common part of ovals and arcs: the ellipse Width x Height, centred on the shape's origin.
+/// The base class of ovals and arcs: an ellipse of Width x Height, centred on the shape's origin.
 class RectShape {
   public:
     Property<double> Width = 0.0;
@@ -17,7 +17,6 @@ class RectShape {
     Property<double> Fill = 100.0;  ///< opacity of the interior in percent
 };
 
-/// An ellipse.
 class OvalShape : public RectShape {
   public:
     Property<Color> BorderColor;
@@ -25,7 +24,7 @@ class OvalShape : public RectShape {
     Property<double> BorderWidth = 1.0;  ///< half of it lies outside the ellipse
 };
 
-/// A pie slice from StartAngle over ArcAngle. A turn or more covers the whole ellipse.
+/// A pie slice that begins at StartAngle and spans ArcAngle. A span of 2 pi or more covers the whole ellipse.
 class ArcShape : public RectShape {
   public:
     Property<double> StartAngle = 0.0;
@@ -44,10 +43,10 @@ class CurveShape {
     Property<double> BorderWidth = 1.0;
 };
 
-/// Stands for the picture's own width or height in DrawPicture.
+/// An argument of DrawPicture that stands for the picture's own width or height.
 constexpr Int32 kOwnSize = -10000;
 
-/// A drawing surface. Coordinates are logical pixels from the top left; all pixels of the device are used.
+/// A drawing surface with the device's full resolution. Coordinates are logical pixels from the top left.
 class Graphics {
   public:
     struct Peer;
@@ -57,45 +56,45 @@ class Graphics {
     Int32 Width() const;
     Int32 Height() const;
 
-    /// The colour in which later calls draw rectangles, lines and texts.
+    /// The colour of rectangles, lines and texts that are drawn from now on.
     Property<Color> ForeColor;
 
-    /// The font of later texts: "System", the desktop's interface font, "SmallSystem" or a font family.
+    /// The font for texts: "System" (the desktop's interface font), "SmallSystem" (smaller) or a font family.
     Property<std::string> TextFont = std::string("System");
-    Property<Int32> TextSize = 0;  ///< in pixels; 0 is the default of the font's name
+    Property<Int32> TextSize = 0;  ///< in logical pixels; 0 is the font's default size
     Property<bool> Bold = false;
     Property<bool> Italic = false;
 
-    // Rectangles and lines have sharp edges. Nothing is drawn if a width or height isn't above 0.
+    // Rectangles and lines aren't antialiased. Rectangles whose width or height is 0 or less aren't drawn.
     void FillRect(Int32 x, Int32 y, Int32 width, Int32 height);
-    /// The outline, one pixel wide, inside of the rectangle.
+    /// Draws an outline, one logical pixel wide, along the inside of the rectangle's edges.
     void DrawRect(Int32 x, Int32 y, Int32 width, Int32 height);
-    /// One pixel wide, both ends included.
+    /// Draws a line, one logical pixel wide, that includes both end points.
     void DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2);
     /// Fills a rectangle with the background of the window or, on a picture, with white.
     void ClearRect(Int32 x, Int32 y, Int32 width, Int32 height);
 
-    /// Draws a shape with its own origin at (x, y).
+    /// Draws a shape with its origin at (x, y).
     void DrawObject(const OvalShape& oval, Int32 x, Int32 y);
     void DrawObject(const ArcShape& arc, Int32 x, Int32 y);
     void DrawObject(const CurveShape& line, Int32 x, Int32 y);
 
-    /// Draws a part of a picture through its mask, scaled to the destination's size. Nil draws nothing.
+    /// Draws the source part of a picture through its mask, scaled to the destination. Nil draws nothing.
     void DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 destWidth = kOwnSize,
                      Int32 destHeight = kOwnSize, Int32 sourceX = 0, Int32 sourceY = 0, Int32 sourceWidth = kOwnSize,
                      Int32 sourceHeight = kOwnSize);
 
-    /// The width of a text on one line.
+    /// Returns the width of a text on one line.
     double StringWidth(const std::string& text);
-    /// The height of a text that is wrapped at a width.
+    /// Returns the height of a text that is wrapped at `wrapWidth`.
     Int32 StringHeight(const std::string& text, Int32 wrapWidth);
     Int32 TextAscent();
 
-    /// Draws a text with its first baseline at y. It is wrapped at `wrapWidth` pixels or, if `condense`,
-    /// truncated there with an ellipsis. A `wrapWidth` of 0 is no limit.
+    /// Draws a text from `x` on with its first baseline at `y`, wrapped at a width of `wrapWidth` or, if
+    /// `condense` is set, truncated there with an ellipsis. A `wrapWidth` of 0 means no limit.
     void DrawString(const std::string& text, Int32 x, Int32 y, Int32 wrapWidth = 0, bool condense = false);
 
-    /// For the toolkit's own use.
+    /// Only for use within platform/.
     Peer& peer() { return *peer_; }
 
   private:

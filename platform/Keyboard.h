@@ -4,7 +4,7 @@
 
 namespace Keyboard {
 
-// What KeyDown handlers get for the keys that type no character, and the space.
+// The character codes that KeyDown handlers receive for keys that type no character, and for the space.
 constexpr Int32 kEnter = 3;  // on the keypad
 constexpr Int32 kBackspace = 8;
 constexpr Int32 kTab = 9;
@@ -14,9 +14,9 @@ constexpr Int32 kLeft = 28, kRight = 29, kUp = 30, kDown = 31;
 constexpr Int32 kSpace = 32;
 constexpr Int32 kDelete = 127;
 
-/// Whether Ctrl is held at this moment, whatever event is being handled.
+/// Returns whether Ctrl is held at this moment, regardless of the event being handled.
 bool AsyncCommandKey();
-/// Whether Alt or Shift is held. Shift too, because many window managers reserve Alt with the pointer.
+/// Returns whether Alt or Shift is held. Shift counts because window managers often intercept Alt+click.
 bool AsyncOptionKey();
 
 }  // namespace Keyboard

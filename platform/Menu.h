@@ -5,22 +5,23 @@
 #include "platform/Ref.h"
 #include "platform/Values.h"
 
-/// The commands that the toolkit itself carries out on the text field that has the focus.
+/// The editing commands that the toolkit itself carries out in the focused text field.
 enum class EditCommands { None, Undo, Cut, Copy, Paste, Clear, SelectAll };
 
-/// A menu or an entry of one. The program sets these values; the window reads them after each enabling pass.
+/// A menu or a menu item. Before a menu opens or a command runs, an enabling pass sets which items are
+/// enabled. Changes of an item's Text show after the next pass.
 class MenuItem {
   public:
     virtual ~MenuItem() = default;
 
     Property<std::string> Name;
-    /// The caption. The character behind "&" is the access key; "-" makes a separator.
+    /// The caption. The character after "&" is the access key; the caption "-" makes a separator.
     Property<std::string> Text;
-    /// Whether each enabling pass enables the item by itself, as long as something takes its command.
+    /// Whether an enabling pass enables the item by itself if its command has a handler or a default action.
     Property<bool> AutoEnable = true;
-    /// "Cmd+" and a key, where Cmd is Ctrl; empty for none.
+    /// The shortcut: "Cmd+" and a key, where "Cmd" stands for Ctrl; empty for none.
     Property<std::string> KeyboardShortcut;
-    /// What the item does where no handler takes its command.
+    /// The editing command that the item carries out if the window has no handler for the item.
     Property<EditCommands> EditCommand = EditCommands::None;
 
     void Enable() { enabled_ = true; }
@@ -30,7 +31,7 @@ class MenuItem {
     void Append(const Ref<MenuItem>& item) { children_.push_back(item); }
     const std::vector<Ref<MenuItem>>& Children() const { return children_; }
 
-    /// The entry of that name at any depth; nil if there is none.
+    /// Returns the item called `name` at any depth; nil if there is none.
     Ref<MenuItem> Child(const std::string& name) const {
         for (const Ref<MenuItem>& child : children_) {
             if (child->Name() == name) return child;
@@ -44,11 +45,11 @@ class MenuItem {
     std::vector<Ref<MenuItem>> children_;
 };
 
-// Linux has no application menu, so these three stay where the program puts them.
+// Linux has no application menu, so these three kinds of items stay in the menu that they are added to.
 class PrefsMenuItem : public MenuItem {};
 class AppleMenuItem : public MenuItem {};
-/// Closes all windows by itself; it needs no handler.
+/// Closes all windows unless the window has a handler for the item.
 class QuitMenuItem : public MenuItem {};
 
-/// The bar: its children are the menus.
+/// A menu bar. Its children are the menus.
 class MenuBar : public MenuItem {};

@@ -10,10 +10,9 @@
 #include <string>
 #include <vector>
 
-/// What the frames of a movie are encoded as.
 enum class MovieCodec { Uncompressed = 1, H264, H265, Mpeg4, ProRes4444, PhotoJpeg, Png, Animation };
 
-/// How the frames of a movie are encoded. A plain value.
+/// The settings with which a movie's frames are encoded.
 struct CompressionSettings {
     MovieCodec codec = MovieCodec::Uncompressed;
     int quality = 75;      ///< from 0 (least) to 100 (best); codecs without a quality ignore it
@@ -22,17 +21,17 @@ struct CompressionSettings {
     bool operator==(const CompressionSettings&) const = default;
 };
 
-/// A codec that a user can choose.
+/// A codec that is offered to the user.
 struct CodecChoice {
     MovieCodec codec;
     std::string name;
     bool hasQuality;
 };
 
-/// How well a codec suits a size of frames. Many players can't show the form that PoorlyPlayed ones take.
+/// How well a codec supports a frame size. Many players can't show PoorlyPlayed frames.
 enum class SizeSupport { Refused, PoorlyPlayed, Full };
 
-/// Pixels as 0xFFRRGGBB, `width` times `height` of them, row by row without padding.
+/// A view of `width` times `height` pixels 0xFFRRGGBB, row by row without padding.
 struct PixelView {
     int width = 0;
     int height = 0;
@@ -46,68 +45,68 @@ struct RgbImage {
     std::vector<std::uint8_t> bytes;
 };
 
-/// What a movie is going to show.
+/// The content of a planned movie.
 struct MovieContent {
-    double seconds = 0;
-    /// Gives the picture at so many seconds from the beginning. Its pixels are valid until the next call.
+    double seconds = 0;  ///< the duration
+    /// Returns the movie's picture at a time, in seconds. Its pixels are valid until the next call.
     std::function<PixelView(double seconds)> pictureAt;
 };
 
-/// A picture file that claims to have more pixels is taken for a damaged one.
+/// The most pixels that a picture file may declare. A file that declares more is treated as damaged.
 constexpr std::int64_t kMostPixelsInFile = std::int64_t{4096} * 4096;
 
-/// Implements an EditableMovie and its track, and is destroyed with the last of them.
+/// The implementation that an EditableMovie and its track share. The last of the two to go destroys it.
 class MovieWriter {
   public:
-    /// Closes the file, and waits until all frames are written.
+    /// Waits until all frames are written and closes the file.
     virtual ~MovieWriter() = default;
 
     virtual void SaveOnClose(bool value) noexcept = 0;
-    /// False when the file can't have such a track, or has one already.
+    /// Adds the track. Returns false if the file has a track already or can't store this one.
     virtual bool AddTrack(int width, int height, double frameRate) noexcept = 0;
     virtual const CompressionSettings& Settings() const noexcept = 0;
-    /// Before the first frame only.
+    /// Changes the settings. May be called only after AddTrack and before the first frame.
     virtual void Settings(const CompressionSettings& settings) noexcept = 0;
     virtual void Append(const PixelView& frame) noexcept = 0;
 };
 
-/// Writes movies, and reads pictures in formats that Qt lacks. It is in a module of its own, because loading
-/// all the libraries that it needs would take most of the program's start. This base class serves a machine
-/// without the module. Any thread. Nothing is thrown: to run out of memory is a failure like any other.
+/// Writes movies, and reads pictures in formats that Qt lacks. The implementation is a separately loaded
+/// module, because its libraries would slow down the start; without the module this base class is used. May
+/// be used on any thread. No operation throws; running out of memory counts as a failure.
 class MovieLibrary {
   public:
-    /// The codecs that this machine can write, in the order in which they are offered; none where movies
-    /// can't be written. Uncompressed, which needs no choice, is among them only if it is the only one.
+    /// Returns the codecs that this machine can encode, in the order in which the user is offered them; empty
+    /// if movies can't be written. Uncompressed is included only if there is no other.
     virtual std::vector<CodecChoice> Codecs() const noexcept { return {}; }
 
-    /// Asks the codec's encoder whether it takes frames of that size.
+    /// Asks the codec's encoder whether it supports frames of this size in pixels.
     virtual SizeSupport Supports(MovieCodec, int /*width*/, int /*height*/) const noexcept {
         return SizeSupport::Refused;
     }
 
-    /// Creates the file, or empties the one that is there. Nil when that fails.
+    /// Creates the file, or truncates an existing one. Returns nil if that fails.
     virtual std::shared_ptr<MovieWriter> Create(const std::filesystem::path&) const noexcept { return nullptr; }
 
-    /// How an image looks as the first frame of a movie: encoded and decoded again. Nothing when that fails
-    /// or a stop is requested, which is checked before each of the few frames that are encoded.
+    /// Encodes an image as a movie's first frame and returns it decoded; returns nothing if that fails or
+    /// `stop` is requested, which is checked before each of the few frames that are encoded.
     virtual std::optional<RgbImage> EncodePreview(const CompressionSettings&, const PixelView&,
                                                   const std::stop_token& /*stop*/) const noexcept {
         return std::nullopt;
     }
 
-    /// About how many bytes the file of a movie takes for each of its seconds, if its picture changes once a
-    /// second. Encodes up to 30 frames. Nothing as above, or when `pictureAt` throws.
+    /// Estimates the file's size in bytes per second of a movie whose picture changes once a second, by
+    /// encoding up to 30 frames. Returns nothing if that fails, `pictureAt` throws or `stop` is requested.
     virtual std::optional<double> EstimateBytesPerSecond(const CompressionSettings&, const MovieContent&,
                                                          const std::stop_token& /*stop*/) const noexcept {
         return std::nullopt;
     }
 
-    /// The image in a PICT file. Nothing when the file can't be read or isn't one.
+    /// Returns the image in a PICT file; nothing if the file can't be read or isn't a PICT file.
     virtual std::optional<RgbImage> ReadPict(const std::filesystem::path&) const noexcept { return std::nullopt; }
 
-    /// The library of this machine. The first call opens the module.
+    /// Returns the module's library, or a base instance without a module. The first call loads the module.
     static const MovieLibrary& Installed();
 };
 
-/// The only function that the module exports. Its result lives as long as the process.
+/// The only function that the module exports. Returns a library that lives until the process ends.
 extern "C" const MovieLibrary* MovieLibraryOfModule();

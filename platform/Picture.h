@@ -8,8 +8,8 @@
 
 class Graphics;
 
-/// An off-screen image of opaque pixels, with a mask beside it that may give it transparent parts. Its size
-/// is in logical pixels, each of which may be several of the image's own. Any thread, but one at a time.
+/// An off-screen image of opaque pixels with an optional mask for transparent parts. Its size is in logical
+/// pixels, but it may have several pixels for each. Any thread may use it, but one at a time.
 class Picture {
   public:
     struct Pixels;
@@ -20,17 +20,17 @@ class Picture {
     Int32 Width() const;
     Int32 Height() const;
 
-    /// The surface that draws on this picture; the same object at each call. It must not outlive the picture.
+    /// Returns the picture's surface, the same object at each call. It must not outlive the picture.
     Ref<::Graphics> Graphics();
 
-    /// The mask, a grey picture of the same size and scale: black is opaque, white transparent. With
-    /// `create`, a picture without one gets a mask that is all black; otherwise nil stands for none.
+    /// Returns the mask, a grey picture of the same size and scale: black is opaque, white transparent. If
+    /// there is no mask, creates an all-black one if `create` is set, and returns nil otherwise.
     Ref<Picture> Mask(bool create);
 
-    /// The pixels as 0xFFRRGGBB, row by row without padding. They change as the picture is drawn on.
+    /// Returns a view of the pixels as 0xFFRRGGBB, row by row without padding. Later drawing changes them.
     std::span<const std::uint32_t> Bits() const;
 
-    /// For the toolkit's own use.
+    /// Only for use within platform/.
     Pixels& pixels() { return *pixels_; }
 
   private:
@@ -39,6 +39,6 @@ class Picture {
     Ref<Picture> mask_;
 };
 
-/// A new white picture; nil when the size is not above 0 or there is no memory for it. `depth` is always 32.
-/// A logical pixel is `scale` of the picture's pixels wide and high.
+/// Creates a white picture with `scale` pixels per logical pixel along each axis. Returns nil if width or
+/// height is 0 or less, or if memory runs out. `depth` makes no difference: pixels always have 32 bits.
 Ref<Picture> NewPicture(Int32 width, Int32 height, Int32 depth, double scale = 1);

@@ -7,22 +7,22 @@
 #include <typeinfo>
 #include <utility>
 
-/// Thrown when a reference that names no object is used as if it did.
+/// Thrown when a nil reference is dereferenced or a named object doesn't exist.
 class NilObjectException : public std::runtime_error {
   public:
-    /// `wanted`, or the name of `type`, is what is missing; what() says so, after the reason if there is one.
+    /// Makes what() name the missing object, `wanted` or `type`, after the reason `why` if there is one.
     explicit NilObjectException(const std::string& wanted, const std::string& why = "");
     explicit NilObjectException(const std::type_info& type, const std::string& why = "");
 
-    /// The reason alone, in words for the user; empty if none is known.
+    /// Returns the reason alone, in words for the user; empty if none is known.
     const std::string& Why() const { return why_; }
 
   private:
     std::string why_;
 };
 
-/// A shared reference to an object of the toolkit; the object lives until its last reference goes. A
-/// reference may be nil: then it converts to False, and reaching through it throws NilObjectException.
+/// A reference-counted pointer to an object of the toolkit. It may be nil: then it converts to false, and
+/// dereferencing it throws NilObjectException.
 template <class T>
 class Ref {
   public:
@@ -33,13 +33,13 @@ class Ref {
     template <class U>
     requires std::is_convertible_v<U*, T*> Ref(const Ref<U>& other) : object_(other.Shared()) {}
 
-    /// Nil, with the reason in a sentence for the user, which the exception at its use repeats.
+    /// Returns a nil reference with a reason, a sentence for the user that NilObjectException will contain.
     static Ref Nil(std::string why) {
         Ref nil;
         nil.why_ = std::make_shared<const std::string>(std::move(why));
         return nil;
     }
-    /// The same reference. If it has a reason, a sentence is added to that: what it means for the user.
+    /// Returns a copy. If it is nil with a reason, the sentence `consequence` is appended to the reason.
     Ref IfNil(const std::string& consequence) const { return why_ ? Nil(*why_ + " " + consequence) : *this; }
 
     T* operator->() const { return &**this; }

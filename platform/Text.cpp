@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t npos = std::string_view::npos;
 constexpr auto kFixed = std::chars_format::fixed;
 
-/// The beginning of `text` that consists of the given characters alone.
+/// Returns the longest prefix of `text` that consists only of `characters`.
 std::string Leading(std::string_view text, std::string_view characters) {
     return std::string(text.substr(0, text.find_first_not_of(characters)));
 }
@@ -22,7 +22,7 @@ double ParseNumber(const std::string& text) {
     return strtod_l(text.c_str(), nullptr, plain);
 }
 
-/// `text` with a point in place of the locale's decimal separator, if a digit follows that.
+/// Returns `text` with the locale's first decimal separator replaced by a point, if a digit follows it.
 std::string WithPoint(std::string_view text) {
     const std::string_view separator = localeconv()->decimal_point;
     const std::size_t found = text.find(separator);
@@ -36,9 +36,9 @@ std::size_t Count(std::string_view text, char character) {
     return static_cast<std::size_t>(std::ranges::count(text, character));
 }
 
-/// A number of 0 or more in decimal digits with a point, rounded half up.
+/// Formats a number that isn't negative with this many decimal places, rounding halves up.
 std::string RoundedDigits(double number, std::size_t places) {
-    // Rounds first, because to_chars rounds halves to even. From 2^53 on there is no fraction to round.
+    // The number is rounded here, because to_chars rounds halves to even. From 2^53 on it has no fraction.
     const double scale = std::pow(10.0, places);
     const double scaled = number * scale;
     const double rounded = scaled < 0x1p53 ? std::round(scaled) / scale : number;
@@ -50,7 +50,7 @@ std::string RoundedDigits(double number, std::size_t places) {
 
 std::string Grouped(std::string digits) {
     std::string separator = localeconv()->thousands_sep;
-    // The "C" locale has no separator for groups, but the mask asks for one.
+    // The "C" locale has no thousands separator, but the mask asks for one.
     if (separator.empty() && std::string_view(localeconv()->decimal_point) == ".") separator = ",";
     for (std::size_t end = digits.size(); end > 3;) {
         end -= 3;
@@ -65,7 +65,7 @@ double Val(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
     if (text.starts_with("&h") || text.starts_with("&H"))
         return ParseNumber("0x" + Leading(text.substr(2), "0123456789abcdefABCDEF"));
-    // Only these characters, because the library would also read "inf" and "0x10".
+    // Other characters are cut off, because strtod would also accept "inf" and "0x10".
     return ParseNumber(Leading(WithPoint(text), "+-.0123456789eE"));
 }
 

@@ -5,27 +5,27 @@
 
 #include "platform/Values.h"
 
-// Text is UTF-8.
+// All text is UTF-8.
 
-/// The number with which `text` begins; 0 if there is none. Reads leading blanks, a sign, a fraction and an
-/// exponent, or "&h" and hexadecimal digits; ignores what follows. A fraction begins with a point or the user's
-/// decimal separator; digits aren't grouped. A number too large for a Double is infinite. Nothing throws.
+/// Parses the number at the beginning of `text` and ignores the rest; returns 0 if there is none. Accepts
+/// leading blanks, a sign, a fraction and an exponent, or "&h" and hexadecimal digits. The decimal separator
+/// is a point or the locale's; digits can't be grouped. An overflow gives infinity. Never throws.
 double Val(std::string_view text);
 
-/// A number as decimal text, with a point whatever the locale; Val gives exactly the same number back.
+/// Formats a number in decimal, with a point in every locale. Val returns exactly the same number.
 std::string Str(double number);
 
-/// A number by a mask. Before its point, each "0" is a digit that is always written and "#" one that may be; a
-/// "," groups the digits by three. The digits after the point are the places to which the number is rounded,
-/// half away from zero. Separators are the user's: Format(5, "00") is "05", Format(1234.56, "#,##0.0") "1,234.6".
-/// NaN and infinite numbers are written as by Str.
+/// Formats a number by a mask. Before the mask's point, the number of "0" is the minimum of digits, "#" adds
+/// none, and "," groups digits by three. After the point, each "0" or "#" is a decimal place. Halves are
+/// rounded away from zero; separators are the locale's. Str formats NaN and infinite numbers. Examples:
+/// Format(5, "00") is "05", Format(1234.56, "#,##0.0") is "1,234.6".
 std::string Format(double number, std::string_view mask);
 
-/// The `number`th field of `text`, counting from 1, with `separator` between fields; empty if there is none.
+/// Returns field `number` of `text`, counted from 1, split at each `separator`; empty if there is none.
 std::string NthField(std::string_view text, std::string_view separator, Int32 number);
 
-/// `text` with the first `find` in it replaced by `replacement`.
+/// Returns `text` with the first occurrence of `find` replaced by `replacement`.
 std::string Replace(std::string_view text, std::string_view find, std::string_view replacement);
 
-/// The character of a code below 128.
+/// Returns the ASCII character with this code, which must be below 128.
 std::string Chr(Int32 code);

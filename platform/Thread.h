@@ -2,26 +2,26 @@
 
 #include "platform/Control.h"
 
-/// A worker. What a control lets any thread do is carried out on the main thread, in the order of the calls.
+/// A worker thread. Its permitted calls to controls are queued to the main thread and run there in order.
 class Thread : public Control {
   public:
-    /// A worker that is about to begin counts as Running.
+    /// A worker is Running from the call of Run until RunEvent has returned.
     enum class States { Running = 0, NotRunning = 4 };
 
     Thread();
-    /// As End.
+    /// Ends the worker at its next yield and waits for that.
     ~Thread() override;
 
-    /// What the worker does. An exception that leaves it is reported, and the worker has ended.
+    /// The worker's task. An exception that leaves it is reported to the user and ends the worker.
     std::function<void()> RunEvent;
 
-    /// Starts RunEvent on a thread of its own and returns. Does nothing while one runs, and after End.
+    /// Starts RunEvent on a new thread and returns. Does nothing if the worker is running, or after End.
     void Run();
     States State() const;
-    /// Ends the worker at its next yield and waits for that. None starts afterwards: the program is quitting.
+    /// Ends the worker at its next yield and waits for that. Later calls of Run do nothing.
     void End();
 
-    /// Called by a worker where it may be ended; if it is to end, doesn't return. No effect on other threads.
+    /// A worker calls this where it may be ended: after End, the call doesn't return. No effect elsewhere.
     static void Yield();
 
   private:

@@ -2,7 +2,7 @@
 
 #include "platform/Control.h"
 
-/// Fires on the main event loop.
+/// A timer that calls Action on the main thread, from the event loop.
 class Timer : public Control {
   public:
     enum class Modes { Off = 0, Single = 1, Repeat = 2 };
@@ -12,10 +12,9 @@ class Timer : public Control {
 
     std::function<void()> Action;
 
-    /// In milliseconds.
     void Period(Int32 milliseconds);
 
-    /// Any thread. The timer first fires one period after its mode was set, even to the same one.
+    /// Sets the mode and restarts the period, even if the mode is the same. May be called on any thread.
     void Mode(Modes mode);
 
   private:

@@ -8,8 +8,8 @@
 using Int32 = std::int32_t;
 using Int64 = std::int64_t;
 
-/// A number truncated towards zero to an integer of type I. A number outside I's range gives the nearest end
-/// of it, and NaN gives 0; a plain cast would be undefined behaviour for both.
+/// Truncates a number towards zero to an integer of type I, clamped to I's range; NaN becomes 0. A plain cast
+/// of NaN or of a number outside the range would be undefined behaviour.
 template <class I>
 I Truncate(double value) {
     constexpr double lowest = static_cast<double>(std::numeric_limits<I>::min());
@@ -22,7 +22,7 @@ I Truncate(double value) {
 inline Int32 ToInt32(double value) { return Truncate<Int32>(value); }
 inline Int64 ToInt64(double value) { return Truncate<Int64>(value); }
 
-/// A value that is read as `object.P()` and set by `object.P(value)`, like every property of the toolkit.
+/// A plain property: a value that is read by `object.P()` and set by `object.P(value)`.
 template <class T>
 class Property {
   public:

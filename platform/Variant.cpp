@@ -27,7 +27,7 @@ Color Variant::ColorValue() const {
     const std::string_view digits = part_.starts_with('#') ? part_.substr(1) : part_;
     if (digits.size() != kColorDigits) return Color{};
 
-    // Unsigned, because from_chars would accept a minus sign otherwise.
+    // The type is unsigned, because for a signed one from_chars would accept a minus sign.
     unsigned value = 0;
     const char* const end = digits.data() + digits.size();
     const auto read = std::from_chars(digits.data(), end, value, 16);

@@ -4,9 +4,9 @@
 #include "platform/Control.h"
 #include "platform/Menu.h"
 
-/// A window of the desktop. Width and Height are those of the area below the menu bar, where the controls
-/// are; Left and Top are the place of the window's inside on the screen; all in logical pixels. The toolkit
-/// owns the open windows. A closed one is destroyed as soon as no handler is running.
+/// A window. Left and Top are the screen position of menu bar and contents; Width and Height are the size of
+/// the contents, the area of the controls; all in logical pixels. The toolkit owns the open windows, and
+/// destroys a closed window as soon as no handler is running.
 class Window : public std::enable_shared_from_this<Window> {
   public:
     enum class Frames { Document = 0, Sheet = 8 };
@@ -30,9 +30,9 @@ class Window : public std::enable_shared_from_this<Window> {
     void MinSize(Int32 width, Int32 height);
     void BackColor(Color color);
     void Frame(Frames frame);
-    /// Where the window shows first: where the desktop puts it, or in the middle of the main screen.
+    /// Sets where the window is first shown: where the desktop places it, or centred on the main screen.
     void Placement(Placements placement);
-    /// Whether the user can close the window by the desktop's means, and change its size.
+    // Set whether the desktop lets the user close, minimize, maximize or resize the window.
     void CloseButton(bool on);
     void MinimizeButton(bool on);
     void MaximizeButton(bool on);
@@ -40,28 +40,28 @@ class Window : public std::enable_shared_from_this<Window> {
 
     Ref<::MenuBar> MenuBar() const;
     void MenuBar(const Ref<::MenuBar>& bar);
-    /// Shows or hides the menu bar in fullscreen, where it lies over the controls; windowed, it always shows.
+    /// Shows or hides the menu bar in fullscreen, where it covers controls. Otherwise it always shows.
     void MenuBarVisible(bool on);
 
     bool FullScreen() const;
     void FullScreen(bool on);
-    /// Zooms the window to the screen's size. One that goes fullscreen in the same event isn't zoomed first.
+    /// Maximizes the window once the present event is over, unless the window is fullscreen by then.
     void Maximize();
 
-    /// Shows the window, or brings it forward, also from the taskbar.
+    /// Shows, raises and activates the window; restores it if it is minimized.
     void Show();
-    /// Shows the window over `parent`, which takes no input until it closes; returns at once.
+    /// Shows the window over `parent`, which is disabled until this window closes; returns at once.
     void ShowWithin(Window& parent, Int32 facing);
-    /// The same, but returns when the window has closed.
+    /// Shows the window over `parent`, which is disabled meanwhile; returns when this window has closed.
     void ShowModalWithin(Window& parent);
     void Close();
     void Refresh(bool eraseBackground);
-    /// Repaints at once what waits to be repainted.
+    /// Carries out pending repaints at once.
     void UpdateNow();
-    /// Gives the keyboard focus back to the window itself.
+    /// Takes the keyboard focus from the control that has it and gives it to the window itself.
     void SetFocus();
 
-    /// The control of that name. Throws NilObjectException when there is none of that class.
+    /// Returns the control called `name`. Throws NilObjectException if there is none or it isn't a C.
     template <class C>
     C& Find(const std::string& name) const {
         auto* control = dynamic_cast<C*>(FindControl(name));
@@ -69,17 +69,17 @@ class Window : public std::enable_shared_from_this<Window> {
         return *control;
     }
 
-    /// Sets the handler of a command of the menu bar. Its result makes no difference.
+    /// Sets the handler of the menu item called `itemName`. The handler's result is ignored.
     void _AddMenuHandler(const std::string& itemName, MenuHandler handler);
 
-    /// The open window of class W. If there is none, it is built, opened and, unless it is a sheet, shown;
-    /// but only on the main thread: any other one gets a NilObjectException.
+    /// Returns the open window that is registered under `key`. If there is none, creates and opens a W and,
+    /// unless W is a sheet, shows it. On any other than the main thread, throws NilObjectException instead.
     template <class W>
     static W& ImplicitInstance(const std::string& key) {
         if (Window* open = FindOpen(key)) return static_cast<W&>(*open);
         if (!IsMainThread()) throw NilObjectException(key);
         const std::shared_ptr<W> window(new W, [](W* last) {
-            last->EndWorkers();  // first, since they use the members of the derived window
+            last->EndWorkers();  // workers use members of W, so they end before W is destroyed
             delete last;
         });
         Open(key, window);
@@ -102,20 +102,20 @@ class Window : public std::enable_shared_from_this<Window> {
         return added;
     }
 
-    // What a window class defines. Each is called once, in this order, when the window is built.
+    // A window class overrides these. Each is called once, in this order, when the window is created.
     virtual void Layout() {}
     virtual void CreateControls() {}
-    /// Registers the handlers of the menu bar's commands with `window`, which is this one.
+    /// Registers the menu bar's handlers with the argument, which is this window.
     virtual void AddMenuHandlers(Window&) {}
 
-    // Events. Coordinates are those of the controls.
+    // Events that a window class may handle. Coordinates are relative to the area of the controls.
     virtual void Event_Open() {}
     virtual void Event_Close() {}
     virtual void Event_Resizing() {}
     virtual void Event_Resized() {}
     virtual void Event_MouseMove(Int32, Int32) {}
     virtual void Event_EnableMenuItems() {}
-    /// A key that no control takes, as one character; a held key comes once. True consumes it.
+    /// Called with a key that no control handles, as one character, without auto-repeat. True consumes it.
     virtual bool Event_KeyDown(const std::string&) { return false; }
 
   private:

@@ -1,26 +1,26 @@
 #pragma once
 
-/// What differs between the platforms that the program can be built for. These are Linux's values. Each is
-/// independent of the others, and the code on both sides of it is compiled.
+/// The differences between the platforms that the program can be built for, with Linux's values. Each comment
+/// describes what true means. The constants are independent, and the code for both values is always compiled.
 namespace targets {
 
-/// Files carry four-character codes of owner and type.
+/// Files are given four-character codes of creator and type.
 constexpr bool kFileCodes = false;
-/// The clock leaves 6 percent of its nominal diameter free, not 3; disc and wedge are 1 percent larger.
+/// The clock leaves 6 percent of its nominal diameter free instead of 3; disc and wedge are 1 percent larger.
 constexpr bool kWiderClockMargin = false;
-/// A canvas is cleared before a picture is copied to it, which may be transparent in parts.
+/// A canvas is cleared before a picture that may be transparent in parts is copied to it.
 constexpr bool kClearBeforeCopy = true;
-/// The drawing of a colour well is a pixel smaller than the well, at the right and below.
+/// A colour well is drawn one pixel narrower and shorter than its bounds.
 constexpr bool kShrunkColorWell = false;
-/// A drag from a colour well begins where the button was pressed, not where the pointer is by then.
+/// A drag from a colour well begins where the button was pressed, not at the pointer's present position.
 constexpr bool kDragFromPress = false;
-/// The settings file has a dot-file name.
+/// The name of the settings file begins with a dot.
 constexpr bool kDotFileSettings = false;
-/// Dialogs block and lie beside fullscreen; otherwise they are sheets of the timer window.
+/// Dialogs are modal, and fullscreen is left while they show; otherwise they are sheets of the timer window.
 constexpr bool kModalDialogs = true;
-/// The screen saver is switched off and on at the start and stop of a run.
+/// The screen saver is inhibited while the count-down runs.
 constexpr bool kScreensaverIsSwitched = true;
-/// The texts of the Help and About windows are in the font "Geneva".
+/// The Help and About windows use the font "Geneva".
 constexpr bool kGenevaFont = false;
 
 }  // namespace targets
