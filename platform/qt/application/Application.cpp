@@ -15,7 +15,7 @@
 
 namespace {
 
-/// What exists from RuntimeInit to RuntimeExit.
+/// The state of the toolkit between RuntimeInit and RuntimeExit.
 struct Runtime {
     std::unique_ptr<QApplication> qtApplication;
     std::unique_ptr<Application> application;
@@ -32,8 +32,8 @@ std::vector<WindowPeer*> Windows() {
     return windows;
 }
 
-/// Gives all windows an icon: a small one of the program's own at once, so that no window shows without one,
-/// and after the first paint the one of that name in the desktop's theme, since looking for it takes long.
+/// Sets the icon of all windows: at once to a small built-in icon, so that no window shows without an icon;
+/// after the first paint to the icon `name` of the desktop's theme, because the look-up in the theme is slow.
 class WindowIcon final : public QObject {
   public:
     explicit WindowIcon(const std::string& name) : QObject(qApp), name_(ToQString(name)) {
@@ -72,12 +72,12 @@ Application* Application::Registered() { return runtime.application.get(); }
 
 void RuntimeInit(char* program, const std::string& name, const std::string& desktopId,
                  const Ref<FolderItem>& alertSound) {
-    // Looking for a menu bar outside of the window would cost calls over D-Bus.
+    // Without this attribute, Qt would look for the desktop's global menu bar, which takes D-Bus calls.
     QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     runtime.qtApplication = MakeQApplication(program, name);
     OnLostDisplay([] {
         Quit(1);
-        // Closing a window would also hide it, which needs the display, and at its second failure Qt exits.
+        // close() would also hide the window, which needs the display; Qt exits at the second error.
         for (WindowPeer* window : Windows()) {
             QCloseEvent close;
             QCoreApplication::sendEvent(window, &close);
@@ -89,7 +89,7 @@ void RuntimeInit(char* program, const std::string& name, const std::string& desk
     new WindowIcon(desktopId);
     InstallAccessibility();
     InstallReturnForWindows();
-    // A write beyond the limit of a file's size must only fail. What we launch would inherit SIG_IGN.
+    // An empty handler makes a write beyond the file size limit fail. Child processes would inherit SIG_IGN.
     std::signal(SIGXFSZ, [](int) {});
     OnEndSignals(open_windows::CloseAll);
     const std::filesystem::path sound = alertSound ? alertSound->Path() : std::filesystem::path();
@@ -124,7 +124,7 @@ int RuntimeExit() {
 }
 
 void Quit(int status) {
-    // The workers use their windows, so they end while every window still exists.
+    // Workers use windows, so all workers end before any window is destroyed.
     for (WindowPeer* window : Windows())
         window->Controls().EndWorkers();
     runtime.status = status;

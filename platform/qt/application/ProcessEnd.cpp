@@ -19,7 +19,7 @@ namespace {
 std::string lineWithoutDisplay;
 std::string messagesSoFar;
 
-// Collects Qt's messages during start-up. If Qt aborts for want of a display, a line of our own replaces them.
+// Collects Qt's messages during start-up. If Qt aborts because there is no display, prints our line instead.
 void MessageWhileStarting(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     messagesSoFar += qFormatLogMessage(type, context, text).toStdString() + '\n';
     if (type != QtFatalMsg) return;
@@ -38,20 +38,20 @@ void SaveAndEnd() {
     std::_Exit(EXIT_FAILURE);
 }
 
-// On X11 as on Wayland, a warning is the only notice of a lost display that comes while Qt still works. The
-// event loop, which has called this, can't be left any more, so the process ends here.
+// On X11 and on Wayland, Qt's warning is the only notice of a lost display that comes while Qt still works.
+// The event loop is calling this function and can't be left any more, so the process ends here.
 void WatchForLostDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     previousHandler(type, context, text);
     const bool isLost = text.contains(u"connection broke") || text.contains(u"connection experienced");
-    if (!isLost || !qApp) return;  // without an application object, the program has saved already
+    if (!isLost || !qApp) return;  // when qApp is nil, the program has already saved
     if (QThread::currentThread() == qApp->thread()) return SaveAndEnd();
-    // The thread that reads from Wayland gets the warning, too. It would end the process when this returns.
+    // This is Qt's Wayland reader thread, which ends the process on return. So it sleeps during `save`.
     AfterThisEvent(*qApp, SaveAndEnd);
     constexpr unsigned long kLongestSave = 10;
     QThread::sleep(kLongestSave);
 }
 
-/// A signal handler may do next to nothing: it writes to this eventfd, which the event loop reads.
+/// The event loop reads this eventfd. The signal handler only writes to it, which is async-signal-safe.
 int eventForHandler = -1;
 
 extern "C" void WakeEventLoop(int) {
@@ -64,7 +64,7 @@ extern "C" void WakeEventLoop(int) {
 }  // namespace
 
 std::unique_ptr<QApplication> MakeQApplication(char* program, const std::string& name) {
-    static int count = 1;  // the program's name alone, so that Qt's own options aren't taken
+    static int count = 1;  // only argv[0], so that Qt parses no options
     static char* arguments[] = {program, nullptr};
     lineWithoutDisplay = name + ": there is no X11 or Wayland display to show a window on\n";
     const QtMessageHandler before = qInstallMessageHandler(MessageWhileStarting);

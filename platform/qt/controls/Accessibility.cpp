@@ -11,14 +11,14 @@
 
 namespace {
 
-/// A text that is spoken when it appears. Needed before Qt 6.8, which has QAccessibleAnnouncementEvent.
+/// A text that screen readers speak when it appears. From Qt 6.8, QAccessibleAnnouncementEvent could do that.
 class Announcement final : public QAccessibleInterface {
   public:
     explicit Announcement(QWidget& canvas) : canvas_(&canvas) {}
 
     void Text(const std::string& text) { text_ = ToQString(text); }
 
-    // A screen reader may hold it longer than the canvas lives.
+    // A screen reader may still hold this object after the canvas has been destroyed.
     bool isValid() const override { return canvas_ != nullptr; }
     QObject* object() const override { return nullptr; }
     QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(canvas_); }
@@ -37,7 +37,7 @@ class Announcement final : public QAccessibleInterface {
     QString text_;
 };
 
-/// A canvas as screen readers see it. Its only child is the latest announcement, if there was one.
+/// The accessible interface of a canvas. Its only child is the latest announcement, if there was one.
 class CanvasAccessible final : public QAccessibleWidget {
   public:
     CanvasAccessible(QWidget& widget, Canvas& canvas) : QAccessibleWidget(&widget), canvas_(canvas) {}
@@ -70,14 +70,14 @@ class CanvasAccessible final : public QAccessibleWidget {
 
     QStringList actionNames() const override { return CanBePressed() ? QStringList(pressAction()) : QStringList(); }
 
-    // Queued, so that the screen reader has its answer first: a press may open a dialog and wait for it.
+    // Queues the press, so that the screen reader gets its answer first: a press may open a modal dialog.
     void doAction(const QString& name) override {
         if (name != pressAction() || !CanBePressed()) return;
         AfterThisEvent(*widget(), [this] { Deliver(canvas_.Accessibility.Press); });
     }
 
   private:
-    // A dialog over the window, one of ours or of Qt's, blocks its canvases too.
+    // While a dialog of ours or of Qt's blocks the window, its canvases can't be pressed either.
     bool CanBePressed() const {
         const QWidget* const dialog = QApplication::activeModalWidget();
         return canvas_.Accessibility.Press && widget()->isEnabled() && (!dialog || dialog == widget()->window());
@@ -89,7 +89,7 @@ class CanvasAccessible final : public QAccessibleWidget {
             announcement_ = QAccessible::registerAccessibleInterface(new Announcement(*widget()));
         auto& latest = static_cast<Announcement&>(*QAccessible::accessibleInterface(announcement_));
         latest.Text(text);
-        // Screen readers speak a notification, unasked, when it begins to show.
+        // Screen readers speak a notification by themselves when it is shown.
         for (const auto happened : {QAccessible::NameChanged, QAccessible::ObjectShow}) {
             QAccessibleEvent event(&latest, happened);
             QAccessible::updateAccessibility(&event);
@@ -98,13 +98,13 @@ class CanvasAccessible final : public QAccessibleWidget {
 
     Canvas& canvas_;
     static constexpr QAccessible::Id kNone = 0;
-    /// The announcement's id in Qt's registry, which owns it.
+    /// The id of the announcement, which Qt's registry owns.
     QAccessible::Id announcement_ = kNone;
-    /// What is still to be spoken; empty for nothing.
+    /// The queued text; empty if none is queued.
     std::string unsaid_;
 };
 
-/// One of our windows. Its role is computed on request, since the window's type is set after this is made.
+/// The accessible interface of a window. The role is computed on request: the window's type is set later.
 class WindowAccessible final : public QAccessibleWidget {
   public:
     using QAccessibleWidget::QAccessibleWidget;
@@ -117,7 +117,7 @@ class WindowAccessible final : public QAccessibleWidget {
 
 void InstallAccessibility() {
     QAccessible::installFactory([](const QString& className, QObject* object) -> QAccessibleInterface* {
-        // Our subclasses have no Q_OBJECT, so Qt names them QWidget.
+        // Our widget classes have no Q_OBJECT, so Qt reports QWidget as their class.
         if (className != u"QWidget") return nullptr;
         auto& widget = static_cast<QWidget&>(*object);
         auto* const canvas = dynamic_cast<Canvas*>(ControlOf(widget));

@@ -3,8 +3,8 @@
 #include <QtWidgets/QWidget>
 #include <string>
 
-/// Tells Qt how screen readers see our windows and canvases.
+/// Installs the accessible interfaces through which screen readers see our windows and canvases.
 void InstallAccessibility();
 
-/// Has an active screen reader speak a text for a canvas after the present event; of several texts, the last.
+/// Has an active screen reader speak `text` after this event. Replaces a queued text of the same canvas.
 void Speak(QWidget& canvas, const std::string& text);

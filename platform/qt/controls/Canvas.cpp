@@ -12,9 +12,9 @@
 
 namespace {
 
-/// Accepts a text, as a copy: a source that offers to move its text would delete it.
+/// Accepts dropped text, only as a copy: after a move, its source would delete it. False if there is no text.
 bool AcceptText(QDropEvent& event) {
-    // hasText() would be true for a mere link to a file as well.
+    // hasText() is also true for a link to a file.
     if (!event.mimeData()->hasFormat(QStringLiteral("text/plain"))) return false;
     event.setDropAction(Qt::CopyAction);
     event.accept();
@@ -28,7 +28,7 @@ class CanvasWidget final : public QWidget {
         setMouseTracking(true);
     }
 
-    /// The surface of the present paint event; outside of one, the picture that keeps what is drawn.
+    /// Returns the surface of the current paint event; outside of paint events, that of the picture `kept_`.
     Ref<Graphics> CurrentGraphics() {
         if (painting_) return painting_;
         const double ratio = devicePixelRatioF();
@@ -38,13 +38,13 @@ class CanvasWidget final : public QWidget {
         return kept_->Graphics();
     }
 
-    /// Runs a drag of `item`, whose picture the pointer holds at `hold`.
+    /// Drags `item` and returns when it is dropped. `hold` is the pointer's position within the drag picture.
     void Drag(const DragItem& item, QPoint hold) {
         wasDragged_ = true;
         Host::Current().DragText(item.Text(), item.DragPicture(), hold.x(), hold.y());
     }
 
-    /// Where the last event had the pointer.
+    /// Returns the pointer's position at the last mouse event.
     QPoint Pointer() const { return pointer_; }
 
   protected:
@@ -53,11 +53,11 @@ class CanvasWidget final : public QWidget {
         if (kept_) graphics->peer().Fill(kept_->pixels().View());
         painting_ = graphics;
         Deliver([this] { owner_.Event_Paint(painting_); });
-        graphics->peer().painter.end();  // the handler may have kept the surface
+        graphics->peer().painter.end();  // needed if the handler has kept a reference to the surface
         painting_ = nullptr;
     }
 
-    // A canvas may look different when its window isn't the active one.
+    // Repaints the canvas, which may look different in an inactive window.
     bool event(QEvent* event) override {
         if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) update();
         return QWidget::event(event);
@@ -75,9 +75,9 @@ class CanvasWidget final : public QWidget {
         const bool isHeld = event->buttons().testFlag(Qt::LeftButton);
         if (isPressed_ && isHeld) {
             Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
-            if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // no release comes after a drag
+            if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // Qt sends no release after a drag
         } else if (event->buttons() == Qt::NoButton) {
-            // If a dialog blocked the window, the release was lost. It counts as one outside of the canvas.
+            // If a dialog that blocked the window took the release, delivers one outside of the canvas.
             Release({-1, -1});
             pointer_ = PixelAt(event->position());
             Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());
@@ -105,12 +105,12 @@ class CanvasWidget final : public QWidget {
     }
 
     Canvas& owner_;
-    /// The surface of the present paint event; nil outside of one.
+    /// The surface of the current paint event; nil outside of paint events.
     Ref<Graphics> painting_;
-    /// What was drawn outside of paint events; nil until something is.
+    /// The picture of what was drawn outside of paint events; nil if nothing was drawn.
     Ref<Picture> kept_;
     QPoint pointer_;
-    /// Whether the owner has claimed the present press, and whether a drag was run in it.
+    /// Whether the owner has claimed the current press, and whether a drag has run during the press.
     bool isPressed_ = false;
     bool wasDragged_ = false;
 };
@@ -119,7 +119,7 @@ class CanvasWidget final : public QWidget {
 
 Canvas::Canvas() : RectControl(std::make_unique<Peer>(new CanvasWidget(*this))) {}
 
-// Until the widget is gone, a screen reader may ask what the members answer.
+// Deletes the widget first: while it lives, a screen reader may call the functions in Accessibility.
 Canvas::~Canvas() { delete peer().widget; }
 
 void Canvas::Event_Paint(const Ref<::Graphics>& g) {

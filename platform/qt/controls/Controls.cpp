@@ -27,7 +27,7 @@ class ButtonWidget final : public QPushButton {
     }
 
   protected:
-    // Only the button that Return presses looks like the default one.
+    // Draws the default button as an ordinary one while Return would press another button, the focused one.
     void initStyleOption(QStyleOptionButton* option) const override {
         QPushButton::initStyleOption(option);
         const bool isOtherFocused = !hasFocus() && qobject_cast<QPushButton*>(window()->focusWidget());
@@ -44,7 +44,6 @@ class ButtonWidget final : public QPushButton {
     }
 };
 
-/// One arrow of a pair.
 class ArrowButton final : public QToolButton {
   public:
     ArrowButton(QWidget& pair, Qt::ArrowType arrow, const std::function<void()>& event) : QToolButton(&pair) {
@@ -79,8 +78,8 @@ class ArrowsWidget final : public QWidget {
     ArrowButton down_;
 };
 
-/// A group that leaves the focus to its window while it is disabled. Qt would give it to the next control,
-/// and a Return too many would press a button that nobody has chosen.
+/// A group box that moves the focus to its window while disabled, and back afterwards. Qt would focus the
+/// next control, and an accidental Return could press a button there.
 class GroupWidget final : public QGroupBox {
   public:
     GroupWidget() {

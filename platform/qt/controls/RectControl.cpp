@@ -4,7 +4,7 @@
 
 namespace {
 
-// Positions are relative to the window even for a control in a group.
+// A control's position is relative to the window; the widget's position in a group is relative to the group.
 QPoint OriginInWindow(const RectControl& control) {
     const RectControl* group = control.Parent();
     return group ? QPoint(group->Left(), group->Top()) : QPoint();

@@ -7,7 +7,7 @@
 
 #include "platform/Control.h"
 
-/// Owns the widget of a control, unless the window's widget was destroyed first, and this one with it.
+/// Owns the widget of a control. If the window's widget is destroyed first, Qt deletes the control's widget.
 struct RectControl::Peer {
     explicit Peer(QWidget* control) : widget(control), place(control->geometry()) {}
     ~Peer() { delete widget.data(); }
@@ -17,26 +17,26 @@ struct RectControl::Peer {
         widget->setGeometry(place);
     }
 
-    /// The widget's property that holds its control.
+    /// The name of the widget's property that holds a pointer to the control.
     static constexpr char kControl[] = "control";
 
     QPointer<QWidget> widget;
-    /// Where the control should be. In a very small window its size may be negative, unlike a widget's.
+    /// The intended geometry. In a very small window its size may be negative, unlike a widget's size.
     QRect place;
 };
 
-/// The control whose widget this is; nil if it isn't a control's.
+/// Returns the control that `widget` belongs to; nil if it belongs to none.
 inline RectControl* ControlOf(const QWidget& widget) {
     return static_cast<RectControl*>(widget.property(RectControl::Peer::kControl).value<void*>());
 }
 
-/// The widget of a control. The caller must know its class.
+/// Returns the widget of a control. `Widget` must be the widget's class, which isn't checked.
 template <class Widget>
 Widget& WidgetOf(const RectControl& control) {
     return static_cast<Widget&>(*control.peer().widget);
 }
 
-/// The pixel that the pointer is in. Rounding would count the right half of a pixel to the next one.
+/// Returns the pixel that contains `position`. Rounding would return the next pixel for a pixel's right half.
 inline QPoint PixelAt(QPointF position) {
     return {ToInt32(std::floor(position.x())), ToInt32(std::floor(position.y()))};
 }

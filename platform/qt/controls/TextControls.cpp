@@ -24,7 +24,7 @@ class LabelWidget final : public QLabel {
         setText(text);
         Fit();
     }
-    /// Sets one of the members below.
+    /// Sets a public member and fits the font again.
     template <class Value>
     void Set(Value LabelWidget::*member, const Value& value) {
         this->*member = value;
@@ -49,7 +49,7 @@ class LabelWidget final : public QLabel {
 class FieldWidget final : public QLineEdit {
   public:
     explicit FieldWidget(EditField& owner) : owner_(owner) {
-        // The layouts give a field only as much room as its text needs.
+        // Cancels QLineEdit's own margin, because the program's layouts leave no room for it.
         setTextMargins(-kOwnMargin, 0, -kOwnMargin, 0);
         connect(this, &QLineEdit::textChanged, this, [this] {
             Fit();
@@ -58,7 +58,7 @@ class FieldWidget final : public QLineEdit {
         connect(this, &QLineEdit::cursorPositionChanged, this, [this] { showsHead_ = false; });
     }
 
-    /// Shows a text from its beginning until the caret, which stands at its end, is moved.
+    /// Shows the beginning of a text until the user moves the caret, which is at the end of the text.
     void Show(const QString& newText) {
         const bool isNew = newText != text();
         setText(newText);
@@ -66,14 +66,14 @@ class FieldWidget final : public QLineEdit {
     }
 
   protected:
-    // Keys are judged here, because keyPressEvent never gets the Tab key.
+    // Keys are handled here, because keyPressEvent never gets the Tab key.
     bool event(QEvent* event) override {
         if (event->type() == QEvent::KeyPress && Consumes(*static_cast<QKeyEvent*>(event))) return true;
         return QLineEdit::event(event);
     }
 
-    // An on-screen keyboard commits texts rather than pressing keys. Each character counts as typed. Text that
-    // is still being composed would replace the selection, so a field that judges its keys shows none.
+    // An on-screen keyboard commits text instead of pressing keys, so each committed character is handled as
+    // a key press. Preedit text would replace the selection, so a field with a KeyDown handler shows none.
     void inputMethodEvent(QInputMethodEvent* event) override {
         const std::u32string typed = event->commitString().toStdU32String();
         QInputMethodEvent rest =
@@ -89,19 +89,19 @@ class FieldWidget final : public QLineEdit {
     }
 
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_End) showsHead_ = false;  // the caret doesn't move, being there already
+        if (event->key() == Qt::Key_End) showsHead_ = false;  // the caret is already there and doesn't move
         QLineEdit::keyPressEvent(event);
     }
 
     void mousePressEvent(QMouseEvent* event) override {
         if (showsHead_ && event->button() != Qt::RightButton) {
             home(false);
-            repaint();  // QLineEdit scrolls when it paints, and must know what is under the pointer
+            repaint();  // QLineEdit scrolls in paintEvent, and must do so before it maps the position
         }
         QLineEdit::mousePressEvent(event);
     }
 
-    // QLineEdit itself always scrolls to the caret.
+    // Draws the beginning of the text where QLineEdit would scroll to the caret.
     void paintEvent(QPaintEvent* event) override {
         const QRect inside = Inside();
         if (!showsHead_ || fontMetrics().horizontalAdvance(text()) <= inside.width())
@@ -112,7 +112,7 @@ class FieldWidget final : public QLineEdit {
         painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
         QRect line(0, 0, inside.width(), fontMetrics().height());
         line.moveCenter(inside.center());
-        const bool isSelected = hasSelectedText();  // all of it, since the caret is at its end
+        const bool isSelected = hasSelectedText();  // then all text is selected, as the caret is at its end
         if (isSelected) painter.fillRect(line, palette().highlight());
         painter.setPen(palette().color(isSelected ? QPalette::HighlightedText : QPalette::Text));
         painter.setClipRect(line);
@@ -126,12 +126,12 @@ class FieldWidget final : public QLineEdit {
 
     void focusOutEvent(QFocusEvent* event) override {
         QLineEdit::focusOutEvent(event);
-        // The field's context menu takes the focus only for a moment.
+        // Opening the field's context menu doesn't count as losing the focus.
         if (event->reason() != Qt::PopupFocusReason) Deliver(owner_.LostFocus);
     }
 
   private:
-    // What QLineEdit leaves free on both sides of its text in addition to the text margins.
+    // The space that QLineEdit leaves on each side of its text, in addition to the text margins.
     static constexpr int kOwnMargin = 2;
 
     QRect Inside() const {
@@ -143,23 +143,23 @@ class FieldWidget final : public QLineEdit {
     }
 
     void Fit() {
-        constexpr int kSmallestSize = 10;  // a longer text scrolls
+        constexpr int kSmallestSize = 10;  // a text that is still too long scrolls
         setFont(FittedFont(FontNamed("System"), text(), Inside().size(), kSmallestSize));
     }
 
     bool Consumes(const QKeyEvent& event) {
-        // A command is for somebody else; QLineEdit would insert the key's character.
+        // Consumes a key pressed with Alt or Meta, because QLineEdit would insert the key's character.
         if (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) return true;
         const std::optional<std::string> key = KeyText(event);
         return key && Deliver(owner_.KeyDown, *key);
     }
 
     EditField& owner_;
-    /// The program has put the text there, and the caret hasn't moved since.
+    /// Whether the text's beginning shows: the program has set the text, and the caret hasn't moved since.
     bool showsHead_ = false;
 };
 
-// The format has no family, so that the field's applies.
+// Returns a format without a font family, so that the field's family applies.
 QTextCharFormat FormatOf(const TextStyle& style) {
     QTextCharFormat format;
     format.setProperty(QTextFormat::FontPixelSize, FontNamed("System", style.size).pixelSize());
@@ -186,7 +186,7 @@ class TextViewWidget final : public QTextEdit {
     }
 
   protected:
-    // Without a caret the arrow keys scroll. A screen reader needs the caret, because it reads what is there.
+    // Without a caret, the arrow keys scroll. A screen reader gets a caret, because it reads the text there.
     void focusInEvent(QFocusEvent* event) override {
         Qt::TextInteractionFlags flags = Qt::TextSelectableByMouse;
         if (QAccessible::isActive()) flags |= Qt::TextSelectableByKeyboard;

@@ -57,7 +57,7 @@ CompressionDialog::CompressionDialog(QWidget* parent, const Ref<Picture>& testIm
     connect(&isActualSize_, &QCheckBox::toggled, this, [this](bool on) {
         previewArea_.setFocusPolicy(on ? Qt::StrongFocus : Qt::NoFocus);
         ShowPreview();
-        // The clock is in the middle; the corners are empty.
+        // Scrolls to the middle, where the clock is; the corners are empty.
         preview_.adjustSize();
         const QSize half = kPreviewSize / 2;
         previewArea_.ensureVisible(preview_.width() / 2, preview_.height() / 2, half.width(), half.height());
@@ -71,7 +71,7 @@ QLayout* CompressionDialog::MakePreviewSide() {
     preview_.setAlignment(Qt::AlignCenter);
     previewArea_.setWidget(&preview_);
     previewArea_.setAccessibleName(QStringLiteral("Preview"));
-    previewArea_.setFocusPolicy(Qt::NoFocus);  // until there is something to scroll
+    previewArea_.setFocusPolicy(Qt::NoFocus);  // takes no focus until there is something to scroll
     previewArea_.setWidgetResizable(true);
     previewArea_.setAlignment(Qt::AlignCenter);
     previewArea_.setFixedSize(kPreviewSize + 2 * QSize(previewArea_.frameWidth(), previewArea_.frameWidth()));
@@ -121,7 +121,7 @@ const CodecChoice& CompressionDialog::Codec() const {
     return codecs_.at(static_cast<std::size_t>(codec_.currentIndex()));
 }
 
-/// The rate in the field, clamped to what can be chosen or was proposed. Without a number, the proposed one.
+/// Returns the field's rate, clamped to the permitted range; the proposed rate if it isn't a positive number.
 double CompressionDialog::FrameRate() const {
     const double rate = Val(frameRate_.text().toStdString());
     const double highest = std::max(kHighestRate, proposedRate_);
@@ -141,9 +141,9 @@ void CompressionDialog::ShowCodec() {
     Encode();
 }
 
-// Cancels the previous encoding. Only the next worker waits for it, never the dialog.
+// Cancels the previous worker. The new worker waits until the previous one has ended; the dialog doesn't.
 void CompressionDialog::Encode() {
-    size_.setEnabled(false);  // until it is known again
+    size_.setEnabled(false);  // it is greyed until the new size is known
     worker_.request_stop();
     const CompressionSettings settings = Settings();
     auto work = [this, settings, before = std::move(worker_)](const std::stop_token& stop) mutable {

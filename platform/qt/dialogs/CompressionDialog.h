@@ -14,12 +14,12 @@
 #include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
 
-/// Lets the user choose how the frames of a movie are encoded. Shows `testImage` as the choice renders it,
-/// encoded and decoded again, and how much space the movie takes; both come from a worker, so the dialog
-/// never waits for them. A choice that can't make frames of the image's size can't be confirmed.
+/// A dialog in which the user chooses how the frames of a movie are encoded. It shows `testImage`, encoded
+/// and decoded with the chosen settings, and the estimated size of the movie. A worker computes both, so the
+/// dialog never blocks. OK is disabled while the codec can't encode frames of the image's size.
 class CompressionDialog final : public QDialog {
   public:
-    /// The picture must not be drawn on while the dialog lives.
+    /// `testImage` must not be drawn on while the dialog lives.
     CompressionDialog(QWidget* parent, const Ref<Picture>& testImage, const MoviePlan& plan,
                       const CompressionSettings& proposal);
 
@@ -51,9 +51,9 @@ class CompressionDialog final : public QDialog {
     QLabel note_;
     QDialogButtonBox buttons_{QDialogButtonBox::Ok | QDialogButtonBox::Cancel};
     QScrollArea previewArea_;
-    QLabel preview_;  // destroyed before the area, which would delete it
+    QLabel preview_;  // declared after the area, which would otherwise delete it
     QCheckBox isActualSize_;
     QImage rendered_;
 
-    std::jthread worker_;  // last, so that it ends before what it uses is destroyed
+    std::jthread worker_;  // the last member, so that it ends before the others are destroyed
 };

@@ -22,15 +22,15 @@
 
 namespace {
 
-/// The folder that an environment variable names. Empty if it is unset or relative, which counts as unset.
+/// Returns the folder that an environment variable names; empty if the variable is unset or relative.
 std::filesystem::path FolderIn(const char* variable) {
     const char* const value = getenv(variable);
     const std::filesystem::path folder = value ? value : "";
     return folder.is_absolute() ? folder : std::filesystem::path();
 }
 
-// Qt's dialogs keep settings of their own: without these, in the root folder; with relative ones, in the
-// folder in which the program was started.
+// Without this, Qt's dialogs would save their own settings in the root folder if HOME is unset, and in the
+// current folder if HOME or XDG_CONFIG_HOME is relative.
 void CompleteEnvironment() {
     const passwd* const user = FolderIn("HOME").empty() ? getpwuid(getuid()) : nullptr;
     if (user) setenv("HOME", user->pw_dir, 1);
@@ -50,7 +50,7 @@ DesktopHost::DesktopHost(const std::string& applicationId, const std::string& na
         if (!active || active->windowType() == Qt::Popup) return;
         notification_.Withdraw();
         windows_.removeAll(active);
-        windows_.removeAll(nullptr);  // those that have gone
+        windows_.removeAll(nullptr);  // windows that have been destroyed
         windows_.prepend(active);
     });
 }
@@ -58,7 +58,7 @@ DesktopHost::DesktopHost(const std::string& applicationId, const std::string& na
 QWidget* DesktopHost::Owner() const {
     if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
     QWidgetList candidates(windows_.begin(), windows_.end());
-    candidates += QApplication::topLevelWidgets();  // another program may have been in front since the start
+    candidates += QApplication::topLevelWidgets();  // in case no window has been active yet
     for (QWidget* const window : candidates)
         if (window && window->windowType() != Qt::Popup && window->isVisible() && window->isEnabled()) return window;
     return nullptr;
@@ -73,7 +73,7 @@ double DesktopHost::Microseconds() {
 void DesktopHost::Beep() {
     alertSound_.Play();
     if (QApplication::activeWindow()) return;
-    // Not both: on X11, some desktops show a notification of their own for this request.
+    // Some desktops on X11 answer alert() with a notification, so we show none of our own there.
     if (QGuiApplication::platformName() == u"xcb") return QApplication::alert(nullptr);
     notification_.Show(announcement_, bringForward_);
 }
@@ -85,7 +85,7 @@ void DesktopHost::Announce(const std::string& text, const std::function<void()>&
 }
 
 void DesktopHost::MsgBox(const std::string& text) {
-    if (windows_.isEmpty()) {  // at the start: the window manager has yet to place the window that it belongs to
+    if (windows_.isEmpty()) {  // at start-up, the window manager must place the parent window first
         QEventLoop loop;
         WindowPeer::QuitAtFocus(loop);
         loop.exec();
@@ -107,7 +107,7 @@ bool DesktopHost::SelectColor(Color& color, const std::string& prompt) {
 void DesktopHost::DragText(const std::string& text, const Ref<Picture>& picture, int x, int y) {
     auto* data = new QMimeData;
     data->setText(ToQString(text));
-    auto* drag = new QDrag(qApp);  // Qt deletes it, and the data with it
+    auto* drag = new QDrag(qApp);  // Qt deletes the drag and its data
     drag->setMimeData(data);
     if (picture) drag->setPixmap(QPixmap::fromImage(WithMask(*picture)));
     drag->setHotSpot({x, y});

@@ -9,12 +9,11 @@
 #include "platform/linux/Notification.h"
 #include "platform/linux/XServerSaver.h"
 
-/// The real host: the desktop that the program runs on.
+/// Implements Host with the desktop that the program runs on.
 class DesktopHost final : public Host {
   public:
-    /// `applicationId` and `name` tell services who asks; `alertSound` is the file to play where the desktop
-    /// has no sound. A HOME that is unset or relative becomes that of the user's account, for the whole
-    /// process; a relative XDG_CONFIG_HOME is unset.
+    /// `applicationId` and `name` identify the program to services; `alertSound` is the fallback sound file.
+    /// Sets an unset or relative HOME to the account's home folder and unsets a relative XDG_CONFIG_HOME.
     DesktopHost(const std::string& applicationId, const std::string& name, const std::filesystem::path& alertSound);
 
     double Microseconds() override;
@@ -34,13 +33,13 @@ class DesktopHost final : public Host {
                                    CompressionSettings& settings) override;
 
   private:
-    /// What a dialog belongs to: the window that is active or, while none of ours is, was last. Nil when
-    /// there is none. A modal dialog that belonged to no window could vanish behind the one that it blocks.
+    /// Returns the parent for a dialog: the active modal dialog, else the visible, enabled window that was
+    /// active last; nil if there is none. An unparented dialog could vanish behind the window that it blocks.
     QWidget* Owner() const;
 
-    /// The windows that have been active, the latest first.
+    /// The windows that have been active, the most recent first.
     QList<QPointer<QWidget>> windows_;
-    /// Inhibiting the desktop's saver doesn't stop the X server's, nor vice versa, so both are inhibited.
+    /// The screen savers of the desktop and of the X server are independent, so both are inhibited.
     DBusInhibitor desktopSaver_;
     XServerSaver serverSaver_;
     AlertSound alertSound_;

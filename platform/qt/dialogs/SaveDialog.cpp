@@ -23,21 +23,21 @@ int Ask(QWidget* owner, const QString& title, const QString& text, QMessageBox::
     return box.exec();
 }
 
-/// A file type in its text form. Where its name is a MIME type, the words that desktops show replace it.
+/// Returns a name filter in which the name of a MIME type is replaced by the type's description.
 QString Readable(const QString& filter) {
     const QString name = filter.section(QStringLiteral(" ("), 0, 0);
     const QMimeType type = QMimeDatabase().mimeTypeForName(name);
     return type.isValid() ? type.comment() + filter.mid(name.size()) : filter;
 }
 
-/// Where the search for a file begins: in `wanted` if it exists, else in the user's movies folder or at home.
+/// Returns the initial folder: `wanted` if it exists, else the user's movies folder, else the home folder.
 QString FirstFolder(const fs::path& wanted) {
     const QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
     if (QFileInfo(ToQString(wanted)).isDir()) return ToQString(wanted);
     return QFileInfo(movies).isDir() ? movies : QDir::homePath();
 }
 
-/// The file's name as a message has it: a long one would make the message wider than the screen.
+/// Returns the file's name, elided if it is so long that a message could be wider than the screen.
 QString ShortName(const fs::path& file) {
     constexpr int kWidest = 300;
     return QFontMetrics(QApplication::font()).elidedText(ToQString(file.filename()), Qt::ElideMiddle, kWidest);
@@ -47,7 +47,7 @@ int AccessError(const fs::path& path, int access) {
     return faccessat(AT_FDCWD, path.c_str(), access, AT_EACCESS) == 0 ? 0 : errno;
 }
 
-/// Why a file can't be written; empty if it can, as far as that is known without making or changing anything.
+/// Returns the reason why a file can't be written; empty if none is known. Creates and changes nothing.
 std::string Obstacle(const fs::path& file) {
     std::error_code ignored;
     if (fs::is_directory(file, ignored)) return "it is a folder";
@@ -57,7 +57,7 @@ std::string Obstacle(const fs::path& file) {
     return error == 0 ? "" : std::generic_category().message(error);
 }
 
-/// Yes if the file may be saved to, NoButton if the program ends meanwhile; otherwise the user chooses another.
+/// Returns Yes if the file may be written, NoButton if the program quits; else the user must choose again.
 int AskAbout(QWidget* owner, const fs::path& file) {
     const QString name = ShortName(file);
     if (const std::string obstacle = Obstacle(file); !obstacle.empty()) {
@@ -75,10 +75,10 @@ int AskAbout(QWidget* owner, const fs::path& file) {
 
 }  // namespace
 
-// The questions are asked here: some desktops' dialogs ask before the ending is added, which is too early.
+// AskAbout replaces the dialog's own question, which some desktops ask before the file's extension is added.
 fs::path DesktopHost::SaveFile(const std::string& filter, const fs::path& proposal) {
     QWidget* const owner = Owner();
-    QFileDialog dialog(owner, QStringLiteral("Save As"));  // not every desktop's dialog has a title by itself
+    QFileDialog dialog(owner, QStringLiteral("Save As"));  // some desktops' dialogs have no default title
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilter(Readable(ToQString(filter)));

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kUnbounded = 1e6;
 
-// Without antialiasing, which at a fractional scale would only half cover the surface's last row and column.
+// Fills without antialiasing, which would half cover a surface's last row and column at a fractional scale.
 void FillSharply(QPainter& painter, QRectF place, const QColor& color) {
     if (place.isEmpty()) return;
     painter.setRenderHint(QPainter::Antialiasing, false);
@@ -17,13 +17,13 @@ void FillSharply(QPainter& painter, QRectF place, const QColor& color) {
     painter.setRenderHint(QPainter::Antialiasing);
 }
 
-// At a fractional scale a picture may lie between the device's pixels, which would blur every edge in it.
+// Returns `place` rounded to device pixels. Unrounded, a picture would be blurred at a fractional scale.
 QRect NearestPixels(const QTransform& toDevice, const QRect& place) {
     const QRectF exact = toDevice.mapRect(QRectF(place));
     return {exact.topLeft().toPoint(), exact.size().toSize()};
 }
 
-// Without hinting, so that a text's width grows evenly with its size and is the same at every scale factor.
+// Disables hinting, so that a text's width is proportional to its size and the same at every scale factor.
 QFont FontOf(const Graphics& g) {
     QFont font = FontNamed(g.TextFont(), g.TextSize());
     font.setBold(g.Bold());
@@ -49,7 +49,7 @@ void Graphics::FillRect(Int32 x, Int32 y, Int32 width, Int32 height) {
 
 void Graphics::DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) {
     if (width <= 0 || height <= 0) return;
-    // Computed in pixels of the device, so that all four sides are equally wide at a fractional scale, too.
+    // The sides are computed in device pixels, so that they are equally wide at a fractional scale, too.
     const QTransform& toDevice = peer_->painter.deviceTransform();
     const QRect outer = QRectF(toDevice.mapRect(QRectF(x, y, width, height))).toRect();
     const int side = std::max(ToInt32(toDevice.m11() + 0.5), 1);
@@ -62,7 +62,7 @@ void Graphics::DrawRect(Int32 x, Int32 y, Int32 width, Int32 height) {
 }
 
 void Graphics::DrawLine(Int32 x1, Int32 y1, Int32 x2, Int32 y2) {
-    // A line of one pixel would be drawn beside that pixel.
+    // QPainter would draw a line of one pixel beside that pixel.
     if (x1 == x2 && y1 == y2) return FillRect(x1, y1, 1, 1);
     const QPointF middle(0.5, 0.5);
     peer_->painter.setRenderHint(QPainter::Antialiasing, false);
@@ -83,7 +83,7 @@ void Graphics::DrawPicture(const Ref<Picture>& picture, Int32 x, Int32 y, Int32 
     };
     const QRect destination({x, y}, size(destWidth, destHeight));
     const QRectF source(QPointF(sourceX, sourceY), size(sourceWidth, sourceHeight));
-    // The source is counted in the image's own pixels.
+    // QImage::copy takes device pixels.
     const double ratio = picture->pixels().ratio;
     const QRect part = QRectF(source.topLeft() * ratio, source.size() * ratio).toRect();
     const QTransform& toDevice = peer_->painter.deviceTransform();

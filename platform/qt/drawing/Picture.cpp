@@ -50,7 +50,7 @@ QImage WithMask(Picture& picture) {
     if (const Ref<Picture> mask = picture.Mask(false)) {
         QImage opacity = mask->pixels().View().convertToFormat(QImage::Format_Grayscale8);
         opacity.invertPixels();
-        // setAlphaChannel takes both scales into account, so both are 1 for this call.
+        // setAlphaChannel would apply both device pixel ratios, so both are 1 during the call.
         opacity.setDevicePixelRatio(1);
         image.setDevicePixelRatio(1);
         image.setAlphaChannel(opacity);
@@ -78,7 +78,7 @@ Ref<Picture> NewPicture(Int32 width, Int32 height, Int32, double scale) {
 
 namespace {
 
-/// A white image to read into. What a damaged file doesn't fill would otherwise be random memory.
+/// Returns a white image to read a file into. Otherwise pixels that a damaged file lacks are uninitialised.
 QImage Blank(QSize size, QImage::Format format) {
     QImage image(size, format);
     if (!image.isNull() && image.depth() <= 8) image.setColorCount(1 << image.depth());
@@ -88,7 +88,7 @@ QImage Blank(QSize size, QImage::Format format) {
 
 QImage ReadImage(const std::filesystem::path& file) {
     QImageReader reader(QFile::decodeName(file.c_str()));
-    // The height is negative in a BMP file whose rows go from top to bottom.
+    // Qt reports a negative height for a BMP file whose rows go from top to bottom.
     const int width = reader.size().width();
     const qint64 height = std::abs(qint64{reader.size().height()});
     if (width * height > kMostPixelsInFile) return {};
@@ -97,7 +97,7 @@ QImage ReadImage(const std::filesystem::path& file) {
     return ToQImage(MovieLibrary::Installed().ReadPict(file));
 }
 
-/// A picture of the image, `scale` of whose pixels are a logical one. Nil for a null image.
+/// Returns a picture of `image`, in which a logical pixel is `scale` pixels wide; nil for a null image.
 Ref<Picture> PictureOf(const QImage& image, int scale) {
     Ref<Picture> picture = NewPicture(image.width() / scale, image.height() / scale, 32, scale);
     if (picture) picture->Graphics()->peer().Fill(image);

@@ -16,7 +16,7 @@ class Edge {
   public:
     Edge(QPointF centre, QSizeF radii, QPointF cut) : centre_(centre), radii_(radii), offset_(cut - centre) {}
 
-    /// The angle at which a quarter begins. Quarter 0 is the lower right one; they count clockwise.
+    /// Returns the angle at which a quarter begins. Quarter 0 is the lower right one; numbers go clockwise.
     double Begin(int quarter) const {
         const double sideways = Angle(offset_.x(), radii_.width());
         const double upright = Angle(offset_.y(), radii_.height());
@@ -24,7 +24,7 @@ class Edge {
         return quarter * pi / 2 + beyond[quarter % 4];
     }
 
-    /// Appends the points of the edge from one angle to another.
+    /// Appends points of the edge from one angle to another, `step` radians apart at most.
     void AppendTo(QPolygonF& polygon, double from, double to, double step) const {
         const int steps = std::max(ToInt32(std::ceil(std::abs(to - from) / step)), 1);
         for (int i = 0; i <= steps; ++i) {
@@ -41,24 +41,24 @@ class Edge {
     QPointF offset_;
 };
 
-/// The angle of an arc that a straight line may replace: the edge moves by a small part of a pixel at most.
+/// Returns the angle of an arc that a line can replace with an error of at most kDeviation device pixels.
 double Step(double radiusInPixels) {
     constexpr double kDeviation = 0.05;
     constexpr double kSmallest = 1e-4;  // so that a huge ellipse doesn't fill the memory with points
     return std::max(2 * std::acos(1 - std::min(kDeviation / radiusInPixels, 1.0)), kSmallest);
 }
 
-/// Draws the outline of an ellipse, in four pieces without a seam between them. The rasteriser's cost grows
-/// with the edges on a row: a quarter has two, the whole ring four.
+/// Draws the outline of an ellipse as four seamless quarters. The rasteriser's cost grows with the number of
+/// edges that cross a row: two of a quarter, but four of the whole ring.
 void StrokeEllipse(QPainter& painter, const QRectF& ellipse, double lineWidth) {
     const QTransform& toDevice = painter.deviceTransform();
     const QPointF centre = ellipse.center();
-    // Where the quarters meet: near the centre and between pixels, so that no seam shows.
+    // The quarters meet at `cut`, which is near the centre and on a pixel boundary, so that no seam shows.
     const QPointF cut = toDevice.inverted().map(QPointF(toDevice.map(centre).toPoint()));
     const QSizeF half(lineWidth / 2, lineWidth / 2);
     const QSizeF outerRadii = ellipse.size() / 2 + half;
     const QSizeF innerRadii = ellipse.size() / 2 - half;
-    constexpr QSizeF kPoint(1e-3, 1e-3);  // the inner radii if the line is so wide that no hole is left
+    constexpr QSizeF kPoint(1e-3, 1e-3);  // the inner radii if the line is too wide to leave a hole
     const Edge outer(centre, outerRadii, cut);
     const Edge inner(centre, innerRadii.expandedTo(kPoint), cut);
     const double step = Step(std::max(outerRadii.width(), outerRadii.height()) * toDevice.m11());
@@ -103,7 +103,7 @@ void Graphics::DrawObject(const ArcShape& arc, Int32 x, Int32 y) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(Translucent(arc.FillColor(), arc.Fill()));
     if (std::abs(arc.ArcAngle()) >= kTurn) return painter.drawEllipse(ellipse);
-    // drawPie takes angles in sixteenths of a degree, which is too coarse: a second is a tenth of a degree.
+    // drawPie takes angles in 1/16 degree, which is too coarse: one second of the count-down is 1/10 degree.
     const auto degrees = [](double radians) { return -radians * 360 / kTurn; };
     QPainterPath slice(ellipse.center());
     slice.arcTo(ellipse, degrees(arc.StartAngle()), degrees(arc.ArcAngle()));

@@ -9,7 +9,7 @@ namespace {
 constexpr int kSystemSize = 13;
 constexpr int kSmallSystemSize = 11;
 
-/// The size that a centred text needs, without the free space that is both above and below its letters.
+/// Returns the size of a centred text without the blank margin that it has both above and below its letters.
 QSizeF RoomFor(const QString& text, const QFont& font) {
     const QFontMetricsF metrics(font);
     const QRectF letters = metrics.tightBoundingRect(text);

@@ -7,10 +7,10 @@
 
 #include "platform/Color.h"
 
-/// The font for "System", "SmallSystem" or a font family, in logical pixels; a size of 0 is the default.
+/// Returns the font for "System", "SmallSystem" or a family. The size is in logical pixels; 0 is the default.
 QFont FontNamed(const std::string& name, int pixelSize = 0);
 
-/// `font`, made narrower and then smaller until `text` fits into `box`, but not below `smallestSize` pixels.
+/// Returns `font`, condensed or shrunk so that `text` fits into `box`, but not below `smallestSize` pixels.
 QFont FittedFont(QFont font, const QString& text, QSizeF box, int smallestSize = 6);
 
 inline QString ToQString(const std::string& text) { return QString::fromStdString(text); }

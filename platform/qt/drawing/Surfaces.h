@@ -8,15 +8,15 @@
 #include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
 
-/// The antialiasing painter of a surface, which paints straight onto its device.
+/// The antialiasing painter of a surface, which is an image or a widget.
 struct Graphics::Peer {
-    /// Paints on an image, whose memory must outlive this object. A painter would copy an image that is shared.
+    /// Paints on `surface`, whose memory must outlive this object. QPainter detaches an image that is shared.
     Peer(QImage surface, QSize logicalSize) : image(std::move(surface)), size(logicalSize), painter(&image) {}
-    /// Paints on a widget. This object lives within the widget's paint event.
+    /// Paints on a widget, and only during the widget's paint event.
     explicit Peer(QWidget& widget)
         : size(widget.size()), background(widget.palette().color(QPalette::Window)), painter(&widget) {}
 
-    /// Draws an image over the whole surface.
+    /// Draws an image scaled to the whole surface.
     void Fill(const QImage& picture) { painter.drawImage(QRect(QPoint(), size), picture); }
 
     QImage image;
@@ -26,22 +26,22 @@ struct Graphics::Peer {
     QPainter painter;
 };
 
-/// The memory of a picture. Views share it without copying, so one may be painted on while another is read.
+/// The pixels of a picture. Views share their memory, so one view may be painted on while another is read.
 struct Picture::Pixels {
-    /// All pixels are white. Throws std::bad_alloc when there is no memory for them.
+    /// Allocates white pixels. Throws std::bad_alloc or std::length_error if there isn't enough memory.
     Pixels(QSize sizeInUnits, double pixelsPerUnit);
 
     QImage View();
 
     const QSize logicalSize;
     const double ratio;
-    /// In pixels of its own.
+    /// The size in device pixels. A logical pixel is `ratio` device pixels wide.
     const QSize size;
     std::vector<QRgb> memory;
 };
 
-/// A picture's pixels with its mask as transparency. The picture must not change while the image is used.
+/// Returns a picture's pixels with the mask as alpha channel. Don't change the picture while using the image.
 QImage WithMask(Picture& picture);
 
-/// A copy of an image of the movie library; a null image for none.
+/// Returns a copy of an image from the movie library; a null image if there is none.
 QImage ToQImage(const std::optional<RgbImage>& image);

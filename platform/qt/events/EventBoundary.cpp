@@ -12,10 +12,10 @@
 
 namespace {
 
-/// What is said of an exception.
+/// The texts that report an exception.
 struct Report {
     std::string line;
-    /// For the user, without names that mean nothing outside of the code.
+    /// The text for the user, without names from the code.
     std::string message;
 };
 
@@ -45,7 +45,7 @@ bool IsNew(const std::string& text) {
     return reported.insert(text).second;
 }
 
-/// More than one if a handler waits for a dialog, whose handlers run meanwhile.
+/// The number of running handlers: several while a handler waits for a modal dialog, whose handlers run too.
 thread_local int handlersUnderWay = 0;
 thread_local std::vector<std::function<void()>> postponed;
 
@@ -64,7 +64,7 @@ void AfterHandlers(std::function<void()> action) {
     postponed.push_back(std::move(action));
 }
 
-// The box is shown once the event is over, because a paint event can't have an event loop within it.
+// The box is shown after the event, because its event loop must not run within a paint event.
 void ReportUncaught() {
     const Report report = Describe();
     if (!IsNew(report.line)) return;

@@ -3,19 +3,19 @@
 #include <functional>
 #include <type_traits>
 
-// Each delivery of an event to the program is a boundary for exceptions: what a handler throws is reported,
-// the event is abandoned, and the program goes on. So a fault in one window doesn't end a running count-down.
+// Exceptions don't propagate from event handlers to Qt: they are reported, the event is abandoned, and the
+// program continues. So a fault in one window doesn't end a running count-down.
 
-/// Reports the exception being handled: one line on standard error and, once this event is over, one message
-/// box. A line that has been printed before is not reported again. May be called on any thread.
+/// Reports the exception being handled: prints a line on standard error and, after the current event, shows a
+/// message box. Doesn't report a line that it has printed before. May be called on any thread.
 void ReportUncaught();
-/// Reports it on standard error alone and ends the program with status 1: at start-up and while closing.
+/// Prints the exception being handled on standard error and quits with status 1, at start-up and on closing.
 void QuitOnUncaught();
 
-/// Runs an action as soon as no handler is under way, which may be at once. Main thread.
+/// Runs an action as soon as no handler is running, at once if none is running now. Main thread only.
 void AfterHandlers(std::function<void()> action);
 
-/// Counts a handler that is under way on this thread.
+/// While an object of this class lives, a handler counts as running on its thread.
 class HandlerUnderWay {
   public:
     HandlerUnderWay();
@@ -24,7 +24,7 @@ class HandlerUnderWay {
     HandlerUnderWay& operator=(const HandlerUnderWay&) = delete;
 };
 
-/// Runs a handler, unless it is an empty std::function. Returns its result, or else a default one.
+/// Runs a handler and reports what it throws. Returns its result; a default value if it throws or is empty.
 template <class Handler, class... Arguments>
 auto Deliver(const Handler& handler, const Arguments&... arguments) {
     using Result = std::invoke_result_t<const Handler&, const Arguments&...>;

@@ -11,7 +11,6 @@
 
 namespace {
 
-/// The keys for which KeyDown handlers get one of Keyboard's characters.
 constexpr std::pair<int, Int32> kControlCodes[] = {
     {Qt::Key_Return, Keyboard::kReturn}, {Qt::Key_Enter, Keyboard::kEnter},
     {Qt::Key_Escape, Keyboard::kEscape}, {Qt::Key_Backspace, Keyboard::kBackspace},
@@ -28,7 +27,7 @@ bool IsModifier(int key) {
 
 struct Release {
     int key = 0;
-    quint64 timestamp = 0;  // milliseconds; 0 for an event that no device has sent
+    quint64 timestamp = 0;  // in milliseconds; 0 for a synthetic event
 };
 Release lastRelease;
 

@@ -4,15 +4,15 @@
 #include <optional>
 #include <string>
 
-/// A pressed key as KeyDown handlers get it: one of Keyboard's characters, else the one typed, else an empty
-/// text. Nothing for a modifier key alone, nor for a command, a key pressed with Ctrl, Alt or Meta.
+/// Returns the text that KeyDown handlers get for a key press: one of Keyboard's characters, else the typed
+/// character, else an empty text. Returns nothing for a modifier key or a key with Ctrl, Alt or Meta.
 std::optional<std::string> KeyText(const QKeyEvent& event);
 
-/// Whether a press is the repeat of a held key. Qt's own flag isn't enough: on X11 a repeat is a release and
-/// a press with the same timestamp, which a busy Qt may not see together. So windows report each release.
+/// Returns whether a press is an auto-repeat. X11 sends a repeat as a release and a press with equal
+/// timestamps, which a busy Qt may fail to recognise; so windows pass each release to RememberRelease.
 bool IsRepeat(const QKeyEvent& press);
 void RememberRelease(const QKeyEvent& release);
 
-/// Makes buttons, check boxes, combo boxes and groups pass Return and Enter on to their window, which knows
-/// what these keys press. With the themes of some desktops each of them would handle the keys itself.
+/// Makes buttons, check boxes, combo boxes and groups pass Return and Enter on to their window, which presses
+/// the right button. With the themes of some desktops, these controls would handle the keys themselves.
 void InstallReturnForWindows();

@@ -20,7 +20,7 @@ struct Entry {
 std::mutex mutex;
 std::deque<Entry> waiting;
 
-/// Woken by an empty event: data in it would be guarded by a lock of Qt's, which the thread sanitizer can't see.
+/// Runs the queued actions upon an event, which is empty because ThreadSanitizer can't see Qt's queue lock.
 class Receiver final : public QObject {
   public:
     Receiver() { moveToThread(qApp->thread()); }
@@ -36,7 +36,7 @@ class Receiver final : public QObject {
     }
 };
 
-/// The entry that an action may replace; nil if there is none.
+/// Returns the queued entry that a new action may replace; nil if there is none.
 Entry* Replaceable(const QObject& context, std::string_view property) {
     for (auto entry = waiting.rbegin(); entry != waiting.rend(); ++entry) {
         if (property.empty() || entry->property.empty() || entry->context != &context) return nullptr;

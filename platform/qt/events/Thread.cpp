@@ -7,10 +7,10 @@
 
 namespace {
 
-/// Unwinds a worker that is to end. It is no std::exception, so that nothing takes it for a fault.
+/// Is thrown to unwind a cancelled worker. It isn't a std::exception, so that no code takes it for a fault.
 struct Ended {};
 
-/// The stop token of the worker that this thread is; one that never asks to stop on any other thread.
+/// The stop token of the worker on this thread. On other threads it is empty and never requests a stop.
 thread_local std::stop_token stopToken;
 
 }  // namespace
@@ -18,7 +18,7 @@ thread_local std::stop_token stopToken;
 struct Thread::Peer {
     std::atomic<bool> isRunning = false;
     bool hasEnded = false;
-    std::jthread worker;  // last, so that it has ended before what it uses goes
+    std::jthread worker;  // the last member, so that it ends before the others are destroyed
 };
 
 Thread::Thread() : peer_(std::make_unique<Peer>()) {}

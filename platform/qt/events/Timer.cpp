@@ -8,7 +8,7 @@
 struct Timer::Peer final : QTimer {};
 
 Timer::Timer() : peer_(std::make_unique<Peer>()) {
-    // Precise, so that a beep a second sounds like one.
+    // A coarse timer would make the beeps, which come once a second, audibly uneven.
     peer_->setTimerType(Qt::PreciseTimer);
     QObject::connect(peer_.get(), &QTimer::timeout, peer_.get(), [this] { Deliver(Action); });
 }

@@ -29,7 +29,7 @@ void ControlList::EndWorkers() const {
         thread->End();
 }
 
-// The controls of a group come in the group's place, in an order of their own.
+// In the tab order, the controls of a group follow the group, sorted by their own tab indices.
 void ControlList::SetTabOrder() const {
     const auto place = [](const RectControl* control) {
         const auto* group = dynamic_cast<GroupBox*>(control->Parent());

@@ -6,17 +6,16 @@
 
 #include "platform/Control.h"
 
-/// Owns the controls of one window, and does what concerns several of them: the tab order, the keys that
-/// press buttons, the edges that follow those of the window.
+/// Owns a window's controls and manages their tab order, their layout and the keys that press buttons.
 class ControlList {
   public:
-    /// `content` is the area of the window that they lie in.
+    /// `content` is the area of the window that contains the controls.
     explicit ControlList(QWidget& content) : content_(content) {}
 
     void Add(const std::string& name, std::unique_ptr<Control> control);
-    /// The control of that name; nil if there is none.
+    /// Returns the control with that name; nil if there is none.
     Control* Find(const std::string& name) const;
-    /// The controls of class C, in the order in which they were added.
+    /// Returns the controls of class C, in the order in which they were added.
     template <class C>
     std::vector<C*> All() const {
         std::vector<C*> found;
@@ -26,12 +25,12 @@ class ControlList {
         return found;
     }
 
-    /// Ends the window's threads, each at its next yield.
+    /// Ends the window's workers, each at its next yield, and waits for them.
     void EndWorkers() const;
     void SetTabOrder() const;
     void FocusFirstField() const;
-    /// Escape presses the cancel button, Return and Enter the focused button or else the default one. False
-    /// when there is no such button, or for another key.
+    /// Presses the cancel button for Escape, and the focused or else the default button for Return and Enter.
+    /// Returns false if there is no such button or `key` is another key.
     bool PressButton(const std::string& key) const;
     void FollowEdges(QSize before, QSize after) const;
 

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Gives the keyboard back to the window on Escape. Qt leaves it with the bar, where Return opens a menu.
+/// Returns the focus to the window on Escape. Qt would leave it on the menu bar, where Return opens a menu.
 class Menu final : public QMenu {
   public:
     using QMenu::QMenu;
@@ -59,7 +59,7 @@ void MenuBinding::AddMenu(const MenuItem& menu) {
     auto* widget = new Menu(ToQString(menu.Text()), widget_.get());
     QAction* action = widget_->addMenu(widget);
     QObject::connect(widget, &QMenu::aboutToShow, widget, [this] { UpdateEnabled(); });
-    // Queued, because the arrow keys close a menu and then open the next one.
+    // The connection is queued, because the arrow keys close one menu before they open the next.
     const auto hasClosed = [this] { SetVisible(isVisible_); };
     QObject::connect(widget, &QMenu::aboutToHide, widget, hasClosed, Qt::QueuedConnection);
     const QKeySequence accessKey = QKeySequence::mnemonic(action->text());
@@ -77,10 +77,10 @@ void MenuBinding::AddItem(QMenu& menu, const Ref<MenuItem>& item) {
     action->setMenuRole(QAction::NoRole);
     action->setShortcut(QKeySequence(ToQString(Replace(item->KeyboardShortcut(), "Cmd+", "Ctrl+"))));
     QObject::connect(action, &QAction::triggered, action, [this, item] { Trigger(*item); });
-    // The window gets the action too, because the shortcuts of a hidden menu bar are dead.
+    // The action is added to the window too, because Qt ignores the shortcuts of a hidden menu bar.
     window_.addAction(action);
     if (IsQuit(*item)) {
-        action->setShortcutContext(Qt::ApplicationShortcut);  // windows without a menu bar have it too
+        action->setShortcutContext(Qt::ApplicationShortcut);  // also in windows without a menu bar
         quit_ = action;
     }
     rows_.push_back({item, action});
@@ -91,10 +91,10 @@ void MenuBinding::SetVisible(bool on) {
     const auto isOpen = [](const QAction* menu) { return menu->menu()->isVisible(); };
     widget_->setVisible(on || std::ranges::any_of(widget_->actions(), isOpen));
     for (QShortcut* key : accessKeys_)
-        key->setEnabled(widget_->isHidden());  // a bar that shows handles these keys itself
+        key->setEnabled(widget_->isHidden());  // a visible bar handles these keys itself
 }
 
-// Selects the first command too, as the bar does when it handles the key itself.
+// Also selects the first command, as a visible bar does when an access key is pressed.
 void MenuBinding::Open(QAction& menu) {
     widget_->show();
     widget_->setActiveAction(&menu);
@@ -114,7 +114,7 @@ void MenuBinding::UpdateEnabled() {
     Sync();
 }
 
-// A screen reader can trigger a command even while a dialog blocks the window. Then only quitting works.
+// A screen reader can trigger a command even while a dialog blocks the window; only Quit is carried out then.
 void MenuBinding::Trigger(const MenuItem& item) {
     UpdateEnabled();
     const bool isUnderDialog = !window_.isEnabled() || QApplication::activeModalWidget();

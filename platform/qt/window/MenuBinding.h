@@ -6,24 +6,24 @@
 
 #include "platform/Window.h"
 
-/// Shows a MenuBar in a window. A command goes to the handler that is registered under the item's name; a
-/// command to edit or to quit that has none is carried out here.
+/// Shows a MenuBar in a window. A command runs the handler that is registered under the item's name. Without
+/// a handler, this class carries out the edit commands and Quit itself.
 class MenuBinding {
   public:
     using Handlers = std::map<std::string, Window::MenuHandler>;
 
-    /// `handlers` are the window's, by item name; more may come. `enableItems` runs in each enabling pass.
+    /// Keeps a reference to the window's `handlers`, which may grow. UpdateEnabled runs `enableItems`.
     MenuBinding(const Ref<MenuBar>& bar, QWidget& window, const Handlers& handlers,
                 const std::function<void()>& enableItems);
 
     const Ref<MenuBar>& Bar() const { return bar_; }
     QMenuBar& Widget() { return *widget_; }
-    /// The command that quits, for dialogs over the window to offer as well; nil if the bar has none.
+    /// Returns the Quit command, which dialogs over the window offer as well; nil if the bar has none.
     QAction* Quit() const { return quit_; }
 
-    /// A hidden bar shows while a menu is open. F10 opens the first menu, Alt with a menu's letter opens that one.
+    /// Shows or hides the bar. F10 or a menu's access key opens a menu and shows a hidden bar meanwhile.
     void SetVisible(bool on);
-    /// Updates which items are enabled, and their captions. Must be called before a shortcut is looked up.
+    /// Updates the enabled state and the caption of each item. Must be called before Qt looks up a shortcut.
     void UpdateEnabled();
 
   private:

@@ -14,7 +14,7 @@ struct Entry {
     std::string key;
     std::shared_ptr<Window> window;
 };
-/// Guards the entries, since workers look windows up as well.
+/// Guards `entries`, because workers look up windows too.
 std::mutex mutex;
 std::vector<Entry> entries;
 
@@ -49,7 +49,7 @@ void Remove(const Window& window) {
 void CloseAll() {
     std::unique_lock lock(mutex);
     const std::vector<Entry> open = entries;
-    lock.unlock();  // a window that closes leaves the list
+    lock.unlock();  // closing a window calls Remove, which locks the mutex
     for (const Entry& entry : open)
         entry.window->Close();
 }
@@ -57,7 +57,7 @@ void CloseAll() {
 void DestroyAll() {
     std::unique_lock lock(mutex);
     std::vector<Entry> last = std::exchange(entries, {});
-    lock.unlock();  // destroying a window may wait for a worker that looks another window up here
+    lock.unlock();  // destroying a window may wait for a worker that calls Find
     for (Entry& entry : last)
         entry.window.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -2,15 +2,15 @@
 
 #include "platform/Window.h"
 
-/// The list of open windows, which owns them. A window is found by the key of its class.
+/// The list that owns the open windows. Each window is listed under the key of its class.
 namespace open_windows {
 
 void Add(const std::string& key, const std::shared_ptr<Window>& window);
-/// The open window of that key; nil if there is none.
+/// Returns, on any thread, the open window with that key; nil if there is none.
 Window* Find(const std::string& key);
-/// Takes a window that has closed off the list. It is destroyed once the event under way is over.
+/// Removes a closed window, which is destroyed once no handler is running and the event loop has control.
 void Remove(const Window& window);
-/// Closes every window as its user would.
+/// Closes every window and delivers its Close event.
 void CloseAll();
 /// Destroys all windows, without closing them first.
 void DestroyAll();

@@ -11,7 +11,7 @@ Window::Window() : peer_(std::make_unique<WindowPeer>(*this)) {}
 
 Window::~Window() = default;
 
-// For an empty title, the program's name would show.
+// Qt would show the program's name instead of an empty title.
 void Window::Title(const std::string& title) { peer_->setWindowTitle(ToQString(title.empty() ? " " : title)); }
 
 Int32 Window::Left() const { return peer_->Inside().left(); }
@@ -61,7 +61,7 @@ void Window::Show() {
 void Window::ShowWithin(Window& parent, Int32) { peer_->ShowOver(*parent.peer_); }
 
 void Window::ShowModalWithin(Window& parent) {
-    const auto alive = shared_from_this();  // closing gives up the list's reference while this still waits
+    const auto alive = shared_from_this();  // closing drops the list's reference before this returns
     peer_->ShowOver(*parent.peer_);
     peer_->WaitUntilClosed();
 }

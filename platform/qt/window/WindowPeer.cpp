@@ -12,11 +12,11 @@
 
 namespace {
 
-/// How long the window manager may take to answer a request.
+/// The timeout of a request to the window manager.
 constexpr std::chrono::milliseconds kPatience(2000);
 
 constexpr auto kButtons = Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
-/// Without these, window managers would ignore the hints for the buttons.
+/// Without these hints, window managers would ignore kButtons.
 constexpr auto kCustomised = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
 
 }  // namespace
@@ -52,7 +52,7 @@ void WindowPeer::MoveTo(QPoint corner) {
     placed_ = inside;
 }
 
-// Before the window shows, no resize event tells it of its new size: hence the last line.
+// Arrange is called here because a window gets no resize event before it is shown.
 void WindowPeer::SetSize(QSize size) {
     if (fullScreen_ == FullScreen::Leaving) {
         placed_ = QRect(Inside().topLeft(), size);
@@ -91,7 +91,7 @@ void WindowPeer::SetMenuBarVisible(bool on) {
 
 int WindowPeer::BarHeight() const { return menu_ ? menu_->Widget().sizeHint().height() : 0; }
 
-// It may come twice, and for a window that was never shown.
+// A close event may come twice, and may come to a window that was never shown.
 void WindowPeer::closeEvent(QCloseEvent* event) {
     if (event->spontaneous() && !windowFlags().testFlag(Qt::WindowCloseButtonHint)) return event->ignore();
     event->accept();
@@ -106,19 +106,19 @@ void WindowPeer::closeEvent(QCloseEvent* event) {
     open_windows::Remove(owner_);
 }
 
-// Not modal in Qt's sense: then the window below couldn't be closed either.
+// The window isn't modal for Qt, because then the user couldn't close the parent.
 void WindowPeer::ShowOver(WindowPeer& parent) {
     blocked_ = &parent;
     parent.blocker_ = this;
     parent.setEnabled(false);
     if (parent.menu_ && parent.menu_->Quit()) addAction(parent.menu_->Quit());
-    winId();  // makes the window handle
+    winId();  // creates the window handle
     windowHandle()->setTransientParent(parent.windowHandle());
     show();
 }
 
-// The desktop gives the keyboard back to the window below a moment after this one has closed; weston doesn't
-// if that window has gone fullscreen by then. So this waits for the keyboard too, but not for long.
+// The desktop returns the focus to the parent a moment after this window has closed, but Weston doesn't if
+// the parent has become fullscreen by then. So this function also waits for the focus, for a limited time.
 void WindowPeer::WaitUntilClosed() {
     if (isClosed_) return;
     QEventLoop loop;
@@ -134,7 +134,7 @@ void WindowPeer::QuitAtFocus(QEventLoop& loop) {
     QTimer::singleShot(kPatience, &loop, &QEventLoop::quit);
 }
 
-// The event under way may go on to fullscreen. The window manager would then bring back the zoomed window.
+// The zoom is queued, and dropped if this event enters fullscreen: leaving would restore the zoomed size.
 void WindowPeer::Zoom() {
     AfterThisEvent(*this, [this] {
         if (fullScreen_ == FullScreen::Off) setWindowState(windowState() | Qt::WindowMaximized);
@@ -154,9 +154,9 @@ void WindowPeer::SetFullScreen(bool on) {
     Arrange();
 }
 
-// On Wayland a maximised window stays so beneath fullscreen: KWin ignores a request to maximise a window that
-// is still fullscreen. On X11 it can't stay so: for each change Qt ends the maximised state and asks for it
-// again, and mutter then forgets the size that the window had before.
+// On Wayland, a maximised window stays maximised in fullscreen, because KWin ignores a request to maximise a
+// fullscreen window. On X11, the maximised state is cleared in fullscreen: at each change Qt would unset and
+// request it again, and Mutter would then forget the size that the window had before it was maximised.
 void WindowPeer::AskForState() {
     const bool isMaximised = wasMaximised_ && !(IsFullScreen() && QGuiApplication::platformName() == u"xcb");
     Qt::WindowStates state;
@@ -164,10 +164,10 @@ void WindowPeer::AskForState() {
     setWindowState(state);
 }
 
-// While the window manager is busy with a request, it may still report what an earlier one has led to.
+// While a request is pending, the window manager may still report the result of an earlier request.
 void WindowPeer::StateChanged() {
     if (fullScreen_ != FullScreen::Off && isFullScreen() != IsFullScreen()) {
-        if (!settling_.isActive()) fullScreen_ = FullScreen::Off;  // the window manager has ended it
+        if (!settling_.isActive()) fullScreen_ = FullScreen::Off;  // the window manager has ended fullscreen
         AskForState();
     }
     Arrange();
@@ -179,15 +179,15 @@ void WindowPeer::FrameChanged() {
     if (fullScreen_ == FullScreen::Leaving && isBack) Settle();
 }
 
-// Fullscreen has ended, or the window manager has had its time to end it. It brings the frame back by itself:
-// a request for the same one would end the maximised state, or could come before the title bar is back. A
-// request for another one has waited for this moment.
+// Is called when fullscreen has ended or the request has timed out. The window manager restores the geometry
+// itself: to set the same geometry would end the maximised state, or could come before the title bar is back.
+// Only a different geometry, which the program has requested meanwhile, is set here.
 void WindowPeer::Settle() {
     settling_.stop();
     if (fullScreen_ != FullScreen::Leaving) return;
     const bool isOther = placed_ && !insideBefore_.isNull() && placed_ != insideBefore_;
-    if (isOther && isMaximized()) {  // on Wayland a maximised window must not have another size
-        insideBefore_ = {};          // whatever comes back now
+    if (isOther && isMaximized()) {  // on Wayland a maximised window can't be resized
+        insideBefore_ = {};          // accept any geometry from now on
         settling_.start(kPatience);
         return setWindowState(Qt::WindowNoState);
     }
@@ -220,7 +220,7 @@ void WindowPeer::Arrange() {
     content_.setGeometry(0, top, width(), height() - top);
     if (!isBuilt_ || content_.size() == before) return;
     controls_.FollowEdges(before, content_.size());
-    // X11 doesn't mark the last step of a resize, so each step counts as both.
+    // X11 doesn't tell which step of a resize is the last, so each step delivers both events.
     Deliver([this] { owner_.Event_Resizing(); });
     Deliver([this] { owner_.Event_Resized(); });
 }
@@ -228,23 +228,23 @@ void WindowPeer::Arrange() {
 void WindowPeer::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (event->spontaneous()) return;
-    if (menu_) setFocus();  // so that the menu bar gives the focus back to this; else it would keep it
+    if (menu_) setFocus();  // the menu bar can return the focus only to a widget that had it
     controls_.FocusFirstField();
 }
 
 void WindowPeer::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() != Qt::NoButton) return;
-    // Only scenePosition keeps its fraction when a control passes the event on.
+    // Only scenePosition keeps its fractional part when a control passes the event on.
     const QPoint at = PixelAt(event->scenePosition() - content_.pos());
     Deliver([&] { owner_.Event_MouseMove(at.x(), at.y()); });
 }
 
 bool WindowPeer::event(QEvent* event) {
     if (event->type() == QEvent::KeyRelease) RememberRelease(static_cast<QKeyEvent&>(*event));
-    // Before Qt looks for a shortcut, this event asks whether the key is wanted for something else.
+    // Qt sends ShortcutOverride before it looks up a shortcut. Accepting the event suppresses the shortcut.
     if (event->type() == QEvent::ShortcutOverride) {
         if (IsRepeat(static_cast<QKeyEvent&>(*event))) {
-            event->accept();  // a held key is no new command
+            event->accept();  // a repeated key must not run a command again
             return true;
         }
         if (menu_) menu_->UpdateEnabled();

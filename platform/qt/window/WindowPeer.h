@@ -7,46 +7,46 @@
 #include "platform/qt/window/ControlList.h"
 #include "platform/qt/window/MenuBinding.h"
 
-/// The widget of a window: a menu bar, if it has one, and below it the area of the controls. In fullscreen
-/// the bar lies over that area instead, so that the controls don't move when it comes and goes.
+/// The widget of a window. It contains the menu bar, if there is one, and below it the area of the controls.
+/// In fullscreen the bar overlaps that area, so that showing the bar doesn't move the controls.
 class WindowPeer final : public QWidget {
   public:
     explicit WindowPeer(Window& owner);
 
-    /// Lays the window out, creates its controls and delivers Open. It must be in the list of open windows.
+    /// Lays the window out, creates its controls and delivers Open. `owner` must be in open_windows already.
     void Build();
 
     void SetCentred(bool on) { isCentred_ = on; }
 
-    /// The window's inside on the screen: its controls and a menu bar that takes room. When fullscreen is
-    /// left, it is at once what it will be when the window manager has brought it back.
+    /// Returns the window's place on the screen, with the menu bar but without the frame. While the window
+    /// manager is still ending fullscreen, this is already the place that the window will have afterwards.
     QRect Inside() const;
     void MoveTo(QPoint corner);
     void SetSize(QSize size);
-    /// Whether the user can change the size; the program always can.
+    /// Sets whether the user can resize the window; the program always can.
     void SetResizeable(bool on);
-    /// `minimum` doesn't include the menu bar.
+    /// Sets the minimum size, which doesn't include the menu bar.
     void SetMinimum(QSize minimum);
 
     void SetMenuBar(const Ref<MenuBar>& bar);
     Ref<MenuBar> Bar() const { return menu_ ? menu_->Bar() : nullptr; }
     void SetMenuBarVisible(bool on);
-    /// The part of the window's height that the menu bar takes when it isn't fullscreen.
+    /// Returns the menu bar's height, also while the bar is hidden; 0 without a menu bar.
     int BarHeight() const;
 
     QWidget& Content() { return content_; }
     ControlList& Controls() { return controls_; }
     MenuBinding::Handlers& Handlers() { return handlers_; }
 
-    /// Whether the program has asked for fullscreen. One by the window manager alone is just a large window.
+    /// Whether the program has requested fullscreen; false if only the window manager has set it.
     bool IsFullScreen() const { return fullScreen_ == FullScreen::On; }
     void SetFullScreen(bool on);
     void Zoom();
-    /// Shows the window over `parent`, which takes no input until it closes.
+    /// Shows this window over `parent` and blocks the parent's input until this window closes.
     void ShowOver(WindowPeer& parent);
-    /// Returns when the window has closed or the program quits.
+    /// Runs an event loop until the window has closed or the program quits.
     void WaitUntilClosed();
-    /// Quits `loop` when a window of the program gets the keyboard, or after two seconds.
+    /// Quits `loop` when a window of the program gets the keyboard focus, or after two seconds.
     static void QuitAtFocus(QEventLoop& loop);
 
   protected:
@@ -60,7 +60,7 @@ class WindowPeer final : public QWidget {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    /// While Leaving, the window manager has yet to bring the frame back.
+    /// In the state Leaving, the window manager hasn't yet restored the window's geometry.
     enum class FullScreen { Off, On, Leaving };
 
     void FrameChanged();
@@ -81,14 +81,14 @@ class WindowPeer final : public QWidget {
     bool menuBarVisible_ = true;
     bool isClosed_ = false;
     FullScreen fullScreen_ = FullScreen::Off;
-    /// Runs while the window manager is busy with a request to enter or leave fullscreen.
+    /// Is active while the window manager carries out a request to enter or leave fullscreen.
     QTimer settling_;
-    /// What the window was when fullscreen was entered.
+    /// The geometry of the window, and whether it was maximised, before fullscreen.
     QRect insideBefore_;
     bool wasMaximised_ = false;
-    /// Where the program wants the window after fullscreen; nothing leaves that to the window manager.
+    /// The geometry that the program requested while fullscreen was ending; nothing if it requested none.
     std::optional<QRect> placed_;
-    /// The window that lies over this one and takes its input, and the one that this lies over.
+    /// The window that blocks this window's input, and the window whose input this window blocks.
     QPointer<WindowPeer> blocker_;
     QPointer<WindowPeer> blocked_;
     std::function<void()> closed_;
