@@ -13,15 +13,13 @@
 
 namespace {
 
-/// The value of lastColorAsHexString when the colour didn't come from a text.
+/// The value of lastColorAsHexString if the colour wasn't set from a text.
 constexpr const char* kNoText = "?";
 
-/// How far the pointer may move during a press before that becomes a drag.
-constexpr Int32 kDragDistance = 3;
-/// The side of the square that is dragged.
-constexpr Int32 kDragSize = 12;
+constexpr Int32 kDragDistance = 3;  // pixels that a pressed pointer may move without starting a drag
+constexpr Int32 kDragSize = 12;     // pixels on each side of the dragged square
 
-/// The colour in a thin grey frame, which is visible on any background.
+/// Returns a swatch of the colour with a thin grey frame, so that it is visible on any background.
 Ref<Picture> PictureToDrag(Color color, double scale) {
     Ref<Picture> picture = NewPicture(kDragSize, kDragSize, 32, scale);
     const Ref<Graphics> g = picture->Graphics();
@@ -34,15 +32,15 @@ Ref<Picture> PictureToDrag(Color color, double scale) {
 
 Color Grey(double value) { return HSV(0, 0, value); }
 
-/// The colour with its HSV value lowered by `amount`, but not below 0.
+/// Returns the colour with its HSV value lowered by `amount`, but not below 0.
 Color Darker(Color color, double amount) {
     const double value = std::max(0.0, readColorValue(color) - amount);
     return HSV(readColorHue(color), readColorSaturation(color), value);
 }
 
-/// By how much all HSV values sink while the button is pressed; the outline's sinks by half of it.
+/// The amount by which all HSV values are lowered while the button is pressed; half of it for the outline.
 constexpr double kPressed = 0.44;
-/// By how much each frame of the swatch is darker than what it encloses.
+/// The amount by which the HSV value of each frame of the swatch is below that of its inside.
 constexpr double kFrameStep = 0.1;
 
 }  // namespace
@@ -97,7 +95,7 @@ void SmartColorWell::dragColor(Int32 x, Int32 y) {
     item->Drag();
 }
 
-// Draws while mouseDownAndWithin is still set; a release inside goes on to pickColor, which draws again.
+// Draws before mouseDownAndWithin is cleared. After a release inside, pickColor draws the well again.
 void SmartColorWell::Event_MouseUp(Int32 x, Int32 y) {
     draw();
     mouseDownAndWithin = false;
@@ -165,7 +163,7 @@ bool SmartColorWell::withinColorBox(Int32 x, Int32 y) const {
 
 bool SmartColorWell::withinControl(Int32 x, Int32 y) const { return x >= 0 && x < Width() && y >= 0 && y < Height(); }
 
-// The drawing: greys that look like a raised button, darker while pressed, pale while it can't be used.
+// The drawing code. Shades of grey look like a raised button, darker while pressed, paler while disabled.
 
 void SmartColorWell::draw() {
     const Ref<Picture> look = NewPicture(Width(), Height(), 32, ScaleFactor());
@@ -178,7 +176,7 @@ void SmartColorWell::draw() {
     g->DrawPicture(look, 0, 0);
 }
 
-// Five bands: each starts lower, is lighter and covers the lower half of the one before. Then the lines.
+// Draws five bands, then the lines. Each band is lighter than the previous band and covers its lower half.
 void SmartColorWell::drawBevel(::Graphics& g) const {
     const Int32 width = Width() - cShrink;
     const Int32 height = Height() - cShrink;
@@ -215,7 +213,7 @@ void SmartColorWell::drawSwatch(::Graphics& g) const {
 
     g.ForeColor(swatch);
     fillSwatch(g);
-    // One pixel taller than the outer frame leaves room for: its bottom line is covered by the outer frame's.
+    // The inner frame is one pixel too tall, so the outer frame covers its bottom line.
     g.ForeColor(inner);
     g.DrawRect(Margin + 1, Margin + 1, width - 2, height - 1);
     g.ForeColor(Darker(inner, kFrameStep));
@@ -226,7 +224,7 @@ void SmartColorWell::fillSwatch(::Graphics& g) const {
     g.FillRect(Margin, Margin, Width() - cShrink - 2 * Margin, Height() - cShrink - 2 * Margin);
 }
 
-// Makes the picture half transparent, apart from the swatch if the well's window is active.
+// Makes the picture half transparent. In an active window, the swatch stays opaque unless AlsoDimColor.
 void SmartColorWell::dim(Picture& look) const {
     const Ref<::Graphics> mask = look.Mask(true)->Graphics();
     mask->ForeColor(RGB(128, 128, 128));

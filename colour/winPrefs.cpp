@@ -17,7 +17,7 @@ struct Label {
     const char* text;
     Int32 tabIndex;
 };
-/// One of the four colours: its well, the label beside it, and where the colour is kept.
+/// One of the four colours: its well, its label, its handler and the fields that store it.
 struct ColourRow {
     Well well;
     Label label;
@@ -74,7 +74,7 @@ void winPrefs::_CreateControls0() {
         AddControl<SmartColorWell>(name, left, top, 32, 32, tabIndex).ColorChange =
             [this, changed = colour.changed](Color c) { (this->*changed)(c); };
     };
-    // Screen readers list the controls as they were added, which is the order of the tab indexes.
+    // Screen readers list controls in the order of their creation, so they are created in tab order.
     for (const int colour : {kBackground, kFace, kWedge})
         addWell(kColours[colour]);
     for (const int i : {kBackground, kFace, kWedge, kFrame}) {
@@ -99,7 +99,7 @@ void winPrefs::Event_Open() {
     SetButtons();
 }
 
-// A well that changes here writes the same colour back, which does no harm.
+// A well whose colour changes here sets the same colour on the clock again, which is harmless.
 void winPrefs::SetButtons() {
     for (const ColourRow& colour : kColours)
         Find<SmartColorWell>(colour.well.name).setColor(winMain::Instance().*colour.onClock);

@@ -3,13 +3,13 @@
 #include "platform/Color.h"
 #include "shell/Dialog.h"
 
-/// The Preferences dialog: a well for each of the timer window's four colours. A change shows on the clock at
-/// once; Cancel undoes it. The colours are saved when the timer window closes, not here.
+/// The Preferences dialog, with a colour well for each of the timer window's four colours. Changes apply to
+/// the clock at once, and Cancel undoes them. The colours are saved when the timer window closes.
 class winPrefs final : public Dialog {
   public:
     static winPrefs& Instance() { return ImplicitInstance<winPrefs>("winPrefs.winPrefs"); }
 
-    // The timer window's colours as they were when the dialog opened.
+    // The timer window's colours when the dialog opened.
     Color mBackground;
     Color mWedge;
     Color mFace;
@@ -23,13 +23,13 @@ class winPrefs final : public Dialog {
     void bCancel_Action();
     void bDefaults_Action();
     void Event_Open() override;
-    /// Brings the wells in line with the timer window.
+    /// Sets the wells to the timer window's colours.
     void SetButtons();
 
   private:
     void Layout() override;
     void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
-    /// Gives the clock the colour of a well.
+    /// Sets the clock's colour to that of the named well.
     void TakeFrom(const std::string& well);
 };

@@ -13,7 +13,7 @@ void winMain::Layout() {
     MinSize(400, 150);
     Width(441);
     Height(229);
-    BackColor(RGB(0x9F, 0x9F, 0x9F));  // fixed: it is seen only before the first paint
+    BackColor(RGB(0x9F, 0x9F, 0x9F));  // a constant, because only seen before the first paint
 }
 
 void winMain::_CreateControls0() {
@@ -40,7 +40,7 @@ void winMain::_CreateControls0() {
     timerDone.Action = [this] { TimerDone_Action(); };
 }
 
-// It returns false because only the press counts: no drag or release need be delivered.
+// Returns false because only the press matters: drags and the release need not be delivered.
 bool winMain::cvTime_MouseDown(Int32 x, Int32 y) {
     if (StatusIcon::Contains(x, y)) ToggleTimer();
     return false;
@@ -50,13 +50,13 @@ void winMain::cvTime_MouseMove(Int32 x, Int32 y) {
     App::Instance().MouseCursor(StatusIcon::Contains(x, y) ? FingerPointer : StandardPointer);
 }
 
-// The colours are read first, so that the first paint has them.
+// Reads the settings first, so that the first paint uses the stored colours.
 void winMain::Event_Open() {
     ReadPrefs();
     Stop();
 }
 
-// Closing the timer window quits the program without a question, whatever is running.
+// Closing the timer window quits the program without confirmation, even during a count or a movie job.
 void winMain::Event_Close() {
     WritePrefs();
     Quit(0);

@@ -11,8 +11,8 @@
 #include "platform/Window.h"
 #include "settings/clock_colours.h"
 
-/// The square in the timer's canvas that the status icon is drawn in and that reacts to clicks, in pixels. It
-/// stays the same whatever the sizes of window and picture.
+/// The square of the timer's canvas in which the status icon is drawn and clicks are accepted, in pixels. It
+/// doesn't depend on the size of the window or of the icon.
 struct StatusIcon {
     static constexpr Int32 kLeft = 10;
     static constexpr Int32 kTop = 10;
@@ -23,59 +23,58 @@ struct StatusIcon {
     }
 };
 
-/// The timer window and hub of the program: count-down, clock picture, input, fullscreen and all commands. It
-/// runs on the main event loop, except Redraw, which also draws the frames of a movie on a worker.
+/// The timer window and hub of the program: count-down, clock picture, input, fullscreen and all commands.
+/// Main thread only, except for Redraw, which a worker also calls to draw the frames of a movie.
 class winMain final : public Window, public ClockColours {
   public:
-    /// The time that a full turn of the clock stands for.
     static constexpr Int32 kSecondsPerTurn = 3600;
     static constexpr Int32 kTickMilliseconds = 250;
     static constexpr Int32 kBeepMilliseconds = 1000;
 
-    /// The one timer window; built when there is none, so it must not be called once the window has closed.
+    /// Returns the only timer window, and builds it if there is none. Must not be called after it has closed.
     static winMain& Instance() { return ImplicitInstance<winMain>("winMain.winMain"); }
 
     // The count-down (core/winMain_countdown.cpp). The remaining time is never decremented: each tick
     // computes it from the clock and the two values that Start stored.
     bool IsRunning = false;
-    /// The remaining time and the clock's reading at the latest Start.
+    /// The values of CurrentSeconds and Microseconds() at the latest Start.
     Int32 StartSeconds = 0;
     Int64 StartMicroSeconds = 0;
-    /// Unused. It stays, as all public names here do.
+    /// Unused, but kept, because public names are fixed.
     double CurrentMinutes = 0;
-    /// The time last confirmed in Set Timer, which shows it again. The count doesn't use it.
+    /// The time last confirmed in the Set Timer dialog, which shows it again. The count-down doesn't use it.
     Int32 SetMinutes = 0;
     Int32 SetSeconds = 0;
-    /// The remaining time in whole seconds, 0 or more: what the wedge shows.
+    /// The remaining time in whole seconds, at least 0. The wedge shows it.
     Int32 CurrentSeconds = 0;
 
-    /// The count has ended and the alert isn't dismissed yet. Never true together with IsRunning.
+    /// True from the end of the count until the alert is dismissed. Never true together with IsRunning.
     bool IsDone = false;
 
-    /// The one command of the timer: dismisses the alert, else stops a running count, else starts.
+    /// Dismisses the alert if it is on, else stops the count if it is running, else starts the count.
     void ToggleTimer();
-    /// Begins or resumes the count. Does nothing when no time is left.
+    /// Begins or resumes the count. The count stays stopped if no time is left.
     void Start();
     void Stop();
-    /// Enters and leaves the alert.
+    /// Begins the alert; Dismiss ends it.
     void Done();
     void Dismiss();
-    /// Asks for a repaint. If the time was set or another minute began, also refreshes the description.
+    /// Requests a repaint. Invalidates the accessible description if the time was set or a minute passed.
     void UpdateDisplay();
     void TimerRun_Action();
     void TimerDone_Action();
 
     // The clock picture (core/winMain_redraw.cpp).
-    /// Paints the whole picture on a surface; nil means the timer's canvas. A negative `seconds` means
-    /// CurrentSeconds. `scale` is the clock's size relative to the surface's shorter side. No field changes.
+    /// Paints the picture on `g` or, if `g` is nil, on the timer's canvas. A negative `seconds` means
+    /// CurrentSeconds. `scale` is the clock's size relative to the surface's shorter side. Changes no field.
     void Redraw(Ref<Graphics> g, Int32 seconds, double scale, bool hideIcon, bool showTimeUp);
-    /// The font size, from 8 pixels, at which `text` is about `maxWidth` wide. Leaves `g` at the last one tried.
+    /// Returns the font size in pixels, at least 8, at which `text` is about `maxWidth` wide. Changes `g`.
     Int32 GetTextSize(Graphics& g, const std::string& text, Int32 maxWidth);
     void cvTime_Paint(const Ref<Graphics>& g);
 
-    // What a screen reader is told of the count-down (core/winMain_countdown.cpp).
+    // Accessibility (core/winMain_countdown.cpp).
     std::string StateInWords() const;
-    /// Has a screen reader say the new state, or the time just set.
+    /// Makes a screen reader announce the state and the remaining time.
     void AnnounceState();
 
     // The window and its input (core/winMain.cpp).
@@ -88,11 +87,11 @@ class winMain final : public Window, public ClockColours {
     bool Event_KeyDown(const std::string& key) override;
 
     // Fullscreen (core/winMain_fullscreen.cpp).
-    /// Enters or leaves fullscreen, without saving or restoring the window's frame as the command does.
+    /// Enters or leaves fullscreen. Only the menu command also saves and restores the window's frame.
     void ToggleFullscreen(bool on);
     void Event_MouseMove(Int32 x, Int32 y) override;
 
-    // The colours on disk (settings/winMain_settings.cpp).
+    // The settings file with the colours (settings/winMain_settings.cpp).
     void ReadPrefs();
     void WritePrefs();
 
@@ -140,7 +139,7 @@ class winMain final : public Window, public ClockColours {
     void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
     void AddMenuHandlers(Window& window) override;
-    /// The command's two halves: they save and restore the window's frame.
+    /// Saves the window's frame and enters fullscreen; LeaveFullscreen does the reverse.
     void EnterFullscreen();
     void LeaveFullscreen();
     void DrawTimeUp(Graphics& g, double diameter);
@@ -153,9 +152,9 @@ class winMain final : public Window, public ClockColours {
 
     static constexpr const char* kTimeUp = "Time is Up!";
 
-    // The window's frame at the moment when fullscreen was last entered.
+    // The window's frame when the menu command last entered fullscreen.
     Int32 mLeft = 0, mTop = 0, mWidth = 0, mHeight = 0;
 
-    /// The remaining time in the description that a screen reader got last.
+    /// The remaining time in seconds for which the accessible description was last invalidated.
     Int32 mDescribedSeconds = 0;
 };

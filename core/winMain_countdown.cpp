@@ -10,7 +10,7 @@
 
 namespace {
 
-/// "1 minute", "2 minutes"; empty for 0.
+/// Returns a quantity such as "1 minute" or "2 minutes"; empty for 0.
 std::string Quantity(Int32 number, const std::string& unit) {
     if (number == 0) return "";
     return Str(number) + " " + unit + (number == 1 ? "" : "s");
@@ -45,7 +45,7 @@ void winMain::Start() {
     AnnounceState();
 }
 
-// CurrentSeconds keeps its whole seconds, so the part of a second that has passed is given back to the user.
+// CurrentSeconds stays at whole seconds, so a resumed count repeats the second that had partly passed.
 void winMain::Stop() {
     IsRunning = false;
     ScreensaverUtilities::EnableScreensaverWin();
@@ -67,14 +67,14 @@ void winMain::Dismiss() {
     AnnounceState();
 }
 
-// While the count runs, the description changes once a minute. A screen reader speaks it only when asked.
+// During a count, the description is invalidated once a minute. Screen readers speak it only on request.
 void winMain::UpdateDisplay() {
     Find<Canvas>("cvTime").Refresh(false);
     const Int32 described = IsRunning ? CurrentSeconds / 60 * 60 : CurrentSeconds;
     if (std::exchange(mDescribedSeconds, described) != described) Find<Canvas>("cvTime").DescriptionChanged();
 }
 
-// Each tick repaints, whatever the state, so that a changed colour shows within a quarter of a second.
+// Every tick repaints, even when stopped, so that a changed colour shows within a quarter of a second.
 void winMain::TimerRun_Action() {
     if (IsRunning) {
         ScreensaverUtilities::DelayScreensaverMac();

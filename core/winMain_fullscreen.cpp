@@ -22,11 +22,11 @@ void winMain::LeaveFullscreen() {
     Left(mLeft);
     Width(mWidth);
     Height(mHeight);
-    // ToggleFullscreen's own refresh came before the frame was restored; this one sees it.
+    // ToggleFullscreen refreshed before the frame was restored, so the window is refreshed again.
     Refresh(true);
 }
 
-// The top rows of the screen call the hidden menu bar, and the first move below them sends it away.
+// In fullscreen, the menu bar is shown only while the pointer is in the top rows of the screen.
 void winMain::Event_MouseMove(Int32, Int32 y) {
     constexpr Int32 kMenuBarBand = 10;
     if (!FullScreen()) return;

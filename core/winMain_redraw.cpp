@@ -10,19 +10,19 @@
 
 namespace {
 
-// One turn of this clock and the direction of its 12 o'clock, in radians. Both are multiples of 3.141529, so
-// a turn is 0.000127 short of a full circle; no one can see it, and every angle of the picture agrees on it.
+// A full turn of the clock and the direction of 12 o'clock, in radians. Both are multiples of 3.141529 rather
+// than of pi. The turn is invisibly short by 0.000127, and every angle of the picture is derived from it.
 constexpr double kClockTurn = 6.283058;
 constexpr double kTop = 4.7122935;
 
-// The ring's width in percent of the drawing diameter, and by how many percent of the nominal diameter the
-// drawing diameter is smaller, to make room for the ring's outer half on both sides.
+// The width of the ring, in percent of the drawing diameter, and the reduction from the nominal to the
+// drawing diameter, in percent of the nominal one. The reduction leaves space for the outer half of the ring.
 constexpr double kRingPercent = 3;
 constexpr double kMarginPercent = targets::kWiderClockMargin ? 6 : kRingPercent;
 
 constexpr Int32 kMarks = 60;
 
-/// Where the clock lies on a surface. The centre may have half a pixel; shapes are placed without it.
+/// The centre and diameter of the clock on a surface, in pixels. X and Y return the truncated centre.
 struct Face {
     Face(const Graphics& g, double scale) : cx(g.Width() / 2.0), cy(g.Height() / 2.0) {
         const double nominal = std::min(g.Width(), g.Height()) * scale;
@@ -31,7 +31,7 @@ struct Face {
 
     Int32 X() const { return ToInt32(cx); }
     Int32 Y() const { return ToInt32(cy); }
-    /// The diameter of disc and wedge.
+    /// Returns the diameter of the disc and the wedge.
     double FilledDiameter() const { return targets::kWiderClockMargin ? diameter + diameter / 100 : diameter; }
 
     double cx;
@@ -52,7 +52,7 @@ void DrawDisc(Graphics& g, const Face& face, Color color) {
     g.DrawObject(disc, face.X(), face.Y());
 }
 
-// The wedge ends at 12 o'clock and reaches back from there, anticlockwise.
+// The wedge extends anticlockwise from 12 o'clock.
 void DrawWedge(Graphics& g, const Face& face, Color color, Int32 seconds) {
     if (seconds <= 0) return;
     ArcShape wedge;
@@ -75,7 +75,7 @@ void DrawRing(Graphics& g, const Face& face, Color color) {
     g.DrawObject(ring, face.X(), face.Y());
 }
 
-// Mark 0 points to 3 o'clock and the count runs clockwise; every fifth mark is a long one.
+// Marks are numbered clockwise from 3 o'clock. Every fifth mark is long.
 void DrawMark(Graphics& g, const Face& face, Color color, Int32 i) {
     const bool isLong = i % 5 == 0;
     const double length = (isLong ? 10 : 5) * face.diameter / 100;
@@ -136,7 +136,7 @@ void winMain::DrawTimeUp(Graphics& g, double diameter) {
     g.DrawString(kTimeUp, ToInt32(x), ToInt32(y), 0, false);
 }
 
-// Doubles while the text fits and bisects while it doesn't. The result may be one off the largest fit.
+// Doubles the size while the text fits and bisects while it doesn't. May miss the largest fitting size by 1.
 Int32 winMain::GetTextSize(Graphics& g, const std::string& text, Int32 maxWidth) {
     Int32 size = 8;
     Int32 low = 8;

@@ -8,7 +8,7 @@ namespace FileTypes {
 
 inline Ref<FileType> pQuicktime;
 
-/// Makes the file types; called once, before any window exists.
+/// Creates the file types. Must be called once, before any window exists.
 inline void _Initialize() {
     pQuicktime = MakeRef<FileType>();
     pQuicktime->Name("video/quicktime");
@@ -17,7 +17,7 @@ inline void _Initialize() {
     pQuicktime->MacCreator("TVOD");
 }
 
-/// A movie. Nil before _Initialize.
+/// Returns the type of QuickTime movies; nil before _Initialize.
 inline Ref<FileType> Quicktime() { return pQuicktime; }
 
 }  // namespace FileTypes

@@ -94,7 +94,7 @@ bool winMakeMovie::eStart_KeyDown(const std::string& key) {
 
 double winMakeMovie::Number(const char* field) const { return Val(Find<EditField>(field).Text()); }
 
-// From the fields as they are, without the bounds that Start applies, and without the movie's last frame.
+// Uses the fields as they are, without the bounds that Start applies, and ignores the movie's last frame.
 void winMakeMovie::CalculateSize() {
     const double megabytes =
         3 * Number("eStart") * Number("eSizeX") * Number("eSizeY") * Number("eFrameRate") / 1024 / 1024;

@@ -10,8 +10,8 @@
 #include "shell/Dialog.h"
 
 /// The Create Movie dialog and the job that renders a count-down into a movie. The controls hold the settings
-/// until Start reads them. While the job runs on the worker `thr`, the main thread touches none of the fields
-/// below except Cancel. The worker drops the last reference to the movie, which closes and so saves it.
+/// until Start reads them. While the job runs on the worker `thr`, the main thread accesses no field but
+/// Cancel. The worker releases the last reference to the movie, which saves and closes it.
 class winMakeMovie final : public Dialog {
   public:
     static winMakeMovie& Instance() { return ImplicitInstance<winMakeMovie>("winMakeMovie.winMakeMovie"); }
@@ -19,7 +19,7 @@ class winMakeMovie final : public Dialog {
     /// The clock's size relative to the smaller side of the frame.
     double Scale = 0.9;
     bool OpenMovie = false;
-    /// The file being written; nil while there is none.
+    /// The file of the movie; nil if no movie is being made.
     Ref<FolderItem> f;
 
     // The dialog (movie/winMakeMovie.cpp).
@@ -35,12 +35,12 @@ class winMakeMovie final : public Dialog {
     void CalculateSize();
 
     // The job (movie/winMakeMovie_job.cpp).
-    /// Asks for the file and the compression and starts the worker; ends silently where one step fails.
+    /// Asks for the file and the compression, and starts the worker. Returns silently if a step fails.
     void bStart_Action();
-    /// Stops the job that is running; closes the dialog if none is.
+    /// Cancels the running job; closes the dialog if no job is running.
     void bCancel_Action();
     void thr_Run();
-    /// Brings the dialog back after a job.
+    /// Re-enables the controls after a job.
     void Timer1_Action();
 
   private:
@@ -48,7 +48,7 @@ class winMakeMovie final : public Dialog {
     void CreateControls() override { _CreateControls0(); }
     void _CreateControls0();
 
-    /// The number in the edit field of that name.
+    /// Returns the number in the named edit field.
     double Number(const char* field) const;
     void ReadSettings();
     bool CreateMovieFile();

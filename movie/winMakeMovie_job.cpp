@@ -10,7 +10,7 @@
 #include "platform/Thread.h"
 #include "platform/Timer.h"
 
-// Start may be pressed again before the worker has disabled the button; that press is ignored.
+// Ignores a second press of Start that comes before the worker has disabled the button.
 void winMakeMovie::bStart_Action() {
     if (Find<Thread>("thr").State() == Thread::States::Running) return;
     ReadSettings();
@@ -20,7 +20,7 @@ void winMakeMovie::bStart_Action() {
     Find<Thread>("thr").Run();
 }
 
-// The bounds differ from the labels'. A value below its bound is raised to it, and the field shows that.
+// The bounds differ from those in the labels. Values below a bound are raised to it and shown in the field.
 void winMakeMovie::ReadSettings() {
     constexpr double kSmallestSide = 32;
     SizeX = ToInt32(std::max(Number("eSizeX"), kSmallestSide));
@@ -78,7 +78,7 @@ void winMakeMovie::bCancel_Action() {
     }
 }
 
-// Under way, a job has lost its worker, as the program quits. Dropping the movie saves what was made so far.
+// A job still in progress has lost its worker, because the program is quitting. Releasing the movie saves it.
 void winMakeMovie::Event_Close() {
     m = nullptr;
     t = nullptr;

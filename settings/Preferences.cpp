@@ -32,12 +32,12 @@ constexpr std::string_view kFooter =
 constexpr const char* kNoNameToRead = "Can't read preferences because no filename has been set";
 constexpr const char* kNoFileCode = "????";
 
-// What it means for the user that the folder or the file can't be used.
+// The consequence for the user, appended to an error message, if the folder or the file can't be used.
 constexpr const char* kNotKept = "The colours will not be kept.";
 constexpr const char* kReplaced =
     "The clock has its default colours. At its end the program will try to replace the file.";
 
-/// The positions of a tag in a text, found once, since an odd file is searched from its top again and again.
+/// An index of a tag's positions in a text. It speeds up malformed files, which are rescanned from the start.
 class TagPositions {
   public:
     TagPositions(std::string_view text, std::string_view tag) {
@@ -45,7 +45,7 @@ class TagPositions {
             positions_.push_back(at + 1);
     }
 
-    /// The position, in bytes from 1, of the first tag at or after `start`; 0 if there is none.
+    /// Returns the position, in bytes from 1, of the first tag at or after `start`; 0 if there is none.
     std::size_t Find(std::size_t start) const {
         const auto found = std::ranges::lower_bound(positions_, start);
         return found == positions_.end() ? 0 : *found;
@@ -55,7 +55,7 @@ class TagPositions {
     std::vector<std::size_t> positions_;
 };
 
-/// The bytes of a text from `start` up to, but not including, `end`. Both count from 1.
+/// Returns the bytes of `text` from `start` up to but excluding `end`. Both positions count from 1.
 std::string_view Between(std::string_view text, std::size_t start, std::size_t end) {
     return end > start ? text.substr(start - 1, end - start) : std::string_view();
 }
@@ -100,14 +100,14 @@ bool Preferences::ReadFile() {
     std::optional<std::string> contents = ReadWhole(Filename);
     if (!contents) return false;
 
-    // The values are views into this text, since in an odd file each of them may reach to its end.
+    // Values are views into this shared text, because in a malformed file each may extend to the end.
     const auto text = std::make_shared<const std::string>(std::move(*contents));
     const TagPositions keyOpenings(*text, kKey.opening), keyClosings(*text, kKey.closing);
     const TagPositions stringOpenings(*text, kString.opening), stringClosings(*text, kString.closing);
     const std::size_t first = keyOpenings.Find(1);
     if (first == 0 || keyClosings.Find(first) == 0) return false;
 
-    // A failed search gives 0, so the scan restarts near the top; it ends when it reaches a value again.
+    // A failed search returns 0, which restarts the scan near the top. Reaching a value twice ends the scan.
     std::vector<bool> visited(text->size() + kString.opening.size() + 1);
     std::size_t value = 0;
     while (!visited[value]) {
@@ -153,7 +153,7 @@ void Preferences::WritePagePrefsFile(const std::string& text) {
 }
 
 std::string Preferences::ReadPagePrefsFile() {
-    // It checks the name of the settings file and reads the other file, so both names have to be set.
+    // Checks Filename although it reads PagePrefsFilename, so both names must be set.
     if (Filename.empty()) {
         MsgBox(kNoNameToRead);
         return {};

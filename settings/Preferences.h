@@ -4,36 +4,36 @@
 
 #include "platform/Variant.h"
 
-/// A small key-value store: a dictionary in memory and a text file in the user's folder for settings. It
-/// writes a property list and reads any file, looking for four tags only. Nothing is escaped. An object lives
-/// for one read or one write. A message box says what is missing. An unusable folder or file throws
-/// NilObjectException.
+/// A small key-value store: a dictionary in memory and a text file in the user's settings folder. It writes a
+/// property list without escaping, and reads any file by searching for four tags. Use an object for one read
+/// or one write only. Shows a message box if a file name or all entries are missing. Throws
+/// NilObjectException if the folder or a file can't be used.
 class Preferences {
   public:
     virtual ~Preferences() = default;
 
-    /// The name of the settings file, to be set before it is read or written.
+    /// The name of the settings file. Must be set before reading or writing.
     std::string Filename;
-    /// The name of a second file, which holds a text without a format.
+    /// The name of the page preferences file, which holds plain text.
     std::string PagePrefsFilename;
 
-    /// Adds the entries of the file to the dictionary; an entry replaces an earlier one of the same key. All
-    /// values read are Strings. False if there is no file, or no key in it.
+    /// Adds the entries of the file to the dictionary, all as Strings; an entry replaces an earlier entry of
+    /// the same key. Returns false if the file doesn't exist or contains no key.
     virtual bool ReadFile();
 
-    /// Writes all entries. The old file is deleted first, so it is lost if the new one can't be written.
+    /// Writes all entries. Deletes the old file first, so it is lost if the new file can't be written.
     virtual void WriteFile();
 
-    /// The value stored under `key`. If there is none, `initial` is stored first, to be written as well.
+    /// Returns the value of `key`. Stores `initial` first if there is none, so that WriteFile writes it too.
     virtual Variant Get(const std::string& key, const Variant& initial);
     virtual void Put(const std::string& key, const Variant& value);
     virtual void Clear();
 
     virtual void WritePagePrefsFile(const std::string& text);
-    /// The whole second file, including its last line end; empty if there is none. Needs Filename as well.
+    /// Returns the whole page preferences file, or "" if it doesn't exist. Filename must be set, too.
     virtual std::string ReadPagePrefsFile();
 
-    /// Empties the dictionary. To be called straight after the object is made.
+    /// Empties the dictionary. Must be called directly after construction.
     virtual void Constructor();
 
   private:

@@ -2,7 +2,7 @@
 
 #include "platform/Color.h"
 
-/// The colours of the clock, which the user chooses, with their defaults.
+/// The user-defined colours of the clock, initially the defaults.
 struct ClockColours {
     Color Color_Window_Background = RGB(0x9F, 0x9F, 0x9F);
     Color Color_Clock_Wedge = RGB(0xFF, 0x00, 0x00);

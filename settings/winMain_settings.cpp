@@ -12,14 +12,14 @@ void winMain::ReadPrefs() {
     winMain& window = winMain::Instance();
     for (const auto& [key, colour] : kColourSettings)
         window.*colour = preferences.Get(key, ClockColours().*colour).ColorValue();
-    // So the first run leaves a complete file behind.
+    // The first run thus creates a complete file.
     if (!wasRead) preferences.WriteFile();
 }
 
 void winMain::WritePrefs() {
     Preferences preferences;
     preferences.Constructor();
-    // The dot-file that is read has another name, so with dot-files each run begins with the default colours.
+    // ReadPrefs reads another dot-file, so with dot-files every run starts with the default colours.
     preferences.Filename = targets::kDotFileSettings ? ".DwindledialrPrefs" : "DwindledialPrefs.plist";
 
     for (const auto& [key, colour] : kColourSettings)

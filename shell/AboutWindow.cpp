@@ -16,7 +16,7 @@ constexpr Int32 kBadgeHeight = 30;
 // Carriage returns separate lines.
 constexpr const char* kRights = "Copyright © 2026 The Dwindledial maintainers\rReleased under the MIT License";
 
-/// The credits, as mark-up.
+/// Returns the credits, in the mark-up of ParseMarkup.
 std::string Credits() {
     const std::string indent = "      ";
     return "<b>Author:</b>\r" + indent + "Tolvar Quennick\r" + indent + build::kEmail + "\r" + indent +

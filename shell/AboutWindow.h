@@ -6,7 +6,7 @@
 #include "platform/Ref.h"
 #include "shell/InformationWindow.h"
 
-/// The About window, with credits or, in a compact form, without them.
+/// The About window. It has a compact form without the credits.
 class AboutWindow final : public InformationWindow {
   public:
     static AboutWindow& Instance() { return ImplicitInstance<AboutWindow>("AboutWindow.AboutWindow"); }
@@ -21,14 +21,14 @@ class AboutWindow final : public InformationWindow {
     void StatAppCopyright_Open() { ChooseFont<StaticText>("StatAppCopyright"); }
     bool RBIconCanvas_MouseDown(Int32 x, Int32 y);
     void RBIconCanvas_Paint(const Ref<Graphics>& g);
-    /// Shows a text in the credits field; its tags are applied if `markup`, else they are shown as text.
+    /// Shows a text in the credits field. Its tags are applied if `markup` is true, else shown literally.
     void SetCreditsFieldText(const std::string& text, bool markup);
 
     using Window::Show;
-    /// Fills and arranges the window anew, even if it is open, and brings it to the front.
+    /// Fills and lays out the window again, even if it is open, and brings it to the front.
     void Show(bool useCredits);
     void SetupWindow();
-    /// The program's version as the user reads it, "1.2.3b (45)".
+    /// Returns the program's version in the form "1.2.3b (45)".
     static std::string VersionString();
 
   private:

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Applies a tag, given without its brackets. `sizeBefore` is the text size before the latest <font>.
+/// Applies a tag, given without its brackets, to `style`. `sizeBefore` is the size before the latest <font>.
 void ApplyTag(const std::string& tag, TextStyle& style, Int32& sizeBefore) {
     const std::string key = NthField(tag, " ", 1);
     if (key == "b" || key == "/b") {

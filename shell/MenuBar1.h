@@ -3,10 +3,10 @@
 #include "platform/Menu.h"
 #include "platform/Ref.h"
 
-/// The program's only menu bar. A command goes to the handler that is registered under the item's name.
+/// The program's only menu bar. A chosen item calls the handler that is registered under the item's name.
 class MenuBar1 final : public MenuBar {
   public:
-    /// The one menu bar, built at the first call and kept to the end of the process.
+    /// Returns the menu bar. It is built at the first call and kept until the process ends.
     static Ref<MenuBar1> Instance();
 
     MenuBar1();

@@ -3,10 +3,10 @@
 #include "platform/Host.h"
 #include "platform/targets.h"
 
-/// Keeps the screen saver away while the count-down runs. Failures are not reported.
+/// Functions that inhibit the screen saver while the count-down runs. Failures are not reported.
 namespace ScreensaverUtilities {
 
-/// Switch the screen saver off at the start of a run and on again at its end.
+/// Disables the screen saver at the start of a count; EnableScreensaverWin enables it again at the end.
 inline void DisableScreensaverWin() {
     if constexpr (targets::kScreensaverIsSwitched) Host::Current().InhibitScreenSaver("A count-down is running");
 }
@@ -14,7 +14,7 @@ inline void EnableScreensaverWin() {
     if constexpr (targets::kScreensaverIsSwitched) Host::Current().ReleaseScreenSaver();
 }
 
-/// Reports activity of the user to the system. Called at every tick of a run.
+/// Reports user activity to the system. Called at every tick of a running count.
 inline void DelayScreensaverMac() { Host::Current().DelayScreenSaver(); }
 
 }  // namespace ScreensaverUtilities

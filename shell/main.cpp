@@ -11,7 +11,7 @@ void _InitFileTypes() { FileTypes::_Initialize(); }
 
 void _NewAppInstance() { RuntimeRegisterAppObject(std::make_unique<App>()); }
 
-// Empty, since every command is handled by the timer window.
+// Empty, because the timer window handles every command.
 void _ApplicationAddMenuHandlers() {}
 
 void _MakeDefaultView() { winMain::Instance(); }

@@ -10,7 +10,7 @@ void winHelp::Layout() {
     MaximizeButton(false);
 }
 
-// The field is one pixel larger than the window on each side, so that its border lies outside the window.
+// The field extends one pixel beyond each edge of the window, which hides the field's border.
 void winHelp::_CreateControls0() {
     auto& guide = AddTextView("EditField1", -1, -1, 402, 402, 0);
     guide.TextColor(RGB(0, 0, 0));

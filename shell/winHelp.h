@@ -2,7 +2,7 @@
 
 #include "shell/InformationWindow.h"
 
-/// The Help window: the user guide, in a field that fills the window.
+/// The Help window, which a text field with the user guide fills.
 class winHelp final : public InformationWindow {
   public:
     static winHelp& Instance() { return ImplicitInstance<winHelp>("winHelp.winHelp"); }

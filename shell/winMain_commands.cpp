@@ -9,7 +9,7 @@
 #include "shell/winHelp.h"
 #include "shell/winSet.h"
 
-// The caption is set in each enabling pass, not when the state changes.
+// The caption of TimerStart is updated only here, not when the state changes.
 void winMain::Event_EnableMenuItems() {
     if (IsDone) {
         TimerStart()->Text("Dismiss");
@@ -23,7 +23,7 @@ void winMain::Event_EnableMenuItems() {
     }
 }
 
-/// Shows a dialog over the timer window: as a sheet or, with fullscreen left meanwhile, modally.
+/// Shows a dialog over the timer window, as a sheet or modally. A modal dialog suspends fullscreen.
 void winMain::ShowDialog(Window& dialog) {
     if constexpr (targets::kModalDialogs) {
         const bool wasFullScreen = FullScreen();

@@ -10,10 +10,10 @@ namespace {
 constexpr Int32 kMaxMinutes = 60;
 constexpr Int32 kMaxSeconds = 59;
 
-/// The whole number in a field. A double, so that adding or subtracting one can't overflow.
+/// Returns the whole number in a field, as a double so that adding or subtracting 1 can't overflow.
 double Number(const EditField& field) { return ToInt32(Val(field.Text())); }
 
-/// A number as the fields show it, with at least two digits.
+/// Formats a number as the fields show it, with at least two digits.
 std::string Digits(double number) { return Format(number, "00"); }
 
 }  // namespace
@@ -30,7 +30,7 @@ void winSet::Layout() {
     MaximizeButton(false);
 }
 
-// Neither button is the window's cancel button: Escape does nothing.
+// Escape does nothing, because btnCancel isn't set as the window's cancel button.
 void winSet::_CreateControls0() {
     AddButton("btnOK", "Set", 220, 31, 60, 20, 3, [this] { btnOK_Action(); }).Default(true);
     AddButton("btnCancel", "Cancel", 148, 31, 60, 20, 4, [this] { btnCancel_Action(); });
@@ -62,13 +62,13 @@ void winSet::_CreateControls0() {
     label("StaticText2", "Sec", 73, 10, seconds);
 }
 
-// The fields show the time that was set, not what remains of it.
+// The fields show the time set last, not the remaining time.
 void winSet::Event_Open() {
     eMin().Text(Digits(winMain::Instance().SetMinutes));
     eSec().Text(Digits(winMain::Instance().SetSeconds));
 }
 
-// No bound applies here: whatever the fields hold is set.
+// The numbers are taken from the fields unchecked.
 void winSet::btnOK_Action() {
     auto& timer = winMain::Instance();
     timer.SetMinutes = ToInt32(Val(eMin().Text()));
@@ -124,7 +124,7 @@ bool winSet::eMin_KeyDown(const std::string& key) {
     return verdict != KeyVerdict::ToField;
 }
 
-// While the field of the minutes reads 60, no key reaches that of the seconds.
+// While the minutes are 60, every key in the seconds field is consumed.
 bool winSet::eSec_KeyDown(const std::string& key) {
     if (eMin().Text() == "60") {
         eSec().Text("00");

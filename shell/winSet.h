@@ -4,8 +4,8 @@
 
 #include "shell/Dialog.h"
 
-/// The Set Timer dialog: minutes and seconds, each a text field with arrows. The handlers read the numbers out
-/// of the fields. Of the timer it touches only the set time and the remaining one.
+/// The Set Timer dialog, with a text field and arrows each for minutes and seconds. Only the fields store the
+/// numbers. Of the timer's fields, OK changes only SetMinutes, SetSeconds and CurrentSeconds.
 class winSet final : public Dialog {
   public:
     static winSet& Instance() { return ImplicitInstance<winSet>("winSet.winSet"); }

@@ -20,7 +20,7 @@ namespace {
 using Pixels = std::vector<std::uint32_t>;
 using Frames = std::vector<Owned<AVFrame>>;
 
-/// Adds up the time that pieces of work take.
+/// Sums the run times of several pieces of work.
 class Stopwatch {
   public:
     template <class Work>
@@ -35,7 +35,7 @@ class Stopwatch {
     double seconds_ = 0;
 };
 
-/// Draws the pictures of a movie, some at a time.
+/// Draws the pictures of a movie in chunks.
 class Painter {
   public:
     explicit Painter(const MovieJob& job)
@@ -43,7 +43,7 @@ class Painter {
           next_(frames_.Count()),
           picture_(NewPicture(job.width, job.height, 32)) {}
 
-    /// Up to `count` pictures; none at the end.
+    /// Draws the next pictures, at most `count`. Returns none at the end.
     std::vector<Pixels> Next(Int32 count) {
         constexpr double kScale = 0.9;
         std::vector<Pixels> drawn;
@@ -84,7 +84,7 @@ class Converter {
 }  // namespace
 
 double RunEncoder(const MovieJob& job, EncoderInput input) {
-    constexpr Int32 kPixelsAtATime = 2 << 20;  // stay in the processor's cache, as in the job
+    constexpr Int32 kPixelsAtATime = 2 << 20;  // so few stay in the processor's cache, as in a real job
     Stopwatch stopwatch;
     Stopwatch untimed;
     Stopwatch& conversion = input == EncoderInput::Pictures ? stopwatch : untimed;

@@ -29,7 +29,7 @@ void ExpectFile(const MovieJob& job, RecordingHost& host) {
     host.chosenCompression = job.settings;
 }
 
-/// Handles events, as the program does, for as long as `holds`.
+/// Runs an event loop, as the program does, while `holds` returns true.
 void RunEventLoopWhile(const std::function<bool()>& holds) {
     constexpr std::chrono::milliseconds kPeriod(5);
     QEventLoop loop;

@@ -7,27 +7,27 @@
 
 class RecordingHost;
 
-/// A movie of a count-down.
+/// The parameters of a movie of a count-down.
 struct MovieJob {
     CompressionSettings settings;
     Int32 width;
     Int32 height;
-    /// Where the count begins, in seconds.
+    /// The time at which the count-down starts, in seconds.
     Int32 startTime;
     std::filesystem::path file;
 };
 
-// Each makes the movie and returns the seconds that this took.
+// The Run functions make the movie and return the elapsed time in seconds.
 
-/// As the Create Movie dialog does it, from the press of Start to the end of the worker.
+/// Uses the Create Movie dialog. Measures from the press of Start to the end of the worker.
 double RunDialog(const MovieJob& job, RecordingHost& host);
 
-/// The same pictures, but the first and the last pixel change from frame to frame, so that the movie layer
-/// can't reuse anything of the picture before.
+/// Draws the same pictures as the dialog, but alters the first and the last pixel in every frame, so that the
+/// movie layer can't reuse any part of the previous picture.
 double RunDistinct(const MovieJob& job, RecordingHost& host);
 
-/// What is measured: the encoding of drawn pictures with their conversion, or of converted frames alone.
+/// The input of the measured encoding: pictures, which are converted first, or frames already converted.
 enum class EncoderInput { Pictures, Frames };
 
-/// The encoder and the file alone, on one thread. Every frame is encoded, equal or not.
+/// Uses only the encoder and the file, on one thread. Encodes even a frame equal to the previous frame.
 double RunEncoder(const MovieJob& job, EncoderInput input);

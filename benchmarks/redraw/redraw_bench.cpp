@@ -10,7 +10,7 @@
 #include "platform/Graphics.h"
 #include "platform/Picture.h"
 
-// Redraw beside the same picture drawn with cairo, and beside a plain fill of the surface.
+// Compares Redraw with drawing the same picture with cairo and with merely filling the surface.
 
 namespace {
 
@@ -34,7 +34,7 @@ void DrawMark(cairo_t& context, double cx, double cy, double diameter, int i) {
     cairo_stroke(&context);
 }
 
-/// The picture that Redraw makes of the default colours, without icon and text.
+/// Draws the same picture as Redraw with the default colours, without icon and text.
 void DrawClockWithCairo(cairo_t& context, int width, int height, int seconds, double scale) {
     constexpr double kCircle = 2 * std::numbers::pi;
     constexpr double kGrey = 0x9F / 255.0;

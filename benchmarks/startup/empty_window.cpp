@@ -3,8 +3,8 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QWidget>
 
-// The least that a Qt program can be: a window of the timer's size and colour with nothing in it. With any
-// argument it has as many menus as the timer's, which is the least that a program with menus can be.
+// A minimal Qt program for comparison: an empty window of the timer's size and colour. With any argument, the
+// window also has as many menus as the timer window, each with a single item.
 int main(int argc, char** argv) {
     QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     const QApplication application(argc, argv);

@@ -9,7 +9,7 @@
 #include "shell/App.h"
 #include "tests/support/RecordingHost.h"
 
-/// The program brought up without a desktop, for a benchmark to drive: file types, application object, timer window.
+/// Starts the program without a desktop, for a benchmark: file types, application object and timer window.
 class ProgramOffscreen {
   public:
     explicit ProgramOffscreen(char* program) : host(BringUp(program)) {

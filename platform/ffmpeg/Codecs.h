@@ -3,7 +3,7 @@
 #include "platform/MovieLibrary.h"
 #include "platform/ffmpeg/Ffmpeg.h"
 
-/// What a quality from 0 to 100 means to an encoder: a value from `least` to `best`, in the encoder's unit.
+/// Maps a quality from 0 to 100 to the encoder's own parameter, which runs from `least` to `best`.
 struct QualityScale {
     enum class Unit { None, RateFactor, Quantiser };
     Unit unit = Unit::None;
@@ -11,20 +11,20 @@ struct QualityScale {
     double best = 0;
 };
 
-/// How a codec stores colours. A reader that assumes another coding shows false colours.
+/// The colour range and matrix of stored pixels. A reader that assumes others shows false colours.
 struct ColourCoding {
     AVColorRange range;
     AVColorSpace matrix;
 };
 inline constexpr ColourCoding kRgb{AVCOL_RANGE_JPEG, AVCOL_SPC_RGB};
 
-/// How pixels are stored in memory.
+/// The pixel format of frames in memory and their colour coding.
 struct PixelLayout {
     AVPixelFormat format;
     ColourCoding colours;
 };
 
-/// How frames are stored whose sides aren't multiples of these steps.
+/// The format used instead of the codec's layout when width or height isn't a multiple of its step.
 struct OtherSizes {
     int widthStep = 1;
     int heightStep = 1;
@@ -32,30 +32,30 @@ struct OtherSizes {
     SizeSupport support = SizeSupport::Full;
 };
 
-/// All that is peculiar to a codec.
+/// The properties that distinguish one codec from another.
 struct Codec {
     MovieCodec id;
-    std::uint32_t tag;    ///< the type of the sample entry in the file, four characters
-    const char* name;     ///< what the user sees
-    const char* encoder;  ///< its name in FFmpeg
+    std::uint32_t tag;    ///< the four-character type of the sample entry in the file
+    const char* name;     ///< as the user sees it
+    const char* encoder;  ///< FFmpeg's name of the encoder
     PixelLayout layout;
     OtherSizes otherSizes = {};
     QualityScale quality = {};
-    /// The encoder's own options: "name=value,name=value".
+    /// Private options of the encoder, as "name=value,name=value".
     const char* options = "";
-    /// The largest term of the fractions that the encoder takes as frame rates.
+    /// The largest numerator or denominator that the encoder takes in a frame rate.
     int rateLimit = 1001000;
-    /// The most frames from one key frame to the next. 1 if every frame is encoded on its own.
+    /// The largest distance between key frames, in frames. It is 1 if every frame is a key frame.
     int keyFrameLimit = 1;
 
-    /// Whether every packet is a whole picture, so that it may be written again for an equal frame.
+    /// Returns whether every frame is a key frame. A packet can then be repeated for an equal frame.
     bool IsIntraOnly() const { return keyFrameLimit == 1; }
-    /// Frames from one key frame to the next.
+    /// Returns the distance between key frames, in frames.
     int KeyFrameDistance(double framesPerSecond) const;
     bool IsOtherSize(int width, int height) const {
         return width % otherSizes.widthStep != 0 || height % otherSizes.heightStep != 0;
     }
-    /// How frames of that size are encoded.
+    /// Returns the layout in which frames of that size are encoded.
     PixelLayout LayoutFor(int width, int height) const {
         return {IsOtherSize(width, height) ? otherSizes.format : layout.format, layout.colours};
     }
@@ -63,5 +63,5 @@ struct Codec {
 
 const Codec& FindCodec(MovieCodec id);
 
-/// See MovieLibrary::Codecs.
+/// Implements MovieLibrary::Codecs.
 std::vector<CodecChoice> InstalledCodecs();

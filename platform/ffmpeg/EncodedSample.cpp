@@ -34,7 +34,7 @@ RgbImage EncodedSample::DecodeFirst() const {
 
 std::optional<RgbImage> EncodePreview(const CompressionSettings& settings, const PixelView& image,
                                       const std::stop_token& stop) {
-    constexpr int kFrames = 8;  // an encoder spends more on a picture that those behind it repeat
+    constexpr int kFrames = 8;  // encoders spend more bits on a picture that later frames repeat
     EncodedSample sample(settings, image.width, image.height);
     for (int i = 0; i < kFrames; ++i) {
         if (stop.stop_requested()) return std::nullopt;

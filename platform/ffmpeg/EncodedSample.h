@@ -2,7 +2,7 @@
 
 #include "platform/ffmpeg/Encoder.h"
 
-/// A few frames, encoded in memory. Every failure throws.
+/// Encodes a few frames in memory. Every failure throws.
 class EncodedSample {
   public:
     EncodedSample(const CompressionSettings& settings, int width, int height);
@@ -10,11 +10,11 @@ class EncodedSample {
     void Add(std::span<const std::uint32_t> pixels) { encoder_.Write(frameMaker_.Convert(pixels)); }
     void Finish() { encoder_.Finish(); }
 
-    /// The size of the encoder's own header.
+    /// Returns the size of the codec's header (extradata) in bytes.
     int HeaderBytes() const { return encoder_.Context().extradata_size; }
-    /// After Finish: one packet for each frame, in the order of the frames.
+    /// Returns one packet for each frame, in the order of the frames. Call Finish first.
     std::span<const Owned<AVPacket>> Packets() const { return packets_; }
-    /// After Finish: the first frame as a player shows it.
+    /// Decodes the first frame, as a player would show it. Call Finish first.
     RgbImage DecodeFirst() const;
 
   private:
@@ -23,6 +23,6 @@ class EncodedSample {
     Encoder encoder_;
 };
 
-/// See MovieLibrary::EncodePreview. Every failure throws.
+/// Implements MovieLibrary::EncodePreview, except that every failure throws.
 std::optional<RgbImage> EncodePreview(const CompressionSettings& settings, const PixelView& image,
                                       const std::stop_token& stop);

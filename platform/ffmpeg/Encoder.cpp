@@ -9,7 +9,7 @@ void SetQuality(AVCodecContext& context, const QualityScale& scale, int quality)
     if (scale.unit == QualityScale::Unit::RateFactor)
         av_opt_set_double(context.priv_data, "crf", std::lerp(scale.least, scale.best, part), 0);
     if (scale.unit == QualityScale::Unit::Quantiser) {
-        // Equal steps of the quality are equal ratios of quantisers.
+        // Equal steps of quality correspond to equal ratios of quantisers.
         const double quantiser = scale.least * std::pow(scale.best / scale.least, part);
         context.flags |= AV_CODEC_FLAG_QSCALE;
         context.qmin = 1;
@@ -33,18 +33,18 @@ Encoder::Encoder(const CompressionSettings& settings, int width, int height, Sin
       received_(Own(av_packet_alloc())),
       packet_(Own(av_packet_alloc())) {
     constexpr const char* kStep = "opening the encoder";
-    constexpr int kSmallFrame = 640 * 480;  // sharing it between threads takes longer than encoding it
+    constexpr int kSmallFrame = 640 * 480;  // up to this size, a second thread costs more time than it saves
     const AVCodec* const encoder = avcodec_find_encoder_by_name(codec_.encoder);
     Require(encoder != nullptr, AVERROR_ENCODER_NOT_FOUND, kStep);
     context_ = Own(avcodec_alloc_context3(encoder));
     context_->width = width;
     context_->height = height;
     context_->pix_fmt = codec_.LayoutFor(width, height).format;
-    context_->thread_count = width * height <= kSmallFrame ? 1 : 2;  // each holds frames in memory
+    context_->thread_count = width * height <= kSmallFrame ? 1 : 2;  // each thread holds frames in memory
     context_->framerate = ExactRate(settings.frameRate, codec_.rateLimit);
     context_->time_base = av_inv_q(context_->framerate);
     context_->gop_size = codec_.KeyFrameDistance(settings.frameRate);
-    context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // the codec's header stands in the container only
+    context_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;  // write the codec's header to the container only
     SetColours(*context_, codec_.layout.colours);
     SetQuality(*context_, codec_.quality, settings.quality);
     AVDictionary* options = nullptr;
@@ -52,7 +52,7 @@ Encoder::Encoder(const CompressionSettings& settings, int width, int height, Sin
     const int result = avcodec_open2(context_.get(), encoder, &options);
     av_dict_free(&options);
     Check(result, kStep);
-    context_->codec_tag = codec_.tag;  // some encoders have set one that isn't QuickTime's
+    context_->codec_tag = codec_.tag;  // some encoders set a tag that isn't QuickTime's
 }
 
 void Encoder::Write(NextFrame next) {
@@ -64,7 +64,7 @@ void Encoder::Write(NextFrame next) {
     }
     if (frame) frame_ = std::move(*frame);
     frame_->pts = framesSent_++;
-    frame_->quality = context_->global_quality;  // encoders look here for a fixed quantiser
+    frame_->quality = context_->global_quality;  // encoders read a fixed quantiser from the frame
     copies_.push_back(1);
     Send(frame_.get());
 }

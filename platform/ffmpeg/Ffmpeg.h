@@ -13,7 +13,7 @@ extern "C" {
 }
 
 struct Freer {
-    /// A context that reads a file.
+    /// Closes a context that was opened for reading.
     void operator()(AVFormatContext* context) const { avformat_close_input(&context); }
     void operator()(AVIOContext* stream) const {
         av_freep(static_cast<void*>(&stream->buffer));
@@ -26,26 +26,26 @@ struct Freer {
     void operator()(SwsContext* context) const { sws_freeContext(context); }
 };
 
-/// The only owner of an object of FFmpeg's.
+/// Owns an FFmpeg object exclusively and frees it.
 template <class T>
 using Owned = std::unique_ptr<T, Freer>;
 
-// A failure is FFmpeg's negative code, or AVERROR(errno), until one of these turns it into an exception.
+// The functions below turn an error code, which is FFmpeg's own or AVERROR(errno), into an exception.
 
-/// Throws std::runtime_error with the step and the reason as its text.
+/// Throws std::runtime_error whose text is the step and the reason.
 [[noreturn]] void Fail(int error, const char* step);
 
-/// Fails when `result` is the code of a failure.
+/// Throws as Fail does if `result` is an error code, i.e. negative.
 inline void Check(int result, const char* step) {
     if (result < 0) Fail(result, step);
 }
 
-/// Fails with the code `error` unless `holds`.
+/// Throws as Fail does, with the code `error`, unless `holds`.
 inline void Require(bool holds, int error, const char* step) {
     if (!holds) Fail(error, step);
 }
 
-/// Owns an object that was just allocated. Throws when it is nil, for want of memory.
+/// Takes ownership of a newly allocated object. Throws if it is nil, which means out of memory.
 template <class T>
 Owned<T> Own(T* object) {
     Require(object != nullptr, AVERROR(ENOMEM), "allocating");

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// What `work` gives, or nothing when it fails.
+/// Returns the result of `work`, or an empty value if it throws.
 template <class Work>
 auto ResultOrEmpty(const Work& work) noexcept -> decltype(work()) {
     try {
@@ -15,7 +15,7 @@ auto ResultOrEmpty(const Work& work) noexcept -> decltype(work()) {
     }
 }
 
-/// The module's boundary: nothing is thrown across it, and only `pictureAt` calls back into the program.
+/// The boundary of the module. No exception crosses it. Only `pictureAt` calls back into the program.
 class FfmpegLibrary final : public MovieLibrary {
   public:
     std::vector<CodecChoice> Codecs() const noexcept override { return ResultOrEmpty(InstalledCodecs); }
@@ -46,7 +46,7 @@ class FfmpegLibrary final : public MovieLibrary {
 }  // namespace
 
 [[gnu::visibility("default")]] const MovieLibrary* MovieLibraryOfModule() {
-    av_log_set_level(AV_LOG_QUIET);  // FFmpeg's messages are of no use to whoever started the program
+    av_log_set_level(AV_LOG_QUIET);  // FFmpeg's messages would not help the user
     static const FfmpegLibrary library;
     return &library;
 }

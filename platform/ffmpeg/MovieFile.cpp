@@ -15,19 +15,19 @@ constexpr int kFramesInFragment = 60;
 int Open(const std::filesystem::path& path) {
     constexpr const char* kStep = "making the file";
     constexpr mode_t kForAll = 0666;
-    // Opening something like a pipe could block for ever.
+    // Opening a pipe or a device could block forever.
     std::error_code ignored;
     const auto present = std::filesystem::status(path, ignored);
     Require(!exists(present) || is_regular_file(present), AVERROR(EINVAL), kStep);
-    // O_RDWR, because posix_fallocate reads the file where the file system can't reserve room.
+    // posix_fallocate reads the file (hence O_RDWR) if the file system can't preallocate.
     const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, kForAll);
     Require(descriptor >= 0, AVERROR(errno), kStep);
     return descriptor;
 }
 
-/// Ticks per second of a track in which each frame lasts a whole number of them.
+/// Returns a time scale (ticks per second) at which each frame lasts a whole number of ticks.
 int Timescale(AVRational framesPerSecond) {
-    // Some readers round to a 600th of a second, so no track is coarser, as long as its ticks fit 32 bits.
+    // Some readers round times to 1/600 s, so the scale is at least 600 unless ticks would overflow 32 bits.
     constexpr std::int64_t kUsual = 600;
     constexpr std::int64_t kFramesOfALongMovie = 60 * 60 * 30 + 1;
     constexpr std::int64_t kMostTicks = std::numeric_limits<std::int32_t>::max();
@@ -41,7 +41,7 @@ int Timescale(AVRational framesPerSecond) {
 
 ReservedFile::ReservedFile(const std::filesystem::path& path) : descriptor_(Open(path)) {
     constexpr int kBufferSize = 1 << 18;
-    // "auto", because the bytes are const from FFmpeg 7 on.
+    // `bytes` is auto because FFmpeg 7 made its type a pointer to const.
     const auto write = [](void* file, auto* bytes, int count) {
         return static_cast<ReservedFile*>(file)->Write(bytes, count);
     };
@@ -78,7 +78,7 @@ int ReservedFile::Release() {
     return isTruncated && isClosed ? 0 : AVERROR(errno);
 }
 
-// A failure is kept here, because a stream that knows of it would refuse all that follows, the index too.
+// Hides a failure from the stream, which would otherwise refuse all later writes, even those of the index.
 int ReservedFile::Write(const std::uint8_t* bytes, int count) {
     for (int written = 0; written < count;) {
         const auto rest = static_cast<std::size_t>(count - written);
@@ -145,7 +145,7 @@ void MovieFile::Finish() {
     constexpr const char* kStep = "writing the index";
     if (!hasHeader_) {
         file_.Reserve(RoomForHeaders());
-        // Without packets the muxer writes the track only with "empty_moov".
+        // If there are no packets, the muxer omits the track unless "empty_moov" is set.
         av_opt_set(context_->priv_data, "movflags", "empty_moov", 0);
         WriteHeader();
     }
@@ -154,17 +154,17 @@ void MovieFile::Finish() {
     file_.Close();
 }
 
-// FFmpeg 5.1 and 7.1 write up to 790 bytes besides the encoder's own header, and nearly twice as much is
-// safe. A fragmented file has them twice, at its beginning and at its end.
+// FFmpeg 5.1 and 7.1 write up to 790 bytes besides the codec's header; 1536 leaves a safety margin. A
+// fragmented file has the headers twice, at its beginning and at its end.
 std::int64_t MovieFile::RoomForHeaders() const {
     constexpr std::int64_t kHeadersAndIndex = 1536;
     return (isFragmented_ ? 2 : 1) * (kHeadersAndIndex + stream_->codecpar->extradata_size);
 }
 
-// In the index a frame takes 4 bytes for its size, and 4 for its number if it is a key frame; in a fragment, 4 each
-// for duration, size, flags and offset. A fragment takes 120 bytes and 20 in the index, so less than 256. There is
-// one for each 60 frames and for each 64 KB, so a frame pays 256 / 60 bytes, and each 256 bytes of a packet pay one.
-// That covers the index of a file without fragments, too. The 3 are for what the divisions round off.
+// The index has 4 bytes for a frame's size and, for a key frame, 4 for its number. A fragment has 4 bytes
+// each for a frame's duration, size, flags and offset, and an overhead below 256 bytes. It ends after 60
+// frames or 64 KB, so 256 / 60 bytes are added for each frame, and 1 byte for each 256 bytes of its packet.
+// The sum also covers the index of an unfragmented file. 3 spare bytes offset the rounding of the divisions.
 std::int64_t MovieFile::RoomFor(const AVPacket& packet) const {
     constexpr int kFragmentHeaders = 256;
     constexpr int kInIndex = 4 + 4 + 3;

@@ -5,29 +5,29 @@
 
 #include "platform/ffmpeg/Ffmpeg.h"
 
-/// A file that is being written, with room reserved for what follows: by the file system or, where it can't
-/// do that, by writing zeros. So neither the disk nor a quota fills up in the middle of a write, except where
-/// reserving is no promise, as on a network drive that reports a full disk only when the file is closed.
+/// A file open for writing whose disk space is preallocated, so that no write fails for lack of space or
+/// quota. Where the file system can't preallocate, zeros are written instead. Preallocation guarantees
+/// nothing on some drives, such as network drives that report a full disk only when the file is closed.
 class ReservedFile {
   public:
-    /// Creates the file, or empties the one that is there. Throws for anything but a plain file.
+    /// Creates the file or truncates an existing one. Throws if the path names anything but a regular file.
     explicit ReservedFile(const std::filesystem::path& path);
-    /// Closes the file as it is.
+    /// Closes the file as Close does, but ignores errors.
     ~ReservedFile() { Release(); }
 
-    /// Reserves so many more bytes. Throws when there is no room for them.
+    /// Preallocates `bytes` more bytes. Throws if there is no space for them.
     void Reserve(std::int64_t bytes);
 
-    /// What FFmpeg writes through. A failed write is reported by Flush only.
+    /// Returns the stream for FFmpeg to write to; the file owns it. Only Flush reports a failed write.
     AVIOContext* Stream() { return stream_.get(); }
-    /// Throws when a write has failed since the last call.
+    /// Flushes the stream. Throws if a write has failed since the last call.
     void Flush(const char* step);
 
-    /// Gives back the reserved room that was not needed, and closes the file. Throws when that fails.
+    /// Truncates the file to what was written and closes it. Throws if that fails.
     void Close() { Check(Release(), "closing the file"); }
 
   private:
-    // These return the code of a failure, or at least 0.
+    // These return a negative error code on failure.
     int Extend(std::int64_t end);
     int Release();
     int Write(const std::uint8_t* bytes, int count);
@@ -39,33 +39,33 @@ class ReservedFile {
     std::int64_t size_ = 0;
     std::int64_t needed_ = 0;
     std::int64_t reserved_ = 0;
-    int error_ = 0;  ///< the code of the first failed write, or 0
+    int error_ = 0;  ///< the error code of the first failed write, or 0
 };
 
-/// A QuickTime file with one video track that is being written. One thread at a time. Every failure throws;
-/// what was written before still becomes a movie. A killed process leaves a movie without its latest 60
-/// frames or 64 KB; with FFmpeg before 7.1, it leaves a file without an index.
+/// Writes a QuickTime file with one video track. Not thread-safe. Every failure throws, and Finish can then
+/// still make a movie of the earlier frames. If the process is killed, the movie lacks at most its latest 60
+/// frames or 64 KB; with FFmpeg before 7.1, the file lacks its index.
 class MovieFile {
   public:
-    /// Creates the file, or empties the one that is there.
+    /// Creates the file or truncates an existing one.
     explicit MovieFile(const std::filesystem::path& path);
-    /// Closes the file as it is.
+    /// Closes the file. Unless Finish was called, the file is left without a final index.
     ~MovieFile();
 
-    /// Describes the track, before its packets.
+    /// Adds the track. Must precede its packets.
     void AddTrack(const AVCodecContext& encoder, AVRational framesPerSecond);
     bool HasTrack() const { return stream_ != nullptr; }
 
-    /// `packet` has its times in frames. Packets come in the order in which they are shown.
+    /// Appends a packet whose time stamps are in frames. Packets must come in display order.
     void Write(const AVPacket& packet);
-    /// Makes a movie of all that was written to the track, and closes the file.
+    /// Writes the index of all packets written so far and closes the file.
     void Finish();
 
   private:
     void WriteHeader();
-    /// The most bytes that the headers and the index take without any frame.
+    /// Returns an upper bound of the bytes that the headers and an empty index take.
     std::int64_t RoomForHeaders() const;
-    /// The most bytes that a packet takes, with its part of the index.
+    /// Returns an upper bound of the bytes that a packet and its index entry take.
     std::int64_t RoomFor(const AVPacket& packet) const;
 
     ReservedFile file_;

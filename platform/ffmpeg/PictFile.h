@@ -2,5 +2,5 @@
 
 #include "platform/MovieLibrary.h"
 
-/// The image in a PICT file. Throws when the file can't be read or isn't one.
+/// Decodes a PICT file. Throws if it can't be read or isn't a PICT file.
 RgbImage ReadPictFile(const std::filesystem::path& file);

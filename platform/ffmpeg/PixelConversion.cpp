@@ -10,7 +10,7 @@ const int* Coefficients(const PixelLayout& layout) { return sws_getCoefficients(
 int IsFullRange(const PixelLayout& layout) { return layout.colours.range == AVCOL_RANGE_JPEG ? 1 : 0; }
 
 Owned<SwsContext> MakeConverter(int width, int height, const PixelLayout& from, const PixelLayout& to) {
-    // This is the most exact of swscale's methods, and the fastest.
+    // Of swscale's methods, this one is both the most exact and the fastest.
     constexpr int kMethod = SWS_AREA | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INP;
     constexpr int kUnchanged = 1 << 16;
     Owned<SwsContext> converter =
@@ -20,7 +20,7 @@ Owned<SwsContext> MakeConverter(int width, int height, const PixelLayout& from, 
     return converter;
 }
 
-/// The height of bands that divide a frame evenly, in whole pairs of rows, which may share their colours.
+/// Returns an even band height (chroma may be shared by two rows) that divides `height`, or `height`.
 int BandHeight(int height) {
     constexpr int kLeast = 16;
     for (int band = kLeast; band < height; band += 2)
@@ -50,7 +50,7 @@ NextFrame FrameMaker::Convert(std::span<const std::uint32_t> pixels) {
     return Own(av_frame_clone(&frame));
 }
 
-// To allocate each frame anew would take longer, because the system provides its memory page by page.
+// Frames are reused, because touching newly allocated memory causes a page fault for each page.
 AVFrame& FrameMaker::UnusedFrame() {
     for (const Owned<AVFrame>& frame : frames_)
         if (av_frame_is_writable(frame.get()) > 0) return *frame;
@@ -64,7 +64,7 @@ AVFrame& FrameMaker::UnusedFrame() {
     return frame;
 }
 
-// To compare two pictures takes a fraction of the time that the conversion of one takes.
+// Comparing two pictures takes a fraction of the time of converting one.
 std::pair<int, int> FrameMaker::ChangedRows(std::span<const std::uint32_t> pixels) const {
     int first = 0;
     int end = height_;

@@ -5,28 +5,28 @@
 
 #include "platform/ffmpeg/Codecs.h"
 
-/// Stands for a frame that is equal to the one before it.
+/// Stands for a frame that equals the previous frame.
 struct SameFrame {};
 
-/// The next frame of a movie. Nobody may write to its pixels.
+/// The next frame of a movie. Its pixels are shared and read-only.
 using NextFrame = std::variant<SameFrame, Owned<AVFrame>>;
 
-/// Makes frames for one codec from pictures of one size. Rows that haven't changed since the picture before
-/// aren't converted again: little of a clock changes from one second to the next.
+/// Converts pictures of one size into frames for one codec. Only bands of rows that have changed since the
+/// previous picture are converted, because little of a clock changes from one second to the next.
 class FrameMaker {
   public:
     FrameMaker(const Codec& codec, int width, int height);
 
-    /// A frame of the next picture's pixels: 0xFFRRGGBB, row by row without padding. Every failure throws.
+    /// Converts the next picture, given as 0xFFRRGGBB, row by row without padding. Every failure throws.
     NextFrame Convert(std::span<const std::uint32_t> pixels);
 
   private:
-    /// The first row that differs from the picture before, and the row behind the last one.
+    /// Returns the first row that differs from the previous picture, and the row after the last such row.
     std::pair<int, int> ChangedRows(std::span<const std::uint32_t> pixels) const;
-    /// A frame that nobody holds any more. The newest one is always held, by newest_.
+    /// Returns a frame to which no reference is left, allocating one if need be.
     AVFrame& UnusedFrame();
     void ConvertBand(AVFrame& frame, int row);
-    /// The index of a row's first pixel.
+    /// Returns the index of a row's first pixel.
     std::size_t At(int row) const { return static_cast<std::size_t>(row) * static_cast<std::size_t>(width_); }
 
     PixelLayout layout_;
@@ -39,5 +39,5 @@ class FrameMaker {
     Owned<AVFrame> newest_;
 };
 
-/// A decoded frame as an image. Every failure throws.
+/// Converts a decoded frame to an RGB image. Every failure throws.
 RgbImage ToRgbImage(const AVFrame& frame);

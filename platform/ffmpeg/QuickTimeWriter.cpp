@@ -13,9 +13,9 @@
 
 namespace {
 
-/// Throws when a QuickTime file can't have such a track.
+/// Throws if a QuickTime file can't hold a track of that frame size and rate.
 void CheckTrack(int width, int height, double frameRate) {
-    constexpr int kLongestSide = 0xFFFF;  // two bytes in a sample entry
+    constexpr int kLongestSide = 0xFFFF;  // a sample entry stores a side in 16 bits
     const AVRational rate = ExactRate(frameRate);
     const bool isPossible =
         width <= kLongestSide && height <= kLongestSide && rate.num > 0 && rate.den > 0 &&
@@ -27,12 +27,12 @@ void Report(const std::filesystem::path& movie, const std::exception& failure) {
     std::fprintf(stderr, "%s: %s\n", movie.c_str(), failure.what());
 }
 
-/// Frames on their way from the thread that draws to the one that encodes.
+/// A bounded queue of frames from the drawing thread to the encoding thread.
 class FrameQueue {
   public:
-    /// Waits while the queue is full.
+    /// Appends a frame, waiting while the queue is full. Drops the frame if the queue is abandoned.
     void Push(NextFrame frame) {
-        // Keeps both sides busy while one is late. A frame of 1920 x 1080 pixels has up to 12 megabytes.
+        // 4 frames keep both threads busy when one is late. A frame of 1920 x 1080 takes up to 12 MB.
         constexpr std::size_t kCapacity = 4;
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [this] { return frames_.size() < kCapacity || isAbandoned_; });
@@ -41,7 +41,7 @@ class FrameQueue {
         changed_.notify_one();
     }
 
-    /// Waits while the queue is empty. Nothing once it is abandoned, or empty and `end` was requested.
+    /// Removes a frame, waiting for one. Returns nullopt if none is left after `end` or Abandon.
     std::optional<NextFrame> Pop(const std::stop_token& end) {
         std::unique_lock lock(mutex_);
         changed_.wait(lock, end, [this] { return !frames_.empty() || isAbandoned_; });
@@ -52,7 +52,7 @@ class FrameQueue {
         return frame;
     }
 
-    /// Drops all frames from now on, so that nobody waits any more. False if it was abandoned before.
+    /// Drops all present and future frames and wakes every waiting thread. Returns false on repeated calls.
     bool Abandon() {
         const std::lock_guard lock(mutex_);
         frames_.clear();
@@ -68,14 +68,14 @@ class FrameQueue {
     std::atomic<bool> isAbandoned_ = false;
 };
 
-/// Encodes frames into a movie file, on a thread of its own from the first frame on. If that fails, one line
-/// on standard error says which file, at what step and why.
+/// Encodes frames into a movie file on a worker thread, which the first frame starts. The first failure is
+/// printed to stderr as one line: the file, the step and the reason.
 class QuickTimeWriter final : public MovieWriter {
   public:
     explicit QuickTimeWriter(const std::filesystem::path& path) : path_(path), file_(path) {}
 
     ~QuickTimeWriter() override {
-        if (saveOnClose_ && frameMaker_) Try([this] { StartEncoding(); });  // makes the track if no frame has
+        if (saveOnClose_ && frameMaker_) Try([this] { StartEncoding(); });  // creates an empty movie's track
         worker_ = std::jthread();
         if (saveOnClose_ && file_.HasTrack()) Try([this] { file_.Finish(); });
     }
@@ -111,7 +111,7 @@ class QuickTimeWriter final : public MovieWriter {
     }
 
   private:
-    /// Does a step of the work. Once one has failed, no more frames are taken.
+    /// Runs `step`. If it throws, reports the first such failure and abandons the queue.
     template <class Step>
     void Try(const Step& step) noexcept {
         try {

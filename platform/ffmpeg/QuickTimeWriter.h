@@ -2,5 +2,5 @@
 
 #include "platform/MovieLibrary.h"
 
-/// Writes a new QuickTime file over what is there. When that fails, says why on standard error and throws.
+/// Creates a QuickTime file or truncates an existing one. On failure, prints the reason to stderr and throws.
 std::shared_ptr<MovieWriter> CreateQuickTimeWriter(const std::filesystem::path& path);

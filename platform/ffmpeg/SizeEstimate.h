@@ -2,6 +2,6 @@
 
 #include "platform/MovieLibrary.h"
 
-/// See MovieLibrary::EstimateBytesPerSecond. Every failure throws.
+/// Implements MovieLibrary::EstimateBytesPerSecond, except that every failure throws.
 std::optional<double> EstimateBytesPerSecond(const CompressionSettings& settings, const MovieContent& movie,
                                              const std::stop_token& stop);

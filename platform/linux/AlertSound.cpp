@@ -10,7 +10,7 @@ namespace {
 struct Disconnect {
     void operator()(ca_context* context) const { ca_context_destroy(context); }
 };
-/// A connection to the session's sound service; nil where there is none. Calls through it may block.
+/// A connection to the session's sound service; nil if there is no service. Calls through it may block.
 using SoundService = std::unique_ptr<ca_context, Disconnect>;
 
 SoundService Connect(const std::string& applicationId, const std::string& name) {
@@ -22,7 +22,7 @@ SoundService Connect(const std::string& applicationId, const std::string& name) 
     return SoundService(context);
 }
 
-/// Begins the theme's sound (CA_PROP_EVENT_ID) or a file's (CA_PROP_MEDIA_FILENAME). False when it can't.
+/// Starts a theme sound (CA_PROP_EVENT_ID) or a sound file (CA_PROP_MEDIA_FILENAME). False on failure.
 bool Begin(const SoundService& service, const char* property, const std::string& value) {
     constexpr std::uint32_t kNoNumber = 0;
     return service && ca_context_play(service.get(), kNoNumber, property, value.c_str(), CA_PROP_MEDIA_ROLE, "event",
@@ -31,7 +31,7 @@ bool Begin(const SoundService& service, const char* property, const std::string&
 
 }  // namespace
 
-/// What the object shares with the thread that calls the service. There is one such thread at a time.
+/// The state shared with the thread that calls the service. Only one such thread runs at a time.
 struct AlertSound::Shared {
     const std::string applicationId;
     const std::string name;
@@ -46,7 +46,7 @@ struct AlertSound::Shared {
     void PlayOrRing() {
         if (!service) service = Connect(applicationId, name);
         const bool hasBegun = Begin(service, CA_PROP_EVENT_ID, "bell") || Begin(service, CA_PROP_MEDIA_FILENAME, file);
-        if (!hasBegun) service.reset();  // its connection may have broken
+        if (!hasBegun) service.reset();  // reconnect next time, because the connection may be broken
         const std::lock_guard lock(mutex);
         if (!hasBegun && !hasEnded) bell();
         isUnderWay = false;
@@ -65,7 +65,7 @@ AlertSound::~AlertSound() {
 void AlertSound::Play() {
     const std::lock_guard lock(shared_->mutex);
     if (shared_->isUnderWay) return shared_->bell();
-    // A sound service that hangs blocks its caller. Even if it never answers, the program can end.
+    // A hanging sound service blocks its caller. The thread is detached so that the program can still exit.
     std::thread([shared = shared_] { shared->PlayOrRing(); }).detach();
     shared_->isUnderWay = true;
 }

@@ -5,19 +5,19 @@
 #include <memory>
 #include <string>
 
-/// The alert sound of this session: the desktop theme's own, else the one in a file, else a bell.
+/// Plays an alert: the desktop theme's sound or, if that fails, a sound file or, if that fails too, a bell.
 class AlertSound {
   public:
     using Bell = std::function<void()>;
 
-    /// `applicationId` and `name` are what the desktop's volume control shows. `file` is a WAV file. `bell`
-    /// may be called on any thread, but not once the object has gone.
+    /// `applicationId` and `name` appear in the desktop's volume control. `file` is a WAV file. `bell` may be
+    /// called on any thread, but never after this object is destroyed.
     AlertSound(const std::string& applicationId, const std::string& name, const std::filesystem::path& file,
                const Bell& bell);
-    /// Doesn't wait for a sound that is still playing.
+    /// Returns without waiting for a sound that is still playing.
     ~AlertSound();
 
-    /// Plays the sound once; doesn't wait. If the sound before hasn't begun yet, the bell rings instead.
+    /// Plays the sound once, without waiting. Rings the bell if the previous sound hasn't begun yet.
     void Play();
 
   private:

@@ -7,10 +7,10 @@
 #include <functional>
 #include <limits>
 
-/// Calls a method over the session bus and doesn't wait. `done` gets the answer, which may be an error,
-/// however late it comes, as long as the application object lives.
+/// Calls a method asynchronously over the session bus. `done` receives the reply or error, however late it
+/// comes, unless the application object is destroyed first.
 inline void CallOverDBus(const QDBusMessage& call, const std::function<void(const QDBusMessage& answer)>& done) {
-    // After a timeout Qt would discard a late answer, and what it grants could never be given back.
+    // After a timeout, Qt would discard a late reply, so whatever it grants could never be released.
     constexpr int kForever = std::numeric_limits<int>::max();
     auto* const pending = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, kForever), qApp);
     QObject::connect(pending, &QDBusPendingCallWatcher::finished, pending, [pending, done] {

@@ -12,11 +12,11 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// What a service wants to be told, and what it grants.
+/// The arguments of Inhibit that a service expects, and its reply.
 enum class Protocol {
-    Saver,    ///< (application, reason), grants a cookie
-    Session,  ///< (application, window, reason, flags), grants a cookie
-    Portal,   ///< (window, flags, options), grants a request object, which is closed in the end
+    Saver,    ///< (application, reason) returns a cookie
+    Session,  ///< (application, window, reason, flags) returns a cookie
+    Portal,   ///< (window, flags, options) returns the path of a request object, to be closed
 };
 using enum Protocol;
 
@@ -25,8 +25,8 @@ struct Service {
     QLatin1StringView name, path, interface, release;
 };
 
-/// The portal is last: in a sandbox only it is called, elsewhere never. It grants whatever it is asked for,
-/// and its back ends only pass the call on to the services above.
+/// The last entry, the portal, is the only one called in a sandbox and isn't called elsewhere: it grants
+/// every request, and its back ends merely forward the call to the services above.
 constexpr Service kServices[] = {
     {Saver, "org.freedesktop.ScreenSaver"_L1, "/org/freedesktop/ScreenSaver"_L1, "org.freedesktop.ScreenSaver"_L1,
      "UnInhibit"_L1},
@@ -42,7 +42,7 @@ constexpr Service kServices[] = {
 
 constexpr auto kBus = "org.freedesktop.DBus"_L1;
 constexpr auto kBusPath = "/org/freedesktop/DBus"_L1;
-constexpr uint kIdle = 8;  // the flag of session managers and the portal: the session isn't to count as idle
+constexpr uint kIdle = 8;  // the flag that inhibits idleness in session managers and the portal
 constexpr uint kNoWindow = 0;
 
 std::span<const Service> ServicesToAsk() {
@@ -63,7 +63,7 @@ bool IsGrant(const Service& service, const QDBusMessage& reply) {
     return reply.type() == QDBusMessage::ReplyMessage && reply.signature() == expected;
 }
 
-/// The call that gives a cookie, or the portal's request object, back to `owner`, which has granted it.
+/// Returns the call that releases a cookie, or the portal's request object, at `owner`, which granted it.
 QDBusMessage ReleaseCall(const Service& service, const QString& owner, const QVariant& cookie) {
     if (service.protocol == Portal) {
         const QString request = cookie.value<QDBusObjectPath>().path();
@@ -76,13 +76,13 @@ QDBusMessage ReleaseCall(const Service& service, const QString& owner, const QVa
 
 }  // namespace
 
-/// One inhibition, from Inhibit to Release. Lives until every service that was called has answered.
+/// One inhibition, from Inhibit to Release. It exists until every called service has replied.
 class DBusInhibitor::Inhibition : public std::enable_shared_from_this<Inhibition> {
   public:
     Inhibition(const std::string& applicationId, const std::string& reason)
         : application_(QString::fromStdString(applicationId)), reason_(QString::fromStdString(reason)) {
         watcher_.setConnection(QDBusConnection::sessionBus());
-        // A service that starts, or restarts, in the meantime knows nothing of the inhibition.
+        // A service that starts or restarts during the inhibition doesn't know of it.
         const auto askNew = [this](const QString& name, const QString&, const QString& owner) {
             if (owner.isEmpty() || hasEnded_) return;
             for (const Service& service : kServices)
@@ -92,10 +92,10 @@ class DBusInhibitor::Inhibition : public std::enable_shared_from_this<Inhibition
     }
 
     void Ask(const Service& service) {
-        // The portal may have to be started first. Its request object is known to no other service.
+        // Calling the portal by its well-known name starts it. No other service knows its request object.
         if (service.protocol == Portal) return AskOwner(service, service.name);
-        // A running service is called by its unique bus name, so that a release can't reach a successor that
-        // knows another cookie. The name is asked for first, because with Qt 6.8 a reply doesn't carry it.
+        // A running service is called by its unique bus name, so that a release never reaches a restarted
+        // service, whose cookies differ. The name is requested first, because Qt 6.8 omits it from replies.
         watcher_.addWatchedService(service.name);
         auto call = QDBusMessage::createMethodCall(kBus, kBusPath, kBus, u"GetNameOwner"_s);
         call << QString(service.name);
@@ -126,7 +126,7 @@ class DBusInhibitor::Inhibition : public std::enable_shared_from_this<Inhibition
     const QString reason_;
     QDBusServiceWatcher watcher_;
     bool hasEnded_ = false;
-    std::vector<QDBusMessage> releases_;  ///< the calls that give back what was granted
+    std::vector<QDBusMessage> releases_;  ///< the calls that release what was granted
 };
 
 DBusInhibitor::DBusInhibitor(std::string applicationId) : applicationId_(std::move(applicationId)) {}

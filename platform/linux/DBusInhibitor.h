@@ -3,16 +3,16 @@
 #include <memory>
 #include <string>
 
-/// Inhibits the desktop's screen saver through the services on the session bus. Several may dim or lock the screen, so
-/// each is called, even if it only starts later; in a sandbox only the portal is. No call waits for an answer, and
-/// without a service nothing happens. What a service grants is given back exactly once, however late it is granted:
-/// after Release, or after this object has gone, as long as the application object lives. For the main thread.
+/// Inhibits the screen saver through services on the session bus. Since several may dim or lock the screen,
+/// all are called, even those that start later; in a sandbox, only the portal is. No call waits for a reply.
+/// Without a service, nothing happens. While the application object exists, each grant is released exactly
+/// once, even if it comes after Release or after this object's destruction. Main thread only.
 class DBusInhibitor {
   public:
     explicit DBusInhibitor(std::string applicationId);
     ~DBusInhibitor();
 
-    /// The desktop may show the user the application and `reason`. Harmless when repeated, as is Release.
+    /// Repeated calls have no effect. The desktop may show the user `reason` and the application.
     void Inhibit(const std::string& reason);
     void Release();
 

@@ -10,7 +10,7 @@ const MovieLibrary& MovieLibrary::Installed() {
     static const MovieLibrary& opened = []() -> const MovieLibrary& {
         std::filesystem::path file = Application::ExecutableFile()->Path();
         file.replace_filename(MOVIE_MODULE);
-        // It is never closed, because some of its libraries crash then.
+        // The module is never closed, because some of its libraries crash when unloaded.
         void* const module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
         void* const entry = module ? dlsym(module, "MovieLibraryOfModule") : nullptr;
         if (entry) return *reinterpret_cast<decltype(&MovieLibraryOfModule)>(entry)();

@@ -6,7 +6,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Also the name of its interface.
+/// The name of both the service and its interface.
 constexpr auto kService = "org.freedesktop.Notifications"_L1;
 constexpr auto kPath = "/org/freedesktop/Notifications"_L1;
 
@@ -14,7 +14,7 @@ QDBusMessage CallTo(const QString& method) { return QDBusMessage::createMethodCa
 
 QDBusMessage NotifyCall(const QString& applicationId, const QString& name, const QString& text) {
     constexpr uint kReplacesNone = 0;
-    constexpr uchar kCritical = 2;  // it stays, also over another program's full screen
+    constexpr uchar kCritical = 2;  // stays visible, even over another program in fullscreen
     constexpr int kNeverExpires = 0;
     const QStringList actions{u"default"_s, u"Show"_s};
     const QVariantMap hints{{u"desktop-entry"_s, applicationId},
@@ -27,14 +27,14 @@ QDBusMessage NotifyCall(const QString& applicationId, const QString& name, const
 
 }  // namespace
 
-/// From Show to Withdraw. Lives until the service has answered.
+/// One notification, from Show to Withdraw. It exists at least until the service has replied.
 class ShownNotification final : public QObject, public std::enable_shared_from_this<ShownNotification> {
     Q_OBJECT
 
   public:
     explicit ShownNotification(std::function<void()> chosen) : chosen_(std::move(chosen)) {
         auto bus = QDBusConnection::sessionBus();
-        // From any sender: with a service's name, Qt would ask the bus for its owner, and wait.
+        // The sender is left empty, because Qt would block to look up the owner of a named service.
         bus.connect({}, kPath, kService, u"ActivationToken"_s, this, SLOT(KeepToken(uint, QString)));
         bus.connect({}, kPath, kService, u"ActionInvoked"_s, this, SLOT(Choose(uint)));
     }
@@ -57,11 +57,11 @@ class ShownNotification final : public QObject, public std::enable_shared_from_t
     }
 
   private:
-    /// Some services send one before the choice. Qt hands it to Wayland when a window is activated next.
+    /// Stores the activation token that some services send. Qt uses it at the next activation on Wayland.
     Q_SLOT void KeepToken(uint id, const QString& token) {
         if (id == id_ && !hasEnded_) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
     }
-    /// Calls `chosen_` later, because a window that comes to the front may destroy this object.
+    /// Queues the call of `chosen_`, because a window that comes to the front may destroy this object.
     Q_SLOT void Choose(uint id) {
         if (id == id_ && !hasEnded_) QMetaObject::invokeMethod(qApp, chosen_, Qt::QueuedConnection);
     }

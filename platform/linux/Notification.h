@@ -4,17 +4,17 @@
 #include <memory>
 #include <string>
 
-/// Shows one notification at a time by the desktop's service for them. No call waits for the service, and
-/// without one nothing happens. For the main thread.
+/// Shows one notification at a time through the desktop's notification service. No call waits for the
+/// service. Without a service, nothing happens. Main thread only.
 class Notification {
   public:
-    /// The desktop shows the name and the icon of the application.
+    /// The notification carries the application's `name` and icon.
     Notification(std::string applicationId, std::string name);
-    /// Withdraws it.
+    /// Withdraws the notification.
     ~Notification();
 
-    /// Shows a text; until Withdraw, no other is shown. `chosen` is called when the user chooses it; a window
-    /// that is activated then comes to the front.
+    /// Shows a notification; further calls do nothing until Withdraw. `chosen` is called when the user clicks
+    /// the notification, and may bring a window to the front by activating it.
     void Show(const std::string& text, const std::function<void()>& chosen);
     void Withdraw();
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Qt's connection to the X server, which lives as long as the application object; nil on any other platform.
+/// Returns Qt's connection to the X server, valid as long as the application object; nil without an X server.
 xcb_connection_t* Connection() {
     const auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
     auto* x11 = application ? application->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
@@ -22,7 +22,7 @@ void Suspend(xcb_connection_t* connection, bool on) {
 }  // namespace
 
 XServerSaver::XServerSaver() {
-    // By the first inhibition the answer has come, and needn't be waited for.
+    // Prefetching spares the first inhibition from waiting for the reply.
     if (auto* connection = Connection()) xcb_prefetch_extension_data(connection, &xcb_screensaver_id);
 }
 
@@ -31,10 +31,10 @@ XServerSaver::~XServerSaver() { Release(); }
 void XServerSaver::Inhibit() {
     auto* connection = Connection();
     if (suspended_ || !connection) return;
-    // A request to an extension that the server doesn't have would end the connection.
+    // A request to an extension that the server lacks would break the connection.
     const auto* extension = xcb_get_extension_data(connection, &xcb_screensaver_id);
     if (!extension || !extension->present) return;
-    // The protocol wants the version to be asked before anything else; suspending came with 1.1.
+    // The protocol requires a version query before other requests. Suspending needs version 1.1.
     xcb_discard_reply(connection, xcb_screensaver_query_version_unchecked(connection, 1, 1).sequence);
     Suspend(connection, true);
     suspended_ = true;
@@ -47,7 +47,7 @@ void XServerSaver::Release() {
 }
 
 void XServerSaver::Delay() {
-    // Shorter than any time-out that people set; at the pace of a clock's ticks it would only be traffic.
+    // The interval is shorter than any usual time-out. A request at every tick would only add traffic.
     constexpr std::chrono::seconds kInterval{10};
     const auto now = std::chrono::steady_clock::now();
     if (lastDelay_ && now - *lastDelay_ < kInterval) return;

@@ -3,17 +3,17 @@
 #include <chrono>
 #include <optional>
 
-/// The saver of the X server itself, with its display power management. Does nothing where there is none; no
-/// operation waits for the server. The application object must exist already and outlive this one.
+/// Controls the X server's own screen saver and display power management. Does nothing without an X server.
+/// No operation waits for the server. The application object must exist already and outlive this object.
 class XServerSaver {
   public:
     XServerSaver();
     ~XServerSaver();
 
-    /// Keeps the saver away until Release. Harmless when repeated, as is Release.
+    /// Suspends the saver until Release. Repeated calls have no effect.
     void Inhibit();
     void Release();
-    /// Counts as activity of the user. May be called at any rate; the server hears of it once in ten seconds.
+    /// Resets the saver's idle time. May be called at any rate: at most one request in 10 seconds is sent.
     void Delay();
 
   private:
