@@ -38,9 +38,9 @@ Color Darker(Color color, double amount) {
     return HSV(readColorHue(color), readColorSaturation(color), value);
 }
 
-/// The amount by which all HSV values are lowered while the button is pressed; half of it for the outline.
+/// The amount by which HSV values are lowered while the button is pressed. The outline uses half of it.
 constexpr double kPressed = 0.44;
-/// The amount by which the HSV value of each frame of the swatch is below that of its inside.
+/// The amount by which the HSV value of a frame of the swatch is lower than that of the area inside.
 constexpr double kFrameStep = 0.1;
 
 }  // namespace
@@ -224,7 +224,7 @@ void SmartColorWell::fillSwatch(::Graphics& g) const {
     g.FillRect(Margin, Margin, Width() - cShrink - 2 * Margin, Height() - cShrink - 2 * Margin);
 }
 
-// Makes the picture half transparent. In an active window, the swatch stays opaque unless AlsoDimColor.
+// Makes the picture half transparent. In an active window, the swatch is exempt unless AlsoDimColor is set.
 void SmartColorWell::dim(Picture& look) const {
     const Ref<::Graphics> mask = look.Mask(true)->Graphics();
     mask->ForeColor(RGB(128, 128, 128));

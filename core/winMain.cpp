@@ -13,7 +13,7 @@ void winMain::Layout() {
     MinSize(400, 150);
     Width(441);
     Height(229);
-    BackColor(RGB(0x9F, 0x9F, 0x9F));  // a constant, because only seen before the first paint
+    BackColor(RGB(0x9F, 0x9F, 0x9F));  // constant, because it is seen only before the first paint
 }
 
 void winMain::_CreateControls0() {

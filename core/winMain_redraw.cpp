@@ -11,7 +11,7 @@
 namespace {
 
 // A full turn of the clock and the direction of 12 o'clock, in radians. Both are multiples of 3.141529 rather
-// than of pi. The turn is invisibly short by 0.000127, and every angle of the picture is derived from it.
+// than of pi. The gap of 0.000127 to a full circle is invisible, and every angle is derived from these two.
 constexpr double kClockTurn = 6.283058;
 constexpr double kTop = 4.7122935;
 

@@ -21,8 +21,8 @@ class Dialog : public Window {
 /// The treatment of a key pressed in a field for a whole number.
 enum class KeyVerdict {
     ToField,    ///< the field handles the key
-    Swallowed,  ///< the key is ignored: a printable character, but not a digit
-    Refused     ///< the key is ignored: a digit that would make the number too large
+    Swallowed,  ///< the key is ignored, because it is a printable character but not a digit
+    Refused     ///< the key is ignored, because the digit would make the number too large
 };
 
 /// Judges a key pressed in a field for a number from 0 to `highest`. Control keys and non-ASCII characters go

@@ -29,5 +29,5 @@ class InformationWindow : public Window {
 /// text and affects all text after it. <b> and </b> switch bold on and off; <i> and </i> switch italic.
 /// <font size="14"> sets the size to the first quoted number, or to 0 if there is none. </font> restores the
 /// size before the latest <font>, or sets 0 if there was none. Other tags have no effect. Tags don't nest.
-/// Text from a "<" that no ">" follows to the end is plain text.
+/// If no ">" follows a "<", the "<" and the rest are plain text.
 StyledText ParseMarkup(std::string_view markup, Int32 baseSize);

@@ -2,7 +2,7 @@
 
 #include "shell/InformationWindow.h"
 
-/// The Help window, which a text field with the user guide fills.
+/// The Help window. It is filled by a text field with the user guide.
 class winHelp final : public InformationWindow {
   public:
     static winHelp& Instance() { return ImplicitInstance<winHelp>("winHelp.winHelp"); }

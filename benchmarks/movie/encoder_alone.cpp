@@ -84,7 +84,7 @@ class Converter {
 }  // namespace
 
 double RunEncoder(const MovieJob& job, EncoderInput input) {
-    constexpr Int32 kPixelsAtATime = 2 << 20;  // so few stay in the processor's cache, as in a real job
+    constexpr Int32 kPixelsAtATime = 2 << 20;  // few enough for the processor's cache, as in a real job
     Stopwatch stopwatch;
     Stopwatch untimed;
     Stopwatch& conversion = input == EncoderInput::Pictures ? stopwatch : untimed;

@@ -20,7 +20,7 @@ Owned<SwsContext> MakeConverter(int width, int height, const PixelLayout& from, 
     return converter;
 }
 
-/// Returns an even band height (chroma may be shared by two rows) that divides `height`, or `height`.
+/// Returns an even divisor of `height`, since two rows may share chroma samples; `height` if there is none.
 int BandHeight(int height) {
     constexpr int kLeast = 16;
     for (int band = kLeast; band < height; band += 2)

@@ -41,7 +41,7 @@ class FrameQueue {
         changed_.notify_one();
     }
 
-    /// Removes a frame, waiting for one. Returns nullopt if none is left after `end` or Abandon.
+    /// Takes a frame, waiting while there is none. Returns nullopt if `end` or Abandon ends the wait.
     std::optional<NextFrame> Pop(const std::stop_token& end) {
         std::unique_lock lock(mutex_);
         changed_.wait(lock, end, [this] { return !frames_.empty() || isAbandoned_; });

@@ -21,8 +21,8 @@ namespace {
 
 using Packets = std::span<const Owned<AVPacket>>;
 
-/// The frames to encode for an estimate. The movie's picture is taken to change once a second, or with every
-/// frame at lower rates. Each picture is encoded as a run of equal frames, as long as in the movie up to 10.
+/// The frames to encode for an estimate. The movie's picture is assumed to change once a second, or with
+/// every frame at lower rates. Each picture is encoded as often as it is shown, but at most 10 times (a run).
 struct Excerpt {
     static constexpr int kLongestRun = 10;
     double frames;  // the number of frames in the movie
@@ -59,7 +59,7 @@ double BytesOfPackets(const Excerpt& excerpt, Packets packets, int keyFrameDista
     const auto& [frames, rate, run, lastPart, count] = excerpt;
     const auto upTo = [rest = count - 1](int most) { return static_cast<std::size_t>(std::min(most, rest)); };
     const double mean = MeanBytes(packets.last(upTo(lastPart)));
-    const double repeat = MeanBytes(packets.last(upTo(run / 2)));  // half a run, all of it repeats
+    const double repeat = MeanBytes(packets.last(upTo(run / 2)));  // the end of a run has only repeats
     const double usual = rate > run ? (mean * run + repeat * (rate - run)) / rate : mean;
     const int head = std::min(keyFrameDistance, std::max(count - lastPart, 1));
     const double keyFrameExtra = SumOfBytes(packets.first(static_cast<std::size_t>(head))) - mean * head;

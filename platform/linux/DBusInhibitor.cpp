@@ -42,7 +42,7 @@ constexpr Service kServices[] = {
 
 constexpr auto kBus = "org.freedesktop.DBus"_L1;
 constexpr auto kBusPath = "/org/freedesktop/DBus"_L1;
-constexpr uint kIdle = 8;  // the flag that inhibits idleness in session managers and the portal
+constexpr uint kIdle = 8;  // flag of session managers and the portal: the session must not become idle
 constexpr uint kNoWindow = 0;
 
 std::span<const Service> ServicesToAsk() {
