@@ -77,7 +77,7 @@ class CanvasWidget final : public QWidget {
             Deliver([this] { owner_.Event_MouseDrag(pointer_.x(), pointer_.y()); });
             if (wasDragged_) Release(mapFromGlobal(QCursor::pos()));  // Qt sends no release after a drag
         } else if (event->buttons() == Qt::NoButton) {
-            // If a dialog that blocked the window took the release, delivers one outside of the canvas.
+            // A dialog that blocked the window may have swallowed the release: the press then ends outside.
             Release({-1, -1});
             pointer_ = PixelAt(event->position());
             Deliver(owner_.MouseMove, pointer_.x(), pointer_.y());

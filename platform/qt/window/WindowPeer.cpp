@@ -181,9 +181,9 @@ void WindowPeer::FrameChanged() {
 
 // Is called when fullscreen has ended or the request has timed out. The window manager restores the geometry
 // itself: to set the same geometry would end the maximised state, or could come before the title bar is back.
-// Only a different geometry, which the program has requested meanwhile, is set here.
+// Only a different geometry, which the program has requested meanwhile, is set here: again and again until the
+// time is over, because a slow window manager may restore the old one once more after the request.
 void WindowPeer::Settle() {
-    settling_.stop();
     if (fullScreen_ != FullScreen::Leaving) return;
     const bool isOther = placed_ && !insideBefore_.isNull() && placed_ != insideBefore_;
     if (isOther && isMaximized()) {  // on Wayland a maximised window can't be resized
@@ -191,7 +191,8 @@ void WindowPeer::Settle() {
         settling_.start(kPatience);
         return setWindowState(Qt::WindowNoState);
     }
-    fullScreen_ = FullScreen::Off;
+    if (!isOther) settling_.stop();
+    if (!settling_.isActive()) fullScreen_ = FullScreen::Off;
     if (placed_ && placed_ != geometry() && !isMaximized()) setGeometry(*placed_);
 }
 
