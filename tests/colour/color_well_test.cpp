@@ -1,12 +1,9 @@
 #include "colour/SmartColorWell.h"
 
-#include <gmock/gmock.h>
-
 #include <QtCore/QMimeData>
 #include <QtGui/QDropEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QPushButton>
-#include <vector>
 
 #include "colour/winPrefs.h"
 #include "platform/Controls.h"

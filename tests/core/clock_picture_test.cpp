@@ -1,5 +1,3 @@
-#include <algorithm>
-#include <cmath>
 #include <numbers>
 
 #include "platform/qt/drawing/Surfaces.h"

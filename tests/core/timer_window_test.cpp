@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include <QtGui/QAccessible>
 #include <QtWidgets/QMenuBar>
 

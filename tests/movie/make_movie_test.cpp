@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include <QtTest/QTest>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialogButtonBox>
@@ -7,12 +5,10 @@
 #include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSlider>
-#include <filesystem>
 
 #include "movie/FileTypes.h"
 #include "movie/FrameSequence.h"
 #include "movie/winMakeMovie.h"
-#include "platform/Application.h"
 #include "platform/Controls.h"
 #include "platform/Picture.h"
 #include "platform/Thread.h"

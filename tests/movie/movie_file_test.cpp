@@ -2,16 +2,9 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <limits>
-#include <string>
-#include <vector>
 
-#include "platform/EditableMovie.h"
 #include "platform/FolderItem.h"
 #include "platform/Graphics.h"
-#include "platform/MovieLibrary.h"
 #include "platform/Picture.h"
 #include "tests/support/Files.h"
 #include "tests/support/RecordingHost.h"

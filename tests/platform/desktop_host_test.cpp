@@ -11,10 +11,6 @@
 #include <QDBusObjectPath>
 #include <QDBusVirtualObject>
 #include <atomic>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/FolderItem.h"
 #include "platform/linux/AlertSound.h"

@@ -3,9 +3,6 @@
 #include <gtest/gtest.h>
 #include <locale.h>
 
-#include <limits>
-#include <string>
-
 static std::string decimalSeparator = ".", groupSeparator;
 
 // In place of the C library's, since a machine may have no other locale than "C".

@@ -8,11 +8,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPushButton>
-#include <functional>
-#include <stdexcept>
-#include <string>
 #include <thread>
-#include <vector>
 
 #include "platform/Canvas.h"
 #include "platform/Controls.h"

@@ -1,10 +1,6 @@
 #include "settings/Preferences.h"
 
-#include <gmock/gmock.h>
-
 #include <QtCore/QTimer>
-#include <string>
-#include <vector>
 
 #include "tests/support/Files.h"
 #include "tests/support/TimerWindowTest.h"

@@ -1,14 +1,10 @@
-#include <gmock/gmock.h>
-
 #include <QtGui/QScreen>
 #include <QtGui/QTextBlock>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTextEdit>
 #include <cstdlib>
-#include <filesystem>
 
-#include "platform/Graphics.h"
 #include "platform/qt/drawing/Surfaces.h"
 #include "shell/AboutWindow.h"
 #include "shell/InformationWindow.h"

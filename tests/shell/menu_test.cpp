@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include <QtGui/QAction>
 #include <QtWidgets/QMenuBar>
 #include <map>

@@ -1,8 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <QtTest/QTest>
 #include <QtWidgets/QLineEdit>
-#include <limits>
 
 #include "shell/winSet.h"
 #include "tests/support/TimerWindowTest.h"

@@ -6,8 +6,6 @@
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
-#include <functional>
-#include <stdexcept>
 
 #include "platform/Window.h"
 

@@ -1,12 +1,6 @@
 #pragma once
 
 #include <QtCore/QTemporaryDir>
-#include <filesystem>
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
 
 #include "platform/Color.h"
 #include "platform/EditableMovie.h"

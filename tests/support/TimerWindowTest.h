@@ -1,8 +1,6 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
+#include <gmock/gmock.h>
 
 #include "core/winMain.h"
 #include "shell/App.h"
