@@ -72,13 +72,8 @@ class ColorWellTest : public testing::Test {
     int ups = 0;
 };
 
-/// A place that shows a part of the look, and how red it is there.
-struct Part {
-    QPoint at;
-    int raised, pressed;
-    bool isSwatch;
-};
-const Part kParts[] = {
+/// Places that show the parts of the look, and how red it is there: raised, pressed. True: the swatch.
+const std::tuple<QPoint, int, int, bool> kParts[] = {
     {{0, 16}, 128, 71, false}, {{3, 31}, 128, 71, false},   {{1, 16}, 217, 105, false}, {{3, 1}, 252, 140, false},
     {{3, 2}, 237, 125, false}, {{28, 30}, 242, 130, false}, {{3, 6}, 230, 117, false},  {{28, 25}, 255, 143, false},
     {{26, 16}, 45, 11, true},  {{25, 16}, 52, 19, true},    {{16, 25}, 60, 26, true},   {{16, 6}, 52, 19, true},
@@ -127,11 +122,7 @@ TEST_F(ColorWellTest, ThePressedLookFollowsThePointerAReleaseInsidePicksAndItFad
 }
 
 TEST_F(ColorWellTest, APressOnTheSwatchWithAKeyHeldDragsTheColour) {
-    const struct {
-        QPoint from, by;
-        Qt::KeyboardModifiers held;
-        bool isDragged;
-    } rows[] = {
+    const std::tuple<QPoint, QPoint, Qt::KeyboardModifiers, bool> rows[] = {
         {{16, 16}, {0, 9}, Qt::NoModifier, false},       {{16, 16}, {0, 9}, Qt::AltModifier, true},
         {{16, 16}, {0, -4}, Qt::ShiftModifier, true},    {{16, 16}, {4, 0}, Qt::ControlModifier, true},
         {{16, 16}, {3, -3}, Qt::ControlModifier, false}, {{4, 4}, {9, 9}, Qt::AltModifier, false},

@@ -16,11 +16,7 @@ using testing::StartsWith;
 
 namespace {
 
-constexpr struct Form {
-    MovieCodec codec;
-    const char* tag;
-    bool isLossless;
-} kForms[] = {
+constexpr std::tuple<MovieCodec, const char*, bool> kForms[] = {
     {MovieCodec::Uncompressed, "raw ", true}, {MovieCodec::H264, "avc1", false},
     {MovieCodec::H265, "hvc1", false},        {MovieCodec::Mpeg4, "mp4v", false},
     {MovieCodec::ProRes4444, "ap4h", false},  {MovieCodec::PhotoJpeg, "jpeg", false},
@@ -139,19 +135,19 @@ TEST_F(MovieFileTest, EveryCodecKeepsEveryFrameAndPreviewsIt) {
             Draw(*picture, number);
             drawn[number] = Bytes(*picture);
         }
-        for (const Form& form : kForms) {
-            SCOPED_TRACE(size + " " + form.tag);
-            Write(width, height, {.codec = form.codec, .frameRate = 2.5}, numbers);
+        for (const auto& [codec, tag, isLossless] : kForms) {
+            SCOPED_TRACE(size + " " + tag);
+            Write(width, height, {.codec = codec, .frameRate = 2.5}, numbers);
             EXPECT_EQ(Probe(path, "codec_tag_string,width,height,duration,nb_frames,nb_read_frames"),
-                      form.tag + ("," + size) + ",2.800000,7,7\n");
+                      tag + ("," + size) + ",2.800000,7,7\n");
             const std::string decoded = Decoded(path);
             ASSERT_EQ(decoded.size(), numbers.size() * drawn[0].size());
             for (std::size_t i = 0; i < numbers.size(); ++i) {
                 const std::string frame = decoded.substr(i * drawn[0].size(), drawn[0].size());
-                EXPECT_TRUE(!form.isLossless || frame == drawn[numbers[i]]) << i;
+                EXPECT_TRUE(!isLossless || frame == drawn[numbers[i]]) << i;
                 EXPECT_LE(Difference(frame, drawn[numbers[i]], width, height), 4) << i;
             }
-            const auto preview = MovieLibrary::Installed().EncodePreview({.codec = form.codec}, View(*picture), {});
+            const auto preview = MovieLibrary::Installed().EncodePreview({.codec = codec}, View(*picture), {});
             ASSERT_TRUE(preview);
             EXPECT_LE(Difference({preview->bytes.begin(), preview->bytes.end()}, drawn[2], width, height), 4);
         }
@@ -160,11 +156,7 @@ TEST_F(MovieFileTest, EveryCodecKeepsEveryFrameAndPreviewsIt) {
 
 TEST_F(MovieFileTest, DurationsAreExactToTheTick) {
     constexpr Int64 kHour = 60 * 60 * 30 + 1;
-    const struct {
-        MovieCodec codec;
-        double rate;
-        Int64 numerator, denominator, frames;
-    } movies[] = {
+    const std::tuple<MovieCodec, double, Int64, Int64, Int64> movies[] = {
         {MovieCodec::Png, 29.97, 2997, 100, kHour}, {MovieCodec::Png, 0.016666666666666, 1, 60, kHour},
         {MovieCodec::H264, 23.976, 2997, 125, 301}, {MovieCodec::Mpeg4, 12.3457, 123457, 10000, 100},
         {MovieCodec::H265, 1.1, 11, 10, 100},       {MovieCodec::Mpeg4, 1e6, 1000000, 1, 9},
@@ -210,9 +202,9 @@ TEST_F(MovieFileTest, OnAFullDiskAMoviePlaysAsFarAsItCame) {
     std::vector<Int32> numbers;
     for (Int32 i = 0; i < 300; ++i)
         numbers.push_back(i / 2 % 3);
-    for (const Form& form : kForms) {
-        SCOPED_TRACE(form.tag);
-        const CompressionSettings settings{.codec = form.codec, .frameRate = 30};
+    for (const auto& [codec, tag, isLossless] : kForms) {
+        SCOPED_TRACE(tag);
+        const CompressionSettings settings{.codec = codec, .frameRate = 30};
         Write(160, 120, settings, numbers);
         const auto whole = static_cast<rlim_t>(fs::file_size(path));
         long before = 0;

@@ -161,11 +161,7 @@ TEST_F(WindowTest, AnInstanceLastsUntilItIsClosedAndNoHandlerOfItsOwnWaits) {
 }
 
 TEST_F(WindowTest, KeysComeAsOneCharacterAndCommandsDont) {
-    const struct {
-        Qt::Key key;
-        const char* text;
-        const char* heard;
-    } rows[] = {
+    const std::tuple<Qt::Key, const char*, const char*> rows[] = {
         {Qt::Key_Return, "\r", "\x0D"},    {Qt::Key_Enter, "\r", "\x03"}, {Qt::Key_Backtab, "", "\x09"},
         {Qt::Key_Delete, "\x7f", "\x7F"},  {Qt::Key_Left, "", "\x1C"},    {Qt::Key_A, "A", "A"},
         {Qt::Key_unknown, "é\u0301", "é"}, {Qt::Key_F1, "", ""},

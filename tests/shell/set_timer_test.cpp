@@ -36,14 +36,7 @@ class SetTimerTest : public TimerWindowTest {
 };
 
 TEST_F(SetTimerTest, ArrowsCarryAndStop) {
-    struct Row {
-        const char* before;
-        const char* arrows;
-        bool isUp;
-        const char* after;
-        const char* focused;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, const char*, bool, const char*, const char*> rows[] = {
         {"59:30", "aMin", true, "60:00", "eMin"},
         {"00:30", "aMin", false, "00:00", "eMin"},
         {"59:59", "aSec", true, "60:00", "eSec"},
@@ -68,14 +61,7 @@ TEST_F(SetTimerTest, ArrowsCarryAndStop) {
 
 TEST_F(SetTimerTest, KeysAreJudgedBeforeTheFieldGetsThem) {
     constexpr int kSelected = -1;
-    struct Row {
-        const char* before;
-        const char* field;
-        int caret;
-        const char* keys;
-        const char* after;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, const char*, int, const char*, const char*> rows[] = {
         // The digit is judged at the end and inserted at the caret; a refused one leaves the text.
         {"1:30", "eMin", 0, "9", "91:30"},
         {"9:30", "eMin", 0, "1", "9:30"},
