@@ -178,6 +178,7 @@ TEST_F(PrefsTest, EachWellIsLiveOnItsRoleAndCancelPutsBackWhatWasThere) {
     Timer().Color_Clock_Frame = Color{7};
     const std::vector<Color> before = Clock();
     Dialog().ShowWithin(Timer(), -1);
+    EXPECT_FALSE(WidgetNamed("bOK").window()->windowFlags() & Qt::WindowMinMaxButtonsHint);
     EXPECT_EQ(Wells(), before);
     host.pickedColor = Color{10};
     for (const char* well : {"cBackground", "cWedge", "cFace", "cFrame"}) {

@@ -90,7 +90,9 @@ TEST_F(MakeMovieTest, TheFieldsAreJudgedAndRaisedAndTheSizeFollowsThemAsTheyStan
     const auto size = [] { return WidgetOf<QLabel>(Dialog().Find<StaticText>("lSize")).text(); };
     Dialog().ShowWithin(Timer(), -1);
     EXPECT_EQ(size(), "Uncompressed movie file size: 791.0MB");
-    EXPECT_EQ(WidgetNamed("lSize").window()->findChildren<QLabel*>().size(), 10);
+    const QWidget& window = *WidgetNamed("lSize").window();
+    EXPECT_FALSE(window.windowFlags() & Qt::WindowMinMaxButtonsHint);
+    EXPECT_EQ(window.findChildren<QLabel*>().size(), 10);
     auto& start = WidgetNamed<QLineEdit>("eStart");
     start.clear();
     QTest::keyClicks(&start, "3-6,0a1");

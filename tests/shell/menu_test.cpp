@@ -3,8 +3,6 @@
 #include <map>
 #include <set>
 
-#include "colour/winPrefs.h"
-#include "movie/winMakeMovie.h"
 #include "platform/Controls.h"
 #include "shell/AboutWindow.h"
 #include "shell/MenuBar1.h"
@@ -87,16 +85,6 @@ TEST_F(MenuTest, CommandsGoToTheirHandlers) {
                                 "ShowURL http://www.example.org",
                                 "ShowURL https://www.example.org/cgi-bin/webscr?cmd=_donations&business=EXAMPLE&lc=US"
                                 "&item_name=Dwindledial%20Development&currency_code=USD"));
-}
-
-TEST_F(MenuTest, PreferencesAndCreateMovieCanNeitherBeMinimisedNorMaximised) {
-    Timer();
-    winPrefs::Instance().Show();
-    winMakeMovie::Instance().Show();
-    for (const char* control : {"cFace", "eStart"})
-        EXPECT_FALSE(WidgetNamed(control).window()->windowFlags() & Qt::WindowMinMaxButtonsHint) << control;
-    End(winPrefs::Instance());
-    End(winMakeMovie::Instance());
 }
 
 TEST_F(MenuTest, EditItemsActOnTheFocusedField) {
