@@ -1,3 +1,4 @@
+#include <QtCore/QtEndian>
 #include <QtTest/QTest>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialogButtonBox>
@@ -10,7 +11,6 @@
 #include "movie/FrameSequence.h"
 #include "movie/winMakeMovie.h"
 #include "platform/Controls.h"
-#include "platform/Picture.h"
 #include "platform/Thread.h"
 #include "platform/qt/controls/RectControlPeer.h"
 #include "platform/qt/dialogs/CompressionDialog.h"
@@ -44,9 +44,7 @@ class MakeMovieTest : public TimerWindowTest {
         host.fileToSave = host.preferencesFolder / "clock.mov";
         Timer();
     }
-    ~MakeMovieTest() override {
-        if (IsOpen()) Dialog().Close();
-    }
+    ~MakeMovieTest() override { End(Dialog()); }
 
     static winMakeMovie& Dialog() { return winMakeMovie::Instance(); }
     static bool IsOpen() { return open_windows::Find("winMakeMovie.winMakeMovie") != nullptr; }
@@ -78,11 +76,7 @@ class MakeMovieTest : public TimerWindowTest {
     /// The number of samples, from the last table of sample sizes; the file may have an earlier, incomplete one.
     Int32 FrameCount() const {
         const std::string movie = LoadText(host.fileToSave);
-        const std::size_t count = movie.rfind("stsz") + 12;
-        Int32 frames = 0;
-        for (std::size_t i = count; i < count + 4; ++i)
-            frames = frames << 8 | static_cast<unsigned char>(movie.at(i));
-        return frames;
+        return qFromBigEndian<Int32>(&movie.at(movie.rfind("stsz") + 12));
     }
 };
 
@@ -119,8 +113,7 @@ TEST_F(MakeMovieTest, FramesAreTheClockFromTheFullTimeToTimeIsUpInOneMovieAfterT
          {std::pair{2, false}, {1, false}, {1, false}, {0, false}, {0, false}, {0, true}}) {
         const Ref<Picture> picture = NewPicture(48, 33, 32);
         Timer().Redraw(picture->Graphics(), seconds, 0.6, true, showTimeUp);
-        for (const std::uint32_t pixel : picture->Bits())
-            frames += {char(pixel >> 16), char(pixel >> 8), char(pixel)};
+        frames += Bytes(*picture);
     }
     for (const bool isOpened : {true, false}) {
         host.calls.clear();

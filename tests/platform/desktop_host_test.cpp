@@ -12,7 +12,6 @@
 #include <QDBusVirtualObject>
 #include <atomic>
 
-#include "platform/FolderItem.h"
 #include "platform/linux/AlertSound.h"
 #include "platform/linux/DBusInhibitor.h"
 #include "platform/qt/dialogs/DesktopHost.h"

@@ -1,12 +1,7 @@
 #pragma once
 
-#include <sys/resource.h>
-
-#include <csignal>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
+#include "platform/FolderItem.h"
+#include "platform/Picture.h"
 
 inline void SaveText(const std::filesystem::path& file, const std::string& text) {
     std::ofstream(file, std::ios::binary) << text;
@@ -17,17 +12,10 @@ inline std::string LoadText(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// No file of this process grows beyond so many bytes, as if the disk were full.
-class FileSizeLimit {
-  public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
-
-  private:
-    rlimit before_{};
-};
+/// The pixels as an uncompressed movie has them, three bytes each.
+inline std::string Bytes(const Picture& picture) {
+    std::string bytes;
+    for (const std::uint32_t pixel : picture.Bits())
+        bytes += {static_cast<char>(pixel >> 16), static_cast<char>(pixel >> 8), static_cast<char>(pixel)};
+    return bytes;
+}
