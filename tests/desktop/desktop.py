@@ -29,7 +29,15 @@ class Desktop:
     def __init__(self, stack, size=(1280, 800), manager="openbox"):
         self.size = size
         self.home = pathlib.Path(stack.enter_context(tempfile.TemporaryDirectory(prefix="desktop-")))
-        self.start_server(stack)
+        # With a number given: a server that looks for a free one may take the socket of another.
+        self.name = f":{100 + os.getpid() % 50000}"
+        reader, writer = os.pipe()
+        screen = "{}x{}x24".format(*size)
+        command = ["Xvfb", self.name, "-displayfd", f"{writer}", "-nolisten", "tcp", "-screen", "0", screen]
+        start(stack, command, end_by=signal.SIGTERM, pass_fds=[writer])
+        os.close(writer)
+        with open(reader) as answer:
+            assert answer.readline(), "the X server has not started"
         self.display = stack.enter_context(contextlib.closing(display.Display(self.name)))
         self.root = self.display.screen().root
         self.display.xfixes_query_version()
@@ -40,17 +48,6 @@ class Desktop:
         self.wait_until(lambda: self.property("_NET_SUPPORTING_WM_CHECK"), "there is a window manager")
         self.settle()
         self.move(size[0] - 1, size[1] - 1)
-
-    def start_server(self, stack):
-        """With a number given: a server that looks for a free one may take the socket of another."""
-        self.name = f":{100 + os.getpid() % 50000}"
-        reader, writer = os.pipe()
-        screen = "{}x{}x24".format(*self.size)
-        command = ["Xvfb", self.name, "-displayfd", f"{writer}", "-nolisten", "tcp", "-screen", "0", screen]
-        start(stack, command, end_by=signal.SIGTERM, pass_fds=[writer])
-        os.close(writer)
-        with open(reader) as answer:
-            assert answer.readline(), "the X server has not started"
 
     def environment(self, home, **more):
         """For a program that is to find nothing but this desktop and an empty home."""

@@ -40,11 +40,9 @@ class InputTest(DesktopTest):
         self.assert_stopped(timer)
 
     def hold(self, chord):
+        display = self.desktop.display
+        is_pressed = lambda: display.pending_events() and display.next_event().type == X.KeyPress
         self.desktop.hold(chord)
         for _ in range(10):
-            self.wait_until(self.is_a_key_pressed, "the server repeats the key")
+            self.wait_until(is_pressed, "the server repeats the key")
         self.desktop.let_go(chord)
-
-    def is_a_key_pressed(self):
-        display = self.desktop.display
-        return display.pending_events() and display.next_event().type == X.KeyPress

@@ -9,10 +9,6 @@ from timer import DesktopTest, Dialog
 KEY_TAKING_THEME = {"QT_QPA_PLATFORMTHEME": "gnome"}  # its boxes and groups would have Return for themselves
 
 
-def libraries(timer):
-    return pathlib.Path(f"/proc/{timer.process.pid}/maps").read_text()
-
-
 def probe(movie):
     """The codec, the width, the height and the number of frames, each of which has been decoded; "" if unfinished."""
     entries = "stream=codec_name,width,height,nb_read_frames"
@@ -27,11 +23,6 @@ class MovieDialog(Dialog):
         timer.desktop.key("ctrl+m")
         super().__init__(timer, "Create Movie")
         self.home = timer.file.parent.parent
-
-    def enter(self, *fields):
-        """From the first field on; afterwards the keyboard is with the first box, to show the compression dialog."""
-        for text in fields:
-            self.desktop.key("ctrl+a", *text, "Tab")
 
     def over(self, title):
         """Another dialog, once it has opened over this one."""
@@ -70,9 +61,11 @@ class MovieTest(DesktopTest):
         timer = self.launch(environment=KEY_TAKING_THEME | {"PATH": path, "BROWSER": ""})
         timer.choose("alt+h", "v")
         self.wait_until(opened.exists, "the web site is opened")
-        self.assertNotIn("libav", libraries(timer), "the start has waited for them")
+        libraries = pathlib.Path(f"/proc/{timer.process.pid}/maps").read_text()
+        self.assertNotIn("libav", libraries, "the start has waited for them")
         dialog = MovieDialog(timer)
-        dialog.enter("3", "48", "33", "90", "10")
+        for text in ("3", "48", "33", "90", "10"):
+            self.desktop.key("ctrl+a", *text, "Tab")
         self.desktop.key("space", "Tab", "space", "Return")  # no compression dialog; open the movie; Start
         dialog.save("first.mov")
         movie = dialog.home / "first.mov"  # without a folder for movies

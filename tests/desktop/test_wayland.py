@@ -14,31 +14,28 @@ class WaylandTest(DesktopTest):
         """Judged in a corner where weston's pointer never is."""
         return self.desktop.pixel(0, self.desktop.size[1] - 1) == BACKGROUND
 
-    def start_at_twice_the_scale(self):
+    def test_fullscreen_around_a_dialog_at_twice_the_scale(self):
         home = self.desktop.home
         environment = self.desktop.environment(home, WAYLAND_DISPLAY="wayland-test", QT_QPA_PLATFORM="wayland")
         width, height = (length // 2 for length in self.desktop.size)
         command = ["weston", "--backend=x11-backend.so", "--use-pixman", "--idle-time=0", "--socket=wayland-test",
                    "--fullscreen", f"--width={width}", f"--height={height}", "--scale=2"]
         silent = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
-        self.compositor = start(self.stack, command, signal.SIGTERM, env=environment, **silent)
+        compositor = start(self.stack, command, signal.SIGTERM, env=environment, **silent)
         self.wait_until((home / "runtime/wayland-test").exists, "the compositor is there")
         self.wait_until(self.desktop.windows, "it has a window")
-        self.program = start(self.stack, [PROGRAM], env=environment, stderr=subprocess.DEVNULL)
+        program = start(self.stack, [PROGRAM], env=environment, stderr=subprocess.DEVNULL)
         row = 100 * BACKGROUND.to_bytes(3, "big")
         self.wait_until(lambda: row in self.desktop.picture(0, 0, *self.desktop.size).tobytes(), "the timer is there")
-
-    def test_fullscreen_around_a_dialog(self):
-        self.start_at_twice_the_scale()
         self.switch(True)
         self.desktop.key("ctrl+t")
         self.wait_until(lambda: not self.fills_the_screen(), "it makes room for the dialog")
         self.wait_until(lambda: self.desktop.key("Return") or self.fills_the_screen(), "the dialog closes")
         self.switch(False)
         self.switch(True)
-        (kept := self.desktop.home / "config/DwindledialPrefs.plist").unlink()
-        self.compositor.terminate()
-        self.assertEqual(self.program.wait(20), 1)
+        (kept := home / "config/DwindledialPrefs.plist").unlink()
+        compositor.terminate()
+        self.assertEqual(program.wait(20), 1)
         self.assertTrue(kept.exists(), "the colours outlive the display")
 
     def switch(self, on):

@@ -26,7 +26,8 @@ class FullscreenTest(DesktopTest):
     def setUp(self):
         super().setUp()
         self.timer = self.launch()
-        self.timer.arrange(150, 170, 600, 350)
+        self.timer.window.configure(x=150, y=170, width=600, height=372)
+        self.wait_until(lambda: self.desktop.place(self.timer.window)[2:] == (600, 372), "the window has its size")
         self.timer.set_time(50, 0)
 
     def frame(self):
@@ -65,7 +66,8 @@ class FullscreenTest(DesktopTest):
         for names, change in (
                 ((), {}), (vertically, {}), (fully, {}), ((), {"x": 90, "y": 80}), ((), {"width": 700, "height": 400})):
             self.ask_for(True, *names)
-            self.wait_until(lambda: self.frame()[1] == set(names), f"it is maximised: {names}")
+            is_maximised = lambda: self.frame()[1] == set(names) and (self.frame()[0] != normal[0]) == bool(names)
+            self.wait_until(is_maximised, f"it is maximised: {names}")
             self.desktop.settle()
             before = self.frame()
             self.enter()
@@ -74,7 +76,8 @@ class FullscreenTest(DesktopTest):
             self.wait_for_frame(before)  # the dialog lies over the window as it was
             self.timer.window.configure(**change)
             self.wait_until(lambda: bool(change) == (self.frame() != before), f"the window has changed: {change}")
-            dialog.close(*SetTimer.SET)
+            self.desktop.key("Return")
+            dialog.wait_closed()
             self.wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
             self.desktop.key("ctrl+f")
             self.wait_for_frame(before)

@@ -67,12 +67,6 @@ class Timer:
     def click(self, x, y):
         self.desktop.click(*self.on_screen(x, y))
 
-    def arrange(self, left, top, width, height):
-        """Moves the window and gives its canvas a size."""
-        size = width, height + self.bar
-        self.window.configure(x=left, y=top, width=size[0], height=size[1])
-        self.desktop.wait_until(lambda: self.desktop.place(self.window)[2:] == size, f"the window is {size}")
-
     def set_time(self, minutes, seconds):
         dialog = SetTimer(self)
         # The seconds first: while the minutes read 60, no key reaches them.
@@ -114,10 +108,6 @@ class Dialog:
         (left, top, *_), scale = self.desktop.place(self.window), self.timer.scale
         self.desktop.click(left + x * scale, top + y * scale)
 
-    def close(self, x, y):
-        self.click(x, y)
-        self.wait_closed()
-
     def wait_closed(self):
         self.wait_gone()
         self.wait_until(lambda: self.desktop.has_keys(self.timer.window), "the timer has the keyboard again")
@@ -128,8 +118,6 @@ class Dialog:
 
 class SetTimer(Dialog):
     """The Set Timer dialog, opened by its shortcut."""
-
-    CANCEL, SET = (178, 41), (250, 41)
 
     def __init__(self, timer):
         timer.desktop.key("ctrl+t")
@@ -150,5 +138,7 @@ class DesktopTest(unittest.TestCase):
 
     def assert_stopped(self, timer):
         """That no input before has started the timer: only a stopped one opens Set Timer."""
-        SetTimer(timer).close(*SetTimer.CANCEL)
+        dialog = SetTimer(timer)
+        dialog.click(178, 41)  # Cancel
+        dialog.wait_closed()
         timer.wait_for("stopped")
