@@ -144,8 +144,6 @@ TEST_F(InformationTest, AboutsPicturesAreTransparentAndItsBadgeLeadsToTheToolkit
     host.calls.clear();
     Mouse(QEvent::MouseButtonPress, badge, {215, 29});
     EXPECT_THAT(host.calls, testing::ElementsAre("ShowURL https://www.qt.io"));
-    Press(*badge.window(), Qt::Key_Escape, "\x1b");
-    EXPECT_FALSE(badge.isVisible());
 }
 
 TEST(MarkupTest, EachTagAppliesToAllThatFollows) {
