@@ -18,9 +18,9 @@ class AlertTest(DesktopTest):
         home = self.desktop.home
         self.file, self.server = home / "recorded", home / "socket"
         environment = self.desktop.environment(home, PULSE_SERVER=f"unix:{self.server}")
-        modules = "module-null-sink sink_name=null", f"module-native-protocol-unix socket={self.server} auth-anonymous=1"
+        modules = "null-sink sink_name=null", f"native-protocol-unix socket={self.server} auth-anonymous=1"
         service = ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes"]
-        service += [f"--load={module}" for module in modules]
+        service += [f"--load=module-{module}" for module in modules]
         start(self.stack, service, env=environment, stderr=subprocess.DEVNULL)
         self.wait_until(self.server.exists, "the sound service is there")
         form = "--format=s16le", f"--rate={RATE}", "--channels=1"
@@ -47,8 +47,8 @@ class AlertTest(DesktopTest):
         other = self.desktop.root.create_window(5, 5, 90, 90, 0, X.CopyFromParent)
         other.map()
         self.wait_until(lambda: self.desktop.has_keys(other), "another window has the keyboard")
-        asking = self.desktop.display.get_atom("_NET_WM_STATE_DEMANDS_ATTENTION")
-        self.wait_until(lambda: asking in self.desktop.property("_NET_WM_STATE", timer.window), "attention is asked for")
+        asks = self.desktop.display.get_atom("_NET_WM_STATE_DEMANDS_ATTENTION")
+        self.wait_until(lambda: asks in self.desktop.property("_NET_WM_STATE", timer.window), "it asks")
         self.assertTrue(self.desktop.has_keys(other))
         self.wait_until(lambda: len(self.beeps()) == 4, "there are four beeps")
         timer.click(18, 18)

@@ -1,4 +1,4 @@
-"""The ways in which the program ends, and the colours on disk after each; and that it doesn't begin without a display."""
+"""The ways in which the program ends, and the colours on disk after each. Without a display it doesn't begin."""
 
 import os
 import signal

@@ -1,4 +1,4 @@
-"""What a screen reader finds and hears. The test has a message bus of its own, on which the reader and the program meet."""
+"""What a screen reader finds and hears. It meets the program on a message bus of the test's own."""
 
 import contextlib
 import os

@@ -27,7 +27,7 @@ class FullscreenTest(DesktopTest):
         super().setUp()
         self.timer = self.launch()
         self.timer.window.configure(x=150, y=170, width=600, height=372)
-        self.wait_until(lambda: self.desktop.place(self.timer.window)[2:] == (600, 372), "the window has its size")
+        self.wait_until(lambda: self.frame()[0][2:] == (600, 372), "the window has its size")
         self.timer.set_time(50, 0)
 
     def frame(self):
@@ -62,12 +62,12 @@ class FullscreenTest(DesktopTest):
     def test_the_exact_frame_comes_back(self):
         normal = self.frame()
         vertically, fully = ("MAXIMIZED_VERT",), ("MAXIMIZED_VERT", "MAXIMIZED_HORZ")
-        # The window's state, and what the user does to it under the dialog: a size last, once the program has set a place.
+        # The window's state, and what the user does under the dialog: a size last, once the program has set a place.
         for names, change in (
                 ((), {}), (vertically, {}), (fully, {}), ((), {"x": 90, "y": 80}), ((), {"width": 700, "height": 400})):
             self.ask_for(True, *names)
-            is_maximised = lambda: self.frame()[1] == set(names) and (self.frame()[0] != normal[0]) == bool(names)
-            self.wait_until(is_maximised, f"it is maximised: {names}")
+            self.wait_until(lambda: self.frame()[1] == set(names), f"it is maximised: {names}")
+            self.wait_until(lambda: (self.frame()[0] != normal[0]) == bool(names), "it lies accordingly")
             self.desktop.settle()
             before = self.frame()
             self.enter()

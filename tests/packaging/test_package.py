@@ -15,8 +15,8 @@ ID = os.environ["DWINDLEDIAL_ID"]
 def run(*command):
     """What the command says; an error that tells it all if it fails."""
     command = [str(part) for part in command]
-    done = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
-                          umask=0o022)
+    done = subprocess.run(command, text=True, umask=0o022, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT)
     if done.returncode:
         raise AssertionError(f"{' '.join(command)} ended with {done.returncode}:\n{done.stdout}")
     return done.stdout
@@ -25,7 +25,7 @@ def run(*command):
 class PackageTest(DesktopTest):
     def test_it_installs_passes_the_validators_starts_with_its_icon_and_leaves_nothing(self):
         folder = pathlib.Path(self.stack.enter_context(tempfile.TemporaryDirectory(prefix="package-")))
-        run(os.environ["CPACK"], "--config", pathlib.Path(os.environ["BUILD"], "CPackConfig.cmake"), "-B", folder / "made")
+        run(os.environ["CPACK"], "--config", os.environ["BUILD"] + "/CPackConfig.cmake", "-B", folder / "made")
         symbols, package = sorted((folder / "made").glob("*.deb"))
         for library in ("libqt6widgets6", "libavformat", "libcanberra0", "libxcb-screensaver0"):
             self.assertIn(library, run("dpkg-deb", "--field", package, "Depends"))

@@ -42,10 +42,12 @@ TEST_F(StorageTest, WhatIsNoPlainFileIsNil) {
 
 TEST_F(StorageTest, ThePreferencesFolderFollowsTheEnvironmentAndIsTheUsersAlone) {
     const fs::path ofAccount = getpwuid(getuid())->pw_dir;
-    const std::tuple<fs::path, fs::path, fs::path> rows[] = {{"", "", ofAccount / ".config"},
-                                                             {"", "relative", ofAccount / ".config"},
-                                                             {"relative/path", folder, folder / ".config"},
-                                                             {folder / "new/config", folder, folder / "new/config"}};
+    const std::tuple<fs::path, fs::path, fs::path> rows[] = {
+        {"", "", ofAccount / ".config"},
+        {"", "relative", ofAccount / ".config"},
+        {"relative/path", folder, folder / ".config"},
+        {folder / "new/config", folder, folder / "new/config"},
+    };
     for (const auto& [config, home, expected] : rows) {
         setenv("XDG_CONFIG_HOME", config.c_str(), 1);
         setenv("HOME", home.c_str(), 1);
