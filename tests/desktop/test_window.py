@@ -76,7 +76,7 @@ class FullscreenTest(DesktopTest):
             self.wait_for_frame(before)  # the dialog lies over the window as it was
             self.timer.window.configure(**change)
             self.wait_until(lambda: bool(change) == (self.frame() != before), f"the window has changed: {change}")
-            self.desktop.key("Return")
+            dialog.click(250, 41)  # Set
             dialog.wait_closed()
             self.wait_until(self.timer.fills_the_screen, "the window is back in fullscreen")
             self.desktop.key("ctrl+f")
