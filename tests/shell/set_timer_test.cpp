@@ -41,6 +41,7 @@ TEST_F(SetTimerTest, ArrowsCarryAndStop) {
         {"00:30", "aMin", false, "00:00", "eMin"},
         {"59:59", "aSec", true, "60:00", "eSec"},
         {"60:30", "aSec", true, "60:00", "eMin"},
+        {"05:01", "aSec", false, "05:00", "eSec"},
         {"05:00", "aSec", false, "04:59", "eSec"},
         {"00:00", "aSec", false, "00:00", "eSec"},
         // What only pasting can bring.
