@@ -196,9 +196,12 @@ void WindowPeer::Settle() {
     if (placed_ && placed_ != geometry() && !isMaximized()) setGeometry(*placed_);
 }
 
+// The activation of the blocking window is queued, because on Wayland Qt also requests that of this window in
+// the same event, and the last request counts.
 void WindowPeer::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange) StateChanged();
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && blocker_) blocker_->activateWindow();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && blocker_)
+        AfterThisEvent(*blocker_, [blocker = blocker_.data()] { blocker->activateWindow(); });
     QWidget::changeEvent(event);
 }
 
